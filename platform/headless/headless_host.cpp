@@ -1,0 +1,200 @@
+#include "platform/headless/headless_host.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace korvane {
+namespace {
+
+/// No folder, no files.
+class NoFiles final : public Files {
+  public:
+    std::optional<std::vector<std::byte>> Read(std::string_view, std::size_t) override {
+        return std::nullopt;
+    }
+    bool Replace(std::string_view, std::span<const std::byte>) override { return false; }
+    std::optional<std::vector<FolderEntry>> List(std::string_view) override { return std::nullopt; }
+};
+
+const std::vector<DisplayMode> kOrdinaryModes = {{640, 480, 16, 60}, {640, 480, 32, 60}};
+
+}  // namespace
+
+HeadlessHost& Headless() {
+    static HeadlessHost host;
+    return host;
+}
+
+Host& TheHost() {
+    return Headless();
+}
+
+HeadlessHost::HeadlessHost() : files_(std::make_unique<NoFiles>()), modes_(kOrdinaryModes) {}
+
+void HeadlessHost::Reset() {
+    *this = HeadlessHost();
+}
+
+void HeadlessHost::Advance(std::uint32_t milliseconds) {
+    milliseconds_ += milliseconds;
+}
+
+void HeadlessHost::UseFolder(const std::string& folder) {
+    files_ = OpenDiskFiles(folder);
+}
+
+void HeadlessHost::PushKey(std::uint8_t key, bool down, std::uint8_t modifiers) {
+    HostEvent event;
+    event.type = down ? HostEventType::KeyDown : HostEventType::KeyUp;
+    event.key = key;
+    event.modifiers = modifiers;
+    Push(event);
+}
+
+std::uint32_t HeadlessHost::PixelAt(int x, int y) const {
+    const auto width = static_cast<std::size_t>(clientSize_.cx);
+    return picture_.at(static_cast<std::size_t>(y) * width + static_cast<std::size_t>(x));
+}
+
+void HeadlessHost::FailPresents(std::initializer_list<HRESULT> results) {
+    presentResults_.assign(results.begin(), results.end());
+}
+
+void HeadlessHost::SetScreen(SIZE screen, const RECT& workArea) {
+    screen_ = screen;
+    workArea_ = workArea;
+}
+
+std::uint64_t HeadlessHost::Counter() {
+    return std::uint64_t{milliseconds_} * counterFrequency_ / 1000;
+}
+
+bool HeadlessHost::OpenWindow(const std::string& title, SIZE clientSize) {
+    if (refuseWindow_) return false;
+    open_ = true;
+    title_ = title;
+    windowedSize_ = clientSize;
+    Resize(clientSize);
+    return true;
+}
+
+void HeadlessHost::CloseWindow() {
+    open_ = visible_ = fullScreen_ = false;
+}
+
+void HeadlessHost::ShowWindow(bool visible) {
+    if (visible == visible_) return;
+    visible_ = visible;
+    if (visible) Push({.type = HostEventType::Activated});
+}
+
+void HeadlessHost::MinimizeWindow() {
+    Push({.type = HostEventType::Minimized});
+}
+
+void HeadlessHost::SetClientSize(SIZE size) {
+    if (size == windowedSize_) return;
+    windowedSize_ = size;
+    if (fullScreen_) return;
+    Resize(size);
+    Push({.type = HostEventType::Resized});
+}
+
+void HeadlessHost::SetClientOrigin(POINT origin) {
+    if (origin == clientOrigin_) return;
+    clientOrigin_ = origin;
+    Push({.type = HostEventType::Moved});
+}
+
+RECT HeadlessHost::ClientArea() {
+    if (fullScreen_) return {0, 0, screen_.cx, screen_.cy};
+    return {clientOrigin_.x, clientOrigin_.y, clientOrigin_.x + clientSize_.cx,
+            clientOrigin_.y + clientSize_.cy};
+}
+
+bool HeadlessHost::NextEvent(HostEvent& event) {
+    if (events_.empty()) return false;
+    event = events_.front();
+    events_.pop_front();
+    return true;
+}
+
+void HeadlessHost::WaitForEvent(std::optional<std::uint32_t> milliseconds) {
+    if (!events_.empty()) return;
+    if (milliseconds) {
+        Advance(*milliseconds);
+        return;
+    }
+    if (wake_) wake_();
+    if (events_.empty()) {
+        std::fputs("headless host: the program waits and nothing can wake it\n", stderr);
+        std::abort();
+    }
+}
+
+bool HeadlessHost::EnterFullScreen(SIZE pictureSize) {
+    if (refuseFullScreen_) return false;
+    fullScreen_ = true;
+    Resize(pictureSize);
+    Push({.type = HostEventType::Resized});
+    return true;
+}
+
+void HeadlessHost::LeaveFullScreen() {
+    if (!fullScreen_) return;
+    fullScreen_ = false;
+    Resize(windowedSize_);
+    Push({.type = HostEventType::Resized});
+}
+
+HRESULT HeadlessHost::Present(const PictureView& picture, const RECT& target,
+                              std::span<const RECT> changed) {
+    if (!presentResults_.empty()) {
+        const HRESULT result = presentResults_.front();
+        presentResults_.pop_front();
+        if (Failed(result)) return result;
+    }
+    ++presents_;
+    const RECT place = fullScreen_ ? RECT{0, 0, picture.width, picture.height} : target;
+    for (const RECT& part : changed)
+        presentedPixels_ +=
+            static_cast<std::uint64_t>(part.Width()) * static_cast<std::uint64_t>(part.Height());
+    // A stretched picture is sampled anew as a whole; one shown 1:1 takes only what changed, so
+    // that a change that was not announced shows as a fault in the picture.
+    const bool stretched = place.Width() != picture.width || place.Height() != picture.height;
+    const RECT all{0, 0, place.Width(), place.Height()};
+    const std::span<const RECT> parts = stretched ? std::span(&all, 1) : changed;
+    const RECT client{0, 0, clientSize_.cx, clientSize_.cy};
+    for (RECT part : parts) {
+        part = Intersect({part.left + place.left, part.top + place.top, part.right + place.left,
+                          part.bottom + place.top},
+                         client);
+        for (int y = part.top; y < part.bottom; ++y) {
+            for (int x = part.left; x < part.right; ++x) {
+                const int sourceX = (x - place.left) * picture.width / place.Width();
+                const int sourceY = (y - place.top) * picture.height / place.Height();
+                picture_[static_cast<std::size_t>(y) * static_cast<std::size_t>(clientSize_.cx) +
+                         static_cast<std::size_t>(x)] =
+                    picture.pixels[static_cast<std::ptrdiff_t>(sourceY) * picture.pitch + sourceX];
+            }
+        }
+    }
+    return S_OK;
+}
+
+void HeadlessHost::Report(const std::string& caption, const std::string& text) {
+    reports_.push_back(caption + ": " + text);
+}
+
+Files& HeadlessHost::GameFiles() {
+    return *files_;
+}
+
+void HeadlessHost::Resize(SIZE size) {
+    clientSize_ = size;
+    picture_.assign(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy), 0);
+}
+
+}  // namespace korvane

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/host.h"
+
+namespace korvane {
+
+/// A machine without screen, keyboard and time of its own: the caller sets the clock, scripts the
+/// events and reads the picture. Tests, benches and tools run on it.
+///
+/// `TheHost()` of this library returns the one `Headless()`. Until `UseFolder` names a folder it
+/// has no files at all.
+class HeadlessHost final : public Host {
+  public:
+    HeadlessHost();
+
+    // What the caller sets and sees. -------------------------------------------------------------
+    /// Everything as after the program's start: clock 0, no events, no window, no files, no faults.
+    void Reset();
+    void SetMilliseconds(std::uint32_t now) { milliseconds_ = now; }
+    void Advance(std::uint32_t milliseconds);
+    void SetUnixSeconds(std::int64_t seconds) { unixSeconds_ = seconds; }
+    /// 0 takes the high-resolution counter away.
+    void SetCounterFrequency(std::uint64_t countsPerSecond) { counterFrequency_ = countsPerSecond; }
+    /// The folder that paths are resolved beneath.
+    void UseFolder(const std::string& folder);
+    void Push(const HostEvent& event) { events_.push_back(event); }
+    void PushKey(std::uint8_t key, bool down, std::uint8_t modifiers = 0);
+    /// Called when the program waits without limit and no event waits; it must push one (a program
+    /// that nobody can wake again is a fault and ends the process).
+    void WhenWaiting(std::function<void()> wake) { wake_ = std::move(wake); }
+
+    /// The client area as it is shown now, 0x00RRGGBB, row by row.
+    const std::vector<std::uint32_t>& Picture() const { return picture_; }
+    SIZE PictureSize() const { return clientSize_; }
+    std::uint32_t PixelAt(int x, int y) const;
+    /// How often something was sent to the display, and how many pixels in all.
+    int Presents() const { return presents_; }
+    std::uint64_t PresentedPixels() const { return presentedPixels_; }
+    bool IsFullScreen() const { return fullScreen_; }
+    bool IsVisible() const { return visible_; }
+    bool IsOpen() const { return open_; }
+    const std::vector<std::string>& Reports() const { return reports_; }
+
+    // Faults on request. -------------------------------------------------------------------------
+    /// The results of the next presents, then 0 again.
+    void FailPresents(std::initializer_list<HRESULT> results);
+    /// What DisplayState returns from now on.
+    void SetDisplayState(HRESULT state) { displayState_ = state; }
+    void RefuseWindow(bool refuse) { refuseWindow_ = refuse; }
+    void RefuseFullScreen(bool refuse) { refuseFullScreen_ = refuse; }
+    void SetDisplayModes(std::vector<DisplayMode> modes) { modes_ = std::move(modes); }
+    void SetScreen(SIZE screen, const RECT& workArea);
+
+    // Host. --------------------------------------------------------------------------------------
+    std::uint32_t Milliseconds() override { return milliseconds_; }
+    std::uint64_t Counter() override;
+    std::uint64_t CounterFrequency() override { return counterFrequency_; }
+    std::int64_t UnixSeconds() override { return unixSeconds_; }
+    void Sleep(std::uint32_t milliseconds) override { Advance(milliseconds); }
+    bool OpenWindow(const std::string& title, SIZE clientSize) override;
+    void CloseWindow() override;
+    void ShowWindow(bool visible) override;
+    void MinimizeWindow() override;
+    void SetTitle(const std::string& title) override { title_ = title; }
+    void SetClientSize(SIZE size) override;
+    void SetClientOrigin(POINT origin) override;
+    RECT ClientArea() override;
+    SIZE ScreenSize() override { return screen_; }
+    RECT WorkArea() override { return workArea_; }
+    int Scale() override { return 1; }
+    bool NextEvent(HostEvent& event) override;
+    void WaitForEvent(std::optional<std::uint32_t> milliseconds) override;
+    bool EnterFullScreen(SIZE pictureSize) override;
+    void LeaveFullScreen() override;
+    std::vector<DisplayMode> DisplayModes() override { return modes_; }
+    HRESULT Present(const PictureView& picture, const RECT& target,
+                    std::span<const RECT> changed) override;
+    HRESULT DisplayState() override { return displayState_; }
+    void Report(const std::string& caption, const std::string& text) override;
+    Files& GameFiles() override;
+
+    const std::string& Title() const { return title_; }
+
+  private:
+    void Resize(SIZE size);
+
+    std::uint32_t milliseconds_ = 0;
+    std::uint64_t counterFrequency_ = 1'000'000;
+    std::int64_t unixSeconds_ = 1'000'000'000;
+    std::deque<HostEvent> events_;
+    std::function<void()> wake_;
+    std::unique_ptr<Files> files_;
+
+    bool open_ = false;
+    bool visible_ = false;
+    bool fullScreen_ = false;
+    std::string title_;
+    POINT clientOrigin_{100, 100};
+    SIZE clientSize_;
+    SIZE windowedSize_;
+    SIZE screen_{1280, 1024};
+    RECT workArea_{0, 0, 1280, 1024};
+    std::vector<DisplayMode> modes_;
+    std::vector<std::uint32_t> picture_;
+    int presents_ = 0;
+    std::uint64_t presentedPixels_ = 0;
+    std::vector<std::string> reports_;
+
+    std::deque<HRESULT> presentResults_;
+    HRESULT displayState_ = S_OK;
+    bool refuseWindow_ = false;
+    bool refuseFullScreen_ = false;
+};
+
+/// The machine of this process.
+HeadlessHost& Headless();
+
+}  // namespace korvane
