@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/user.h"
+
+namespace korvane {
+
+/// The main window, known from its first message on.
+extern HWND mainWindow;
+
+// What the screen shows. `menuShowing` comes before `highScoresShowing`; with neither it is the
+// game.
+extern bool menuShowing;
+extern bool highScoresShowing;
+extern bool showFps;
+
+/// Frames are drawn only while the window is active.
+extern bool appActive;
+
+/// The keys F5 and F9 turn the next figure into a bar.
+extern bool nextFigureCheat;
+
+/// The code of the click that waits for its pressed button to have been seen; -1 for none.
+extern std::int32_t pendingClick;
+
+// The game clock.
+extern bool hiResClock;          ///< the high-resolution counter drives it, not milliseconds
+extern double secondsPerCount;   ///< length of one count
+extern std::uint64_t lastCount;  ///< the last reading
+
+/// The tick at which the last frame was finished.
+extern std::uint32_t lastFrameTick;
+
+}  // namespace korvane
