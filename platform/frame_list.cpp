@@ -1,0 +1,169 @@
+#include "platform/frame_list.h"
+
+#include <algorithm>
+#include <cassert>
+#include <cstring>
+#include <type_traits>
+
+namespace korvane {
+namespace {
+
+/// How far the comparison of two lists looks ahead for the place where they agree again. A figure
+/// is four operations, a row of the board ten.
+constexpr std::size_t kLookAhead = 16;
+
+/// Stands for the source point of a fill; copies have none left of their picture.
+constexpr POINT kFill = {-1, -1};
+
+bool Covers(const RECT& outer, const RECT& inner) {
+    return Intersect(outer, inner) == inner;
+}
+
+}  // namespace
+
+bool FrameList::Operation::operator==(const Operation& other) const {
+    static_assert(std::has_unique_object_representations_v<Operation>);
+    return std::memcmp(this, &other, sizeof(*this)) == 0;
+}
+
+void FrameList::Fill(const RECT& area, std::uint32_t value) {
+    if (area.IsEmpty()) return;
+    frame_.push_back({area, kFill, value});
+    sources_.push_back({nullptr, nullptr});
+}
+
+void FrameList::Copy(const PictureSource& source, POINT at, const RECT& part) {
+    assert(source.pixels != nullptr && Covers(source.pixels->Bounds(), part));
+    if (part.IsEmpty()) return;
+    const RECT area = {at.x, at.y, at.x + part.Width(), at.y + part.Height()};
+    const std::uint64_t keyed = source.runs != nullptr ? 1 : 0;
+    frame_.push_back({area, {part.left, part.top}, source.version << 1 | keyed});
+    sources_.push_back({source.pixels, source.runs});
+}
+
+std::span<const RECT> FrameList::Compose(PixelBuffer& target) {
+    changed_.Clear();
+    if (FillsAll(target)) {
+        if (invalid_) {
+            changed_.Add(target.Bounds());
+        } else {
+            changed_.Add(drawnOver_);
+            AddDifferences();
+        }
+        if (drawn_ != 0) {
+            Flush(target);
+        } else {
+            for (const RECT& area : changed_.Rects())
+                ComposeArea(target, area);
+        }
+        shown_.swap(frame_);
+        drawnOver_.Clear();
+        invalid_ = false;
+    } else {
+        Flush(target);
+        for (const Operation& operation : frame_)
+            changed_.Add(operation.area);
+        if (invalid_) changed_.Add(target.Bounds());
+        drawnOver_.Add(changed_);
+    }
+    frame_.clear();
+    sources_.clear();
+    drawn_ = 0;
+    return changed_.Rects();
+}
+
+void FrameList::Flush(PixelBuffer& target) {
+    for (; drawn_ < frame_.size(); ++drawn_)
+        Draw(target, drawn_, frame_[drawn_].area);
+}
+
+bool FrameList::Needs(const PixelBuffer& pixels) const {
+    return std::any_of(sources_.begin() + static_cast<std::ptrdiff_t>(drawn_), sources_.end(),
+                       [&](const Source& source) { return source.pixels == &pixels; });
+}
+
+void FrameList::Invalidate() {
+    // Their sources may be gone, so they cannot be drawn again: the rest of the frame builds on
+    // whatever the buffer holds.
+    const auto drawn = static_cast<std::ptrdiff_t>(drawn_);
+    frame_.erase(frame_.begin(), frame_.begin() + drawn);
+    sources_.erase(sources_.begin(), sources_.begin() + drawn);
+    drawn_ = 0;
+    invalid_ = true;
+}
+
+bool FrameList::FillsAll(const PixelBuffer& target) const {
+    return !frame_.empty() && frame_.front().from == kFill &&
+           Covers(frame_.front().area, target.Bounds());
+}
+
+void FrameList::AddDifferences() {
+    std::span<const Operation> before = shown_;
+    std::span<const Operation> now = frame_;
+    while (!before.empty() && !now.empty() && before.back() == now.back()) {
+        before = before.first(before.size() - 1);
+        now = now.first(now.size() - 1);
+    }
+    while (!before.empty() && !now.empty()) {
+        if (before.front() == now.front()) {
+            before = before.subspan(1);
+            now = now.subspan(1);
+        } else {
+            const Skip skip = ToNextAgreement(before, now);
+            before = AddAreas(before, skip.before);
+            now = AddAreas(now, skip.now);
+        }
+    }
+    AddAreas(before, before.size());
+    AddAreas(now, now.size());
+}
+
+FrameList::Skip FrameList::ToNextAgreement(std::span<const Operation> before,
+                                           std::span<const Operation> now) {
+    for (std::size_t ahead = 1; ahead <= kLookAhead; ++ahead) {
+        const bool removed = ahead < before.size() && before[ahead] == now.front();
+        if (removed) return {ahead, 0};
+        const bool inserted = ahead < now.size() && before.front() == now[ahead];
+        if (inserted) return {0, ahead};
+        const bool replaced =
+            ahead < before.size() && ahead < now.size() && before[ahead] == now[ahead];
+        if (replaced) return {ahead, ahead};
+    }
+    return {1, 1};
+}
+
+std::span<const FrameList::Operation> FrameList::AddAreas(std::span<const Operation> operations,
+                                                          std::size_t count) {
+    for (const Operation& operation : operations.first(count))
+        changed_.Add(operation.area);
+    return operations.subspan(count);
+}
+
+void FrameList::ComposeArea(PixelBuffer& target, const RECT& area) const {
+    // Nothing below the last plain operation over the whole area can be seen.
+    std::size_t first = frame_.size();
+    while (first > 0) {
+        --first;
+        if (sources_[first].runs == nullptr && Covers(frame_[first].area, area)) break;
+    }
+    for (std::size_t i = first; i < frame_.size(); ++i) {
+        const RECT clip = Intersect(frame_[i].area, area);
+        if (!clip.IsEmpty()) Draw(target, i, clip);
+    }
+}
+
+void FrameList::Draw(PixelBuffer& target, std::size_t index, const RECT& clip) const {
+    const Operation& operation = frame_[index];
+    const Source& source = sources_[index];
+    if (source.pixels == nullptr) {
+        return FillArea(target, clip, static_cast<std::uint32_t>(operation.contents));
+    }
+    const std::int32_t x = operation.from.x + clip.left - operation.area.left;
+    const std::int32_t y = operation.from.y + clip.top - operation.area.top;
+    const RECT part = {x, y, x + clip.Width(), y + clip.Height()};
+    if (source.runs == nullptr)
+        return CopyPlain(target, {clip.left, clip.top}, *source.pixels, part);
+    CopyKeyed(target, {clip.left, clip.top}, *source.pixels, *source.runs, part);
+}
+
+}  // namespace korvane

@@ -1,0 +1,202 @@
+#include "platform/keyed_copy.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+
+namespace korvane {
+namespace {
+
+// Strips hold cells about as wide as they are high, so a tile as wide as the picture is high keeps
+// a cell's blocks apart from its neighbours'. The upper limits keep a small part of a large
+// picture from walking all of it; at 256 pixels a row is long enough to copy at full speed.
+constexpr std::int32_t kMinTileSide = 16;
+constexpr std::int32_t kMaxTileWidth = 256;
+constexpr std::int32_t kMaxTileHeight = 64;
+
+constexpr std::int32_t RoundUp(std::int32_t value, std::int32_t step) {
+    return (value + step - 1) / step * step;
+}
+
+[[maybe_unused]] bool IsInside(const RECT& inner, const RECT& outer) {
+    return Intersect(inner, outer) == inner;
+}
+
+void AssertCopyable([[maybe_unused]] const PixelBuffer& target, [[maybe_unused]] POINT at,
+                    [[maybe_unused]] const PixelBuffer& source, [[maybe_unused]] const RECT& part) {
+    assert(&target != &source && target.BytesPerPixel() == source.BytesPerPixel());
+    assert(IsInside(part, source.Bounds()));
+    assert(IsInside({at.x, at.y, at.x + part.Width(), at.y + part.Height()}, target.Bounds()));
+}
+
+std::uint32_t PixelMask(int bytesPerPixel) {
+    return 0xFFFFFFFFu >> (32 - 8 * bytesPerPixel);
+}
+
+/// Four bytes that hold the pixel value as often as it fits.
+std::uint32_t FillPattern(std::uint32_t value, int bytesPerPixel) {
+    switch (bytesPerPixel) {
+        case 1:
+            return (value & 0xFF) * 0x01010101u;
+        case 2:
+            return (value & 0xFFFF) * 0x00010001u;
+        default:
+            return value;
+    }
+}
+
+/// Finds the blocks of one tile row by row: a run that continues a block of the row above makes it
+/// one row higher, every other one begins a block.
+class BlockFinder {
+  public:
+    /// The tile's blocks are appended to `blocks`.
+    explicit BlockFinder(std::vector<OpaqueBlock>& blocks) : blocks_(blocks) {}
+
+    void AddRun(int row, std::size_t left, std::size_t bytes) {
+        const OpaqueBlock run = {static_cast<std::uint16_t>(left), static_cast<std::uint16_t>(row),
+                                 static_cast<std::uint16_t>(bytes), 1};
+        while (above_ < aboveRow_.size() && blocks_[aboveRow_[above_]].left < run.left)
+            ++above_;
+        if (above_ < aboveRow_.size()) {
+            OpaqueBlock& candidate = blocks_[aboveRow_[above_]];
+            if (candidate.left == run.left && candidate.bytes == run.bytes) {
+                ++candidate.rows;
+                thisRow_.push_back(aboveRow_[above_]);
+                return;
+            }
+        }
+        thisRow_.push_back(blocks_.size());
+        blocks_.push_back(run);
+    }
+
+    void EndRow() {
+        aboveRow_.swap(thisRow_);
+        thisRow_.clear();
+        above_ = 0;
+    }
+
+  private:
+    std::vector<OpaqueBlock>& blocks_;
+    std::vector<std::size_t> aboveRow_;  ///< blocks that reach down to the row above, from the left
+    std::vector<std::size_t> thisRow_;
+    std::size_t above_ = 0;  ///< the first of aboveRow_ that does not begin left of the current run
+};
+
+/// The part of a block that lies within `window`, placed from the window's corner (the window in
+/// the tile's bytes and rows); 0 rows when there is none.
+OpaqueBlock Clip(const OpaqueBlock& block, const RECT& window) {
+    const int left = std::max<int>(block.left, window.left);
+    const int top = std::max<int>(block.top, window.top);
+    const int right = std::min<int>(block.left + block.bytes, window.right);
+    const int bottom = std::min<int>(block.top + block.rows, window.bottom);
+    if (left >= right || top >= bottom) return {};
+    return {static_cast<std::uint16_t>(left - window.left),
+            static_cast<std::uint16_t>(top - window.top), static_cast<std::uint16_t>(right - left),
+            static_cast<std::uint16_t>(bottom - top)};
+}
+
+/// Copies what lies within `window` of the blocks of a tile; the route begins at its corner.
+void CopyClipped(const CopyKernels& kernels, const CopyRoute& route,
+                 std::span<const OpaqueBlock> blocks, const RECT& window) {
+    std::array<OpaqueBlock, 64> clipped;
+    std::size_t count = 0;
+    for (const OpaqueBlock& block : blocks) {
+        if (block.top >= window.bottom) break;
+        clipped[count] = Clip(block, window);
+        if (clipped[count].rows != 0) ++count;
+        if (count == clipped.size()) {
+            kernels.copyBlocks(route, clipped);
+            count = 0;
+        }
+    }
+    kernels.copyBlocks(route, std::span(clipped).first(count));
+}
+
+}  // namespace
+
+OpaqueRuns::OpaqueRuns(const PixelBuffer& pixels, std::uint32_t key) : size_(pixels.Size()) {
+    tile_.cx = std::clamp(RoundUp(size_.cy, kMinTileSide), kMinTileSide, kMaxTileWidth);
+    tile_.cy = std::clamp(size_.cy, 1, kMaxTileHeight);
+    tileColumns_ = (size_.cx + tile_.cx - 1) / tile_.cx;
+    key &= PixelMask(pixels.BytesPerPixel());
+    for (std::int32_t y = 0; y < size_.cy; y += tile_.cy) {
+        for (std::int32_t x = 0; x < size_.cx; x += tile_.cx) {
+            const RECT tile = {x, y, x + tile_.cx, y + tile_.cy};
+            firstBlock_.push_back(static_cast<std::uint32_t>(blocks_.size()));
+            AddTile(pixels, Intersect(tile, pixels.Bounds()), key);
+        }
+    }
+    firstBlock_.push_back(static_cast<std::uint32_t>(blocks_.size()));
+}
+
+void OpaqueRuns::AddTile(const PixelBuffer& pixels, const RECT& tile, std::uint32_t key) {
+    const auto bytesPerPixel = static_cast<std::size_t>(pixels.BytesPerPixel());
+    BlockFinder finder(blocks_);
+    for (std::int32_t y = tile.top; y < tile.bottom; ++y) {
+        std::int32_t x = tile.left;
+        while (x < tile.right) {
+            while (x < tile.right && pixels.Pixel({x, y}) == key)
+                ++x;
+            const std::int32_t begin = x;
+            while (x < tile.right && pixels.Pixel({x, y}) != key)
+                ++x;
+            if (x == begin) break;
+            finder.AddRun(y - tile.top, static_cast<std::size_t>(begin - tile.left) * bytesPerPixel,
+                          static_cast<std::size_t>(x - begin) * bytesPerPixel);
+        }
+        finder.EndRow();
+    }
+}
+
+std::span<const OpaqueBlock> OpaqueRuns::Blocks(int tileColumn, int tileRow) const {
+    const auto tile = static_cast<std::size_t>(tileRow * tileColumns_ + tileColumn);
+    return {blocks_.data() + firstBlock_[tile], blocks_.data() + firstBlock_[tile + 1]};
+}
+
+void CopyPlain(PixelBuffer& target, POINT at, const PixelBuffer& source, const RECT& part) {
+    if (part.IsEmpty()) return;
+    AssertCopyable(target, at, source, part);
+    const auto bytes = static_cast<std::size_t>(part.Width() * source.BytesPerPixel());
+    const CopyRoute route = {target.At(at), target.Pitch(), source.At({part.left, part.top}),
+                             source.Pitch()};
+    ActiveCopyKernels().copyRows(route, bytes, part.Height());
+}
+
+void CopyKeyed(PixelBuffer& target, POINT at, const PixelBuffer& source, const OpaqueRuns& runs,
+               const RECT& part) {
+    if (part.IsEmpty()) return;
+    AssertCopyable(target, at, source, part);
+    assert(runs.Size() == source.Size());
+    const CopyKernels& kernels = ActiveCopyKernels();
+    const SIZE size = runs.TileSize();
+    const int bytesPerPixel = source.BytesPerPixel();
+    for (int row = part.top / size.cy; row * size.cy < part.bottom; ++row) {
+        for (int column = part.left / size.cx; column * size.cx < part.right; ++column) {
+            const POINT corner = {column * size.cx, row * size.cy};
+            const RECT tile = Intersect(
+                {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy}, source.Bounds());
+            const RECT shown = Intersect(tile, part);
+            const CopyRoute route = {
+                target.At({at.x + shown.left - part.left, at.y + shown.top - part.top}),
+                target.Pitch(), source.At({shown.left, shown.top}), source.Pitch()};
+            if (shown == tile) {
+                kernels.copyBlocks(route, runs.Blocks(column, row));
+            } else {
+                CopyClipped(kernels, route, runs.Blocks(column, row),
+                            {(shown.left - tile.left) * bytesPerPixel, shown.top - tile.top,
+                             (shown.right - tile.left) * bytesPerPixel, shown.bottom - tile.top});
+            }
+        }
+    }
+}
+
+void FillArea(PixelBuffer& target, const RECT& area, std::uint32_t value) {
+    if (area.IsEmpty()) return;
+    assert(IsInside(area, target.Bounds()));
+    const int bytesPerPixel = target.BytesPerPixel();
+    ActiveCopyKernels().fillRows(target.At({area.left, area.top}), target.Pitch(),
+                                 static_cast<std::size_t>(area.Width() * bytesPerPixel),
+                                 area.Height(), FillPattern(value, bytesPerPixel));
+}
+
+}  // namespace korvane

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "platform/copy_kernels.h"
+#include "platform/pixel_buffer.h"
+#include "platform/types.h"
+
+namespace korvane {
+
+/// Where a picture differs from its colour key.
+///
+/// Found once, when the pixels or the key change, so that a copy does not look at single pixels:
+/// runs of opaque pixels that stand below each other in the same columns form one block, and a
+/// copy moves whole blocks. The picture is divided into tiles that no block crosses; a copy of a
+/// part visits only the tiles that it touches, so a cell of a long strip costs no more than a
+/// picture of the cell's size.
+class OpaqueRuns {
+  public:
+    /// Of a picture without pixels.
+    OpaqueRuns() = default;
+    /// Pixels whose value equals the key are transparent. Of the key only the bits count that a
+    /// pixel has.
+    OpaqueRuns(const PixelBuffer& pixels, std::uint32_t key);
+
+    /// The size of the picture.
+    SIZE Size() const { return size_; }
+    /// Tiles have this size but for the last column and row, which end with the picture.
+    SIZE TileSize() const { return tile_; }
+    /// The blocks of one tile, from top to bottom, placed from the tile's top left corner.
+    std::span<const OpaqueBlock> Blocks(int tileColumn, int tileRow) const;
+
+  private:
+    void AddTile(const PixelBuffer& pixels, const RECT& tile, std::uint32_t key);
+
+    SIZE size_;
+    SIZE tile_ = {1, 1};
+    int tileColumns_ = 0;
+    std::vector<OpaqueBlock> blocks_;
+    /// Index of each tile's first block, row of tiles by row of tiles, and one past the last.
+    std::vector<std::uint32_t> firstBlock_;
+};
+
+// All of these need: the areas and parts lie within their buffers (clipped once by the caller; an
+// empty one draws nothing), both buffers have pixels of the same size and are not the same one.
+
+/// Copies `part` of the source to `at`.
+void CopyPlain(PixelBuffer& target, POINT at, const PixelBuffer& source, const RECT& part);
+
+/// Copies the opaque pixels of `part` of the source to `at`. `runs` were made from the source as
+/// it is now.
+void CopyKeyed(PixelBuffer& target, POINT at, const PixelBuffer& source, const OpaqueRuns& runs,
+               const RECT& part);
+
+/// Gives every pixel of the area the value; bits beyond the pixel's bytes are dropped.
+void FillArea(PixelBuffer& target, const RECT& area, std::uint32_t value);
+
+}  // namespace korvane
