@@ -1,0 +1,49 @@
+#include "gfx/bitmap_font.h"
+
+namespace korvane {
+
+std::unique_ptr<BitmapFont> theFont;
+
+namespace {
+
+constexpr const char* kLettersFile = "Letters.bmp";
+constexpr const char* kNumbersFile = "Numbers.bmp";
+constexpr std::int32_t kCell = 16;
+constexpr std::uint32_t kAdvance = 14;
+constexpr std::uint32_t kWideAdvance = 16;
+
+void DrawCell(const Surface& picture, int cell, std::uint32_t x, std::uint32_t y) {
+    picture.Draw(x, y, cell * kCell, 0, kCell, kCell, DDBLTFAST_SRCCOLORKEY);
+}
+
+}  // namespace
+
+BitmapFont::BitmapFont() : letters_(kLettersFile), numbers_(kNumbersFile) {}
+
+void BitmapFont::DrawSpaced(std::string_view text, std::uint32_t x, std::uint32_t y,
+                            std::uint32_t advance) const {
+    for (const char character : text) {
+        if (character >= '0' && character <= '@') DrawCell(numbers_, character - '0', x, y);
+        if (character >= 'A' && character <= 'Z') DrawCell(letters_, character - 'A', x, y);
+        x += advance;
+    }
+}
+
+void BitmapFont::DrawText(std::string_view text, std::uint32_t x, std::uint32_t y) const {
+    DrawSpaced(text, x, y, kAdvance);
+}
+
+void BitmapFont::DrawTextWide(std::string_view text, std::uint32_t x, std::uint32_t y) const {
+    DrawSpaced(text, x, y, kWideAdvance);
+}
+
+void BitmapFont::DrawTextRight(std::string_view text, std::uint32_t right, std::uint32_t y) const {
+    DrawSpaced(text, right - kAdvance * static_cast<std::uint32_t>(text.size()), y, kAdvance);
+}
+
+void BitmapFont::Reload() {
+    letters_.Load(kLettersFile);
+    numbers_.Load(kNumbersFile);
+}
+
+}  // namespace korvane

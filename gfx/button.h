@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "gfx/surface.h"
+
+namespace korvane {
+
+/// A picture button of the menus. Its picture is a strip of two equal frames, the normal look on
+/// the left and the selected look on the right.
+class Button {
+  public:
+    /// Only the second form has a look for when it is disabled, as a strip of the same layout.
+    Button(const std::string& pictureFile, std::int32_t x, std::int32_t y);
+    Button(const std::string& pictureFile, const std::string& disabledPictureFile, std::int32_t x,
+           std::int32_t y);
+    virtual ~Button() = default;
+
+    void Draw() const;
+    /// True when the point lies inside one frame, not on its border pixels, and the button is
+    /// enabled; with `toggle` a hit also flips the look.
+    bool HitTest(std::int32_t px, std::int32_t py, bool toggle);
+    void Toggle() { selected_ = !selected_; }
+    bool IsSelected() const { return selected_; }
+    void SetSelected(bool selected) { selected_ = selected; }
+    void SetEnabled(bool enabled) { enabled_ = enabled; }
+    /// Loads both pictures again from the current skin.
+    void Reload();
+
+  private:
+    std::int32_t FrameWidth() const { return static_cast<std::int32_t>(picture_->Width() / 2); }
+    std::int32_t FrameHeight() const { return static_cast<std::int32_t>(picture_->Height()); }
+
+    bool enabled_ = true;
+    std::unique_ptr<Surface> picture_;
+    std::unique_ptr<Surface> disabledPicture_;
+    bool selected_ = false;
+    std::int32_t x_;
+    std::int32_t y_;
+    std::string pictureFile_;
+    std::string disabledPictureFile_;
+};
+
+}  // namespace korvane

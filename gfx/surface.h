@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "gfx/offscreen_surface.h"
+
+namespace korvane {
+
+/// A picture of the skin. One that could not be loaded draws nothing and reports nothing.
+class Surface {
+  public:
+    /// Loads the file at once; the name is relative to the skin folder.
+    explicit Surface(const std::string& fileName);
+    virtual ~Surface() = default;
+
+    /// Loads another picture in place, with colour key 0; false when there is none to be had.
+    bool Load(const std::string& fileName);
+
+    /// Copies a part of the picture to the back buffer; a source width or height below 1 means the
+    /// whole picture's. Nothing is clipped: a copy that leaves the picture or the buffer is
+    /// refused.
+    HRESULT Draw(std::uint32_t x, std::uint32_t y, std::int32_t sourceX, std::int32_t sourceY,
+                 std::int32_t sourceWidth, std::int32_t sourceHeight, std::uint32_t flags) const;
+    /// Fills an area with copies side by side, the last ones cut to the area, without colour key.
+    HRESULT DrawTiled(std::uint32_t x, std::uint32_t y, std::uint32_t areaWidth,
+                      std::uint32_t areaHeight) const;
+    HRESULT SetColorKey(COLORREF colour);
+
+    std::uint32_t Width() const { return width_; }
+    std::uint32_t Height() const { return height_; }
+
+  private:
+    std::unique_ptr<OffscreenSurface> offscreen_;
+    std::uint32_t height_ = 0;
+    std::uint32_t width_ = 0;
+    bool loaded_ = false;
+};
+
+}  // namespace korvane
