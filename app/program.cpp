@@ -1,0 +1,116 @@
+#include "app/program.h"
+
+#include "app/display_switch.h"
+#include "app/main_window.h"
+#include "app/process_state.h"
+#include "app/settings.h"
+#include "app/start_screens.h"
+#include "game/game_art.h"
+#include "game/game_frame.h"
+#include "gfx/bitmap_font.h"
+#include "gfx/display.h"
+#include "platform/kernel.h"
+#include "res/accelerators.h"
+
+namespace korvane {
+namespace {
+
+/// At least so long from the end of a frame to the start of the next one's drawing.
+constexpr std::int32_t kFramePauseMs = 10;
+
+HRESULT InitDisplay(HWND window) {
+    const HRESULT result = SwitchDisplayMode(window, theSettings.windowed);
+    return Failed(result) ? result : S_OK;
+}
+
+void ChooseGameClock() {
+    std::uint64_t frequency = 0;
+    hiResClock = QueryPerformanceFrequency(frequency);
+    secondsPerCount = hiResClock ? 1.0 / static_cast<double>(frequency) : 0.001;
+    lastCount = timeGetTime();
+    if (hiResClock) QueryPerformanceCounter(lastCount);
+}
+
+void CreateObjects() {
+    theGameArt.Load();
+    theFont = std::make_unique<BitmapFont>();
+    startScreens = std::make_unique<StartScreens>();
+    rightPlayer = std::make_unique<Player>(Side::Right);
+    leftPlayer = std::make_unique<Player>(Side::Left);
+}
+
+void RestoreSurfaces() {
+    currentDisplay->DirectDraw()->RestoreAllSurfaces();
+}
+
+/// What a display that is not ours at this moment means for the frame; S_OK and negative results
+/// as from RenderFrame.
+HRESULT AnswerDisplayState(HWND window, HRESULT state) {
+    if (state == DDERR_NOEXCLUSIVEMODE || state == DDERR_EXCLUSIVEMODEALREADYSET) {
+        Sleep(kFramePauseMs);
+        return S_OK;
+    }
+    if (state == DDERR_WRONGMODE) return SwitchDisplayMode(window, theSettings.windowed);
+    return state;
+}
+
+void KeepPace() {
+    const auto elapsed = static_cast<std::int32_t>(GetTickCount() - lastFrameTick);
+    if (elapsed < kFramePauseMs) Sleep(static_cast<std::uint32_t>(kFramePauseMs - elapsed));
+}
+
+}  // namespace
+
+HRESULT RenderFrame(HWND window) {
+    AdvanceGame();
+    const HRESULT state = currentDisplay->DirectDraw()->TestCooperativeLevel();
+    if (Failed(state)) return AnswerDisplayState(window, state);
+    KeepPace();
+    const HRESULT drawn = DrawGameFrame(*startScreens);
+    if (drawn == DDERR_SURFACELOST) {
+        RestoreSurfaces();
+    } else if (Failed(drawn)) {
+        return drawn;
+    }
+    lastFrameTick = GetTickCount();
+    return S_OK;
+}
+
+bool StartUp() {
+    if (Failed(CreateMainWindow(mainWindow))) return false;
+    if (Failed(InitDisplay(mainWindow))) {
+        ShowError("DirectDraw init failed. Korvane will now exit. ");
+        return false;
+    }
+    showFps = false;
+    ChooseGameClock();
+    CreateObjects();
+    nextFigureCheat = false;
+    ShowWindow(mainWindow);
+    lastFrameTick = GetTickCount();
+    return true;
+}
+
+std::optional<int> RunLoopPass() {
+    MSG message;
+    if (PeekMessage(message, PM_NOREMOVE)) {
+        if (!GetMessage(message)) return static_cast<int>(message.wParam);
+        if (!TranslateAccelerator(mainWindow, kAccelerators, message)) DispatchMessage(message);
+    } else if (!appActive) {
+        WaitMessage();
+    } else if (Failed(RenderFrame(mainWindow))) {
+        currentDisplay.reset();
+        ShowError("Displaying the next frame failed. Korvane will now exit. ");
+        return 0;
+    }
+    return std::nullopt;
+}
+
+int RunProgram() {
+    if (!StartUp()) return 0;
+    for (;;) {
+        if (const std::optional<int> exitCode = RunLoopPass()) return *exitCode;
+    }
+}
+
+}  // namespace korvane

@@ -1,0 +1,13 @@
+#include "app/settings.h"
+#include "game/game_art.h"
+#include "game/level_table.h"
+
+namespace korvane {
+
+// The objects that exist before and after the main window, in the order in which they are made;
+// they end in reverse, so that the settings are written last.
+Settings theSettings;
+GameArt theGameArt;
+LevelTable theLevelTable;
+
+}  // namespace korvane

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/user.h"
+
+namespace korvane {
+
+/// Turns everything that happens outside into actions of the program.
+LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lParam);
+
+}  // namespace korvane

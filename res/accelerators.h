@@ -1,0 +1,23 @@
+#pragma once
+
+#include <array>
+
+#include "platform/user.h"
+#include "res/commands.h"
+
+namespace korvane {
+
+/// Resource 103: the keys that give commands.
+inline constexpr std::array kAccelerators = {
+    ACCEL{FCONTROL | FSHIFT, 'G', kCmdShowFps},
+    ACCEL{FCONTROL | FSHIFT, 'H', kCmdHighScores},
+    ACCEL{0, VK_ESCAPE, kCmdGotoMenu},
+    ACCEL{0, VK_F1, kCmdLeftRestart},
+    ACCEL{0, VK_F12, kCmdGotoMenu},
+    ACCEL{0, VK_F2, kCmdRightRestart},
+    ACCEL{0, VK_F3, kCmdNewGame},
+    ACCEL{FALT, VK_RETURN, kCmdToggleFullScreen},
+    ACCEL{FCONTROL | FSHIFT, 'X', kCmdExit},
+};
+
+}  // namespace korvane
