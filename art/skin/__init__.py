@@ -1,0 +1,1 @@
+"""Draws the pictures of the Original skin."""

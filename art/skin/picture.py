@@ -1,0 +1,101 @@
+"""A picture under work: what is seen, and which pixels belong to it at all.
+
+The two are drawn apart. Art is drawn smoothly, over a dark ground of its own; the mask decides at
+the end, pixel by pixel, between art and the colour key. So an edge never mixes the two.
+"""
+
+import cairo
+
+from . import colours
+
+
+def sheet(width, height):
+    """An empty surface of coverage, one byte a pixel."""
+    return cairo.ImageSurface(cairo.FORMAT_A8, width, height)
+
+
+def _table(surface, table):
+    surface.flush()
+    data = surface.get_data()
+    data[:] = bytes(data).translate(table)
+    surface.mark_dirty()
+
+
+def hardened(surface, least=128):
+    """A copy of a sheet in which each pixel is either fully covered, or not at all."""
+    result = sheet(surface.get_width(), surface.get_height())
+    cairo.Context(result).mask_surface(surface)
+    _table(result, bytes(255 if value >= least else 0 for value in range(256)))
+    return result
+
+
+def grown(surface, steps, least=64):
+    """A hard copy of a sheet, grown by some pixels to all sides with the corners cut."""
+    result = hardened(surface, least)
+    for step in range(steps):
+        source = result
+        result = sheet(source.get_width(), source.get_height())
+        cr = cairo.Context(result)
+        reach = [(0, 0), (1, 0), (-1, 0), (0, 1), (0, -1)]
+        if step % 2 == 0:
+            reach += [(1, 1), (1, -1), (-1, 1), (-1, -1)]
+        for dx, dy in reach:
+            cr.mask_surface(source, dx, dy)
+    return result
+
+
+class Picture:
+    """One picture, drawn with `cr` (art) and `mask` (the pixels that count)."""
+
+    def __init__(self, width, height, ground="edge"):
+        self.width, self.height = width, height
+        self.art = cairo.ImageSurface(cairo.FORMAT_RGB24, width, height)
+        self.cr = cairo.Context(self.art)
+        self.cr.set_source_rgb(*colours.colour(ground))
+        self.cr.paint()
+        self.sheet = sheet(width, height)
+        self.mask = cairo.Context(self.sheet)
+
+    def cover_all(self):
+        """The whole rectangle belongs to the picture."""
+        self.mask.paint()
+
+    def cover(self, path, *arguments):
+        """What a path encloses belongs to the picture."""
+        path(self.mask, *arguments)
+        self.mask.fill()
+
+    def stencil(self, surface, name, dx=0, dy=0):
+        """Adds the shape of a hard sheet, in one colour of the palette."""
+        self.mask.mask_surface(surface, dx, dy)
+        self.cr.set_source_rgb(*colours.colour(name))
+        self.cr.mask_surface(surface, dx, dy)
+
+    def pixels(self, key):
+        """The rows of the finished picture, and rows of bytes that are 0 where the key shows.
+
+        A row of the picture is a list of (red, green, blue), as is the key, from 0 to 255.
+        """
+        hard = hardened(self.sheet)
+        result = cairo.ImageSurface(cairo.FORMAT_RGB24, self.width, self.height)
+        cr = cairo.Context(result)
+        cr.set_source_rgb(*(channel / 255 for channel in key))
+        cr.paint()
+        cr.set_source_surface(self.art)
+        cr.mask_surface(hard)
+        return _rows(result, self.width, self.height), _mask_rows(hard)
+
+
+def _rows(surface, width, height):
+    """The rows of a surface, each a list of (red, green, blue)."""
+    surface.flush()
+    data, stride = bytes(surface.get_data()), surface.get_stride()
+    rows = (data[y * stride:y * stride + width * 4] for y in range(height))
+    return [list(zip(row[2::4], row[1::4], row[0::4])) for row in rows]
+
+
+def _mask_rows(surface):
+    surface.flush()
+    data, stride = bytes(surface.get_data()), surface.get_stride()
+    width = surface.get_width()
+    return [data[y * stride:y * stride + width] for y in range(surface.get_height())]
