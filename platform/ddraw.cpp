@@ -130,7 +130,8 @@ HRESULT DirectDraw::CreateClipper(std::uint32_t /*flags*/, IDirectDrawClipper*& 
 }
 
 HRESULT DirectDraw::RestoreAllSurfaces() {
-    for (SurfaceBase* surface : share_->surfaces) surface->Restore();
+    for (SurfaceBase* surface : share_->surfaces)
+        surface->Restore();
     return S_OK;
 }
 
