@@ -29,6 +29,7 @@ class Button {
     void Toggle() { selected_ = !selected_; }
     bool IsSelected() const { return selected_; }
     void SetSelected(bool selected) { selected_ = selected; }
+    bool IsEnabled() const { return enabled_; }
     void SetEnabled(bool enabled) { enabled_ = enabled; }
     /// Loads the button's own pictures again from the current skin.
     void Reload();
