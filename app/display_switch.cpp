@@ -5,6 +5,8 @@
 #include "game/game_art.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
+#include "screens/high_score_screen.h"
+#include "screens/menu_screen.h"
 
 namespace korvane {
 namespace {
@@ -45,6 +47,8 @@ bool ReloadSkinGraphics() {
         currentDisplay->BackBuffer()->Restore();
     }
     if (theFont) theFont->Reload();
+    if (theMenuScreen) theMenuScreen->ReloadPictures();
+    if (theHighScoreScreen) theHighScoreScreen->ReloadPictures();
     theGameArt.Reload();
     return true;
 }
