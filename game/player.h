@@ -106,6 +106,7 @@ class Player {
     void StepSideways(FigureMove plain, FigureMove gliding);
     void UpdateFall(double seconds);
     void FallOrLand(std::uint32_t now, double seconds);
+    bool FallsOn(double seconds);
     bool FallStep(double seconds);
     void DropWhileHeld();
     void HardDrop();

@@ -49,8 +49,7 @@ void Player::UpdateFall(double seconds) {
     lastFallTick_ = now;
     const std::uint32_t lockMs = gliding ? kGlidingLockMs : kPlainLockMs;
     if (landState_ == LandState::Landed && now - landTick_ > lockMs) {
-        // It may have been slid off what it stood on.
-        landState_ = FallStep(seconds) ? LandState::Falling : LandState::LockNow;
+        landState_ = FallsOn(seconds) ? LandState::Falling : LandState::LockNow;
     }
     if (landState_ == LandState::LockNow) LockFigure(now);
 }
@@ -60,6 +59,14 @@ void Player::FallOrLand(std::uint32_t now, double seconds) {
     if (FallStep(seconds)) return;
     landState_ = LandState::Landed;
     landTick_ = now;
+}
+
+/// Whether a figure found resting has been slid off what it stood on. A long glide can carry it to
+/// its next rest within the one step; it is then blocked again, but has moved.
+bool Player::FallsOn(double seconds) {
+    if (!current_) return true;
+    const int depth = DepthOf(*current_);
+    return FallStep(seconds) || DepthOf(*current_) != depth;
 }
 
 /// False when the figure is blocked; without a figure that can move, nothing is.

@@ -1,6 +1,7 @@
 #include "platform/copy_kernels.h"
 
 #include <array>
+#include <bit>
 #include <cstring>
 
 #if defined(__x86_64__) || defined(__i386__)
@@ -22,56 +23,53 @@ struct Chunk {
     using Type [[gnu::vector_size(N), gnu::aligned(1), gnu::may_alias]] = std::uint8_t;
 };
 
+/// Rows of the same class are copied by the same moves. Class c holds the widths of 2^c + 1 to
+/// 2^(c + 1) bytes (class 0 also 1), the last one all greater ones too.
+constexpr std::size_t kRowClasses = 8;
+
+/// The class of a row of `bytes` bytes, at least 1.
+constexpr std::size_t RowClass(std::size_t bytes) {
+    const auto bits = static_cast<std::size_t>(std::bit_width(bytes - 1));
+    return bits == 0 ? 0 : bits > kRowClasses ? kRowClasses - 1 : bits - 1;
+}
+
 template <std::size_t N>
 [[gnu::always_inline]] inline void CopyChunk(std::byte* to, const std::byte* from) {
     using Vector = typename Chunk<N>::Type;
     *reinterpret_cast<Vector*>(to) = *reinterpret_cast<const Vector*>(from);
 }
 
-/// Rows of kN to 2 kN bytes: one chunk from the front and one that ends at the end. They overlap
-/// as needed, so that every width takes the same two moves.
-template <std::size_t N>
-[[gnu::always_inline]] inline void CopyTwo(CopyRoute route, std::size_t bytes, int rows) {
-    const std::size_t last = bytes - N;
-    for (; rows > 0; --rows) {
-        CopyChunk<N>(route.to, route.from);
-        CopyChunk<N>(route.to + last, route.from + last);
-        route.to += route.toPitch;
-        route.from += route.fromPitch;
+/// A fixed number of bytes, in chunks of the widest register or the one that fits.
+template <std::size_t kWide, std::size_t kBytes>
+[[gnu::always_inline]] inline void CopyFixed(std::byte* to, const std::byte* from) {
+    if constexpr (kBytes <= kWide) {
+        CopyChunk<kBytes>(to, from);
+    } else {
+        CopyFixed<kWide, kBytes / 2>(to, from);
+        CopyFixed<kWide, kBytes / 2>(to + kBytes / 2, from + kBytes / 2);
     }
 }
 
-/// Rows of 2 kN to 4 kN bytes: two chunks from each end.
-template <std::size_t N>
-[[gnu::always_inline]] inline void CopyFour(CopyRoute route, std::size_t bytes, int rows) {
-    const std::size_t last = bytes - N;
-    for (; rows > 0; --rows) {
-        CopyChunk<N>(route.to, route.from);
-        CopyChunk<N>(route.to + N, route.from + N);
-        CopyChunk<N>(route.to + last - N, route.from + last - N);
-        CopyChunk<N>(route.to + last, route.from + last);
-        route.to += route.toPitch;
-        route.from += route.fromPitch;
+/// One row of the class: half the class's greatest width from the front and as much that ends at
+/// the row's end. The two overlap as needed, so that every width takes the same moves.
+template <std::size_t kWide, std::size_t kClass>
+[[gnu::always_inline]] inline void CopyRow(std::byte* to, const std::byte* from,
+                                           std::size_t bytes) {
+    constexpr std::size_t kHalf = std::size_t{1} << kClass;
+    const std::size_t last = bytes - kHalf;
+    CopyFixed<kWide, kHalf>(to, from);
+    if constexpr (kClass == kRowClasses - 1) {
+        for (std::size_t at = kHalf; at < last; at += kHalf) {
+            CopyFixed<kWide, kHalf>(to + at, from + at);
+        }
     }
+    CopyFixed<kWide, kHalf>(to + last, from + last);
 }
 
-/// Rows of at least 4 kN bytes.
-template <std::size_t N>
-[[gnu::always_inline]] inline void CopyLong(CopyRoute route, std::size_t bytes, int rows) {
-    const std::size_t last = bytes - 4 * N;
+template <std::size_t kWide, std::size_t kClass>
+[[gnu::always_inline]] inline void CopyRowsOfClass(CopyRoute route, std::size_t bytes, int rows) {
     for (; rows > 0; --rows) {
-        std::size_t at = 0;
-        do {
-            CopyChunk<N>(route.to + at, route.from + at);
-            CopyChunk<N>(route.to + at + N, route.from + at + N);
-            CopyChunk<N>(route.to + at + 2 * N, route.from + at + 2 * N);
-            CopyChunk<N>(route.to + at + 3 * N, route.from + at + 3 * N);
-            at += 4 * N;
-        } while (at < last);
-        CopyChunk<N>(route.to + last, route.from + last);
-        CopyChunk<N>(route.to + last + N, route.from + last + N);
-        CopyChunk<N>(route.to + last + 2 * N, route.from + last + 2 * N);
-        CopyChunk<N>(route.to + last + 3 * N, route.from + last + 3 * N);
+        CopyRow<kWide, kClass>(route.to, route.from, bytes);
         route.to += route.toPitch;
         route.from += route.fromPitch;
     }
@@ -80,14 +78,24 @@ template <std::size_t N>
 template <std::size_t kWide>
 [[gnu::always_inline]] inline void CopyRowsWith(const CopyRoute& route, std::size_t bytes,
                                                 int rows) {
-    if (bytes >= 4 * kWide) return CopyLong<kWide>(route, bytes, rows);
-    if (bytes >= 2 * kWide) return CopyFour<kWide>(route, bytes, rows);
-    if (bytes >= kWide) return CopyTwo<kWide>(route, bytes, rows);
-    if (kWide > 16 && bytes >= 16) return CopyTwo<16>(route, bytes, rows);
-    if (bytes >= 8) return CopyTwo<8>(route, bytes, rows);
-    if (bytes >= 4) return CopyTwo<4>(route, bytes, rows);
-    if (bytes >= 2) return CopyTwo<2>(route, bytes, rows);
-    if (bytes == 1) return CopyTwo<1>(route, bytes, rows);
+    switch (RowClass(bytes)) {
+        case 0:
+            return CopyRowsOfClass<kWide, 0>(route, bytes, rows);
+        case 1:
+            return CopyRowsOfClass<kWide, 1>(route, bytes, rows);
+        case 2:
+            return CopyRowsOfClass<kWide, 2>(route, bytes, rows);
+        case 3:
+            return CopyRowsOfClass<kWide, 3>(route, bytes, rows);
+        case 4:
+            return CopyRowsOfClass<kWide, 4>(route, bytes, rows);
+        case 5:
+            return CopyRowsOfClass<kWide, 5>(route, bytes, rows);
+        case 6:
+            return CopyRowsOfClass<kWide, 6>(route, bytes, rows);
+        default:
+            return CopyRowsOfClass<kWide, 7>(route, bytes, rows);
+    }
 }
 
 template <std::size_t kWide>
@@ -101,30 +109,49 @@ template <std::size_t kWide>
     }
 }
 
-void FillNarrow(std::byte* to, std::ptrdiff_t pitch, std::size_t bytes, int rows,
-                std::uint32_t pattern) {
-    for (; rows > 0; --rows, to += pitch) {
-        std::size_t at = 0;
-        for (; at + sizeof(pattern) <= bytes; at += sizeof(pattern)) {
-            std::memcpy(to + at, &pattern, sizeof(pattern));
-        }
-        std::memcpy(to + at, &pattern, bytes - at);
+/// From here on the library's memset is faster: it knows how to write long stretches of memory
+/// without reading them into the cache first.
+constexpr std::size_t kLongFill = 16384;
+
+bool HasEqualBytes(std::uint32_t pattern) {
+    return pattern == (pattern & 0xFF) * 0x01010101u;
+}
+
+void FillNarrow(std::byte* to, std::size_t bytes, std::uint32_t pattern) {
+    std::size_t at = 0;
+    for (; at + sizeof(pattern) <= bytes; at += sizeof(pattern)) {
+        std::memcpy(to + at, &pattern, sizeof(pattern));
     }
+    std::memcpy(to + at, &pattern, bytes - at);
+}
+
+template <std::size_t kWide>
+[[gnu::always_inline]] inline void FillRow(std::byte* to, std::size_t bytes,
+                                           std::uint32_t pattern) {
+    if (bytes < kWide) return FillNarrow(to, bytes, pattern);
+    using Wide [[gnu::vector_size(kWide), gnu::aligned(1), gnu::may_alias]] = std::uint32_t;
+    const Wide wide = Wide{} + pattern;
+    const std::size_t last = bytes - kWide;
+    for (std::size_t at = 0; at < last; at += kWide)
+        *reinterpret_cast<Wide*>(to + at) = wide;
+    *reinterpret_cast<Wide*>(to + last) = wide;
 }
 
 template <std::size_t kWide>
 [[gnu::always_inline]] inline void FillRowsWith(std::byte* to, std::ptrdiff_t pitch,
                                                 std::size_t bytes, int rows,
                                                 std::uint32_t pattern) {
-    using Wide [[gnu::vector_size(kWide), gnu::aligned(1), gnu::may_alias]] = std::uint32_t;
-    const Wide wide = Wide{} + pattern;
-    if (bytes < kWide) return FillNarrow(to, pitch, bytes, rows, pattern);
-    const std::size_t last = bytes - kWide;
-    for (; rows > 0; --rows, to += pitch) {
-        for (std::size_t at = 0; at < last; at += kWide)
-            *reinterpret_cast<Wide*>(to + at) = wide;
-        *reinterpret_cast<Wide*>(to + last) = wide;
+    if (bytes == static_cast<std::size_t>(pitch)) {
+        bytes *= static_cast<std::size_t>(rows);
+        rows = 1;
     }
+    if (bytes >= kLongFill && HasEqualBytes(pattern)) {
+        for (; rows > 0; --rows, to += pitch)
+            std::memset(to, static_cast<int>(pattern), bytes);
+        return;
+    }
+    for (; rows > 0; --rows, to += pitch)
+        FillRow<kWide>(to, bytes, pattern);
 }
 
 void CopyRows(const CopyRoute& route, std::size_t bytes, int rows) {

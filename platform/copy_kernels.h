@@ -28,7 +28,7 @@ struct CopyKernels {
     const char* name;
     /// Copies `rows` rows of `bytes` bytes.
     void (*copyRows)(const CopyRoute& route, std::size_t bytes, int rows);
-    /// Copies each of the blocks; the route leads from tile corner to tile corner.
+    /// Copies each of the blocks; the route begins at the tile's corner.
     void (*copyBlocks)(const CopyRoute& route, std::span<const OpaqueBlock> blocks);
     /// Writes the four bytes of `pattern` over and over; `bytes` is a multiple of the pattern's
     /// period (a fill with 1-byte pixels repeats its byte four times and takes any width).

@@ -227,7 +227,10 @@ HRESULT BackSurface::BltFast(std::uint32_t x, std::uint32_t y, IDirectDrawSurfac
 }
 
 HRESULT BackSurface::Restore() {
-    if (lost_) frame_.Invalidate();
+    if (lost_) {
+        frame_.Invalidate();
+        unsent_.clear();
+    }
     return SurfaceBase::Restore();
 }
 

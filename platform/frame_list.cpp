@@ -1,6 +1,7 @@
 #include "platform/frame_list.h"
 
 #include <algorithm>
+#include <array>
 #include <cassert>
 #include <cstring>
 #include <type_traits>
@@ -14,6 +15,22 @@ constexpr std::size_t kLookAhead = 16;
 
 /// Stands for the source point of a fill; copies have none left of their picture.
 constexpr POINT kFill = {-1, -1};
+
+/// An operation that hides so many pixels of those before it is worth composing apart: leaving them
+/// out saves more than walking the list for the area's other parts costs.
+constexpr std::int64_t kWorthSplitting = 256 * 256;
+
+std::int64_t PixelCount(const RECT& rect) {
+    return rect.IsEmpty() ? 0 : static_cast<std::int64_t>(rect.Width()) * rect.Height();
+}
+
+/// What `outer` has above, below, left and right of `inner`, which lies within it.
+std::array<RECT, 4> Around(const RECT& inner, const RECT& outer) {
+    return {{{outer.left, outer.top, outer.right, inner.top},
+             {outer.left, inner.bottom, outer.right, outer.bottom},
+             {outer.left, inner.top, inner.left, inner.bottom},
+             {inner.right, inner.top, outer.right, inner.bottom}}};
+}
 
 bool Covers(const RECT& outer, const RECT& inner) {
     return Intersect(outer, inner) == inner;
@@ -140,11 +157,19 @@ std::span<const FrameList::Operation> FrameList::AddAreas(std::span<const Operat
 }
 
 void FrameList::ComposeArea(PixelBuffer& target, const RECT& area) const {
-    // Nothing below the last plain operation over the whole area can be seen.
+    // The frame begins with a fill of everything, so an operation that hides the area is found.
     std::size_t first = frame_.size();
-    while (first > 0) {
+    for (;;) {
         --first;
-        if (sources_[first].runs == nullptr && Covers(frame_[first].area, area)) break;
+        if (sources_[first].runs != nullptr) continue;
+        const RECT hidden = Intersect(frame_[first].area, area);
+        if (hidden == area) break;
+        if (PixelCount(hidden) >= kWorthSplitting) {
+            for (const RECT& rest : Around(hidden, area)) {
+                if (!rest.IsEmpty()) ComposeArea(target, rest);
+            }
+            return ComposeArea(target, hidden);
+        }
     }
     for (std::size_t i = first; i < frame_.size(); ++i) {
         const RECT clip = Intersect(frame_[i].area, area);

@@ -45,28 +45,26 @@ std::uint32_t FillPattern(std::uint32_t value, int bytesPerPixel) {
     }
 }
 
-/// Finds the blocks of one tile row by row: a run that continues a block of the row above makes it
-/// one row higher, every other one begins a block.
+/// Finds the blocks of one tile, given its runs row by row from the left: a run that continues a
+/// block of the row above makes it one row higher, every other one begins a block.
 class BlockFinder {
   public:
     /// The tile's blocks are appended to `blocks`.
     explicit BlockFinder(std::vector<OpaqueBlock>& blocks) : blocks_(blocks) {}
 
-    void AddRun(int row, std::size_t left, std::size_t bytes) {
-        const OpaqueBlock run = {static_cast<std::uint16_t>(left), static_cast<std::uint16_t>(row),
-                                 static_cast<std::uint16_t>(bytes), 1};
-        while (above_ < aboveRow_.size() && blocks_[aboveRow_[above_]].left < run.left)
+    void AddRun(int row, int left, int bytes) {
+        while (above_ < aboveRow_.size() && blocks_[aboveRow_[above_]].left < left)
             ++above_;
-        if (above_ < aboveRow_.size()) {
-            OpaqueBlock& candidate = blocks_[aboveRow_[above_]];
-            if (candidate.left == run.left && candidate.bytes == run.bytes) {
-                ++candidate.rows;
-                thisRow_.push_back(aboveRow_[above_]);
-                return;
-            }
+        std::size_t block = blocks_.size();
+        if (above_ < aboveRow_.size() && blocks_[aboveRow_[above_]].left == left &&
+            blocks_[aboveRow_[above_]].bytes == bytes) {
+            block = aboveRow_[above_];
+            ++blocks_[block].rows;
+        } else {
+            blocks_.push_back({static_cast<std::uint16_t>(left), static_cast<std::uint16_t>(row),
+                               static_cast<std::uint16_t>(bytes), 1});
         }
-        thisRow_.push_back(blocks_.size());
-        blocks_.push_back(run);
+        thisRow_.push_back(block);
     }
 
     void EndRow() {
@@ -130,7 +128,7 @@ OpaqueRuns::OpaqueRuns(const PixelBuffer& pixels, std::uint32_t key) : size_(pix
 }
 
 void OpaqueRuns::AddTile(const PixelBuffer& pixels, const RECT& tile, std::uint32_t key) {
-    const auto bytesPerPixel = static_cast<std::size_t>(pixels.BytesPerPixel());
+    const int bytesPerPixel = pixels.BytesPerPixel();
     BlockFinder finder(blocks_);
     for (std::int32_t y = tile.top; y < tile.bottom; ++y) {
         std::int32_t x = tile.left;
@@ -141,8 +139,8 @@ void OpaqueRuns::AddTile(const PixelBuffer& pixels, const RECT& tile, std::uint3
             while (x < tile.right && pixels.Pixel({x, y}) != key)
                 ++x;
             if (x == begin) break;
-            finder.AddRun(y - tile.top, static_cast<std::size_t>(begin - tile.left) * bytesPerPixel,
-                          static_cast<std::size_t>(x - begin) * bytesPerPixel);
+            finder.AddRun(y - tile.top, (begin - tile.left) * bytesPerPixel,
+                          (x - begin) * bytesPerPixel);
         }
         finder.EndRow();
     }

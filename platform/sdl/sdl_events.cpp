@@ -1,0 +1,150 @@
+#include <SDL.h>
+
+#include <algorithm>
+#include <chrono>
+#include <limits>
+#include <thread>
+#include <utility>
+
+#include "platform/sdl/sdl_host.h"
+
+namespace korvane {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+std::uint8_t ModifiersOf(unsigned state) {
+    unsigned modifiers = 0;
+    if ((state & KMOD_SHIFT) != 0) modifiers |= kModShift;
+    if ((state & KMOD_CTRL) != 0) modifiers |= kModControl;
+    if ((state & KMOD_ALT) != 0) modifiers |= kModAlt;
+    return static_cast<std::uint8_t>(modifiers);
+}
+
+/// Rounds downwards, so that points left of and above the picture stay outside of it.
+int FloorDivide(int value, int divisor) {
+    return (value >= 0 ? value : value - divisor + 1) / divisor;
+}
+
+/// Milliseconds until `end` as SDL takes them: -1 without an end, rounded up so that a wait is
+/// never cut into several of no length.
+int MillisecondsUntil(std::optional<Clock::time_point> end) {
+    if (!end) return -1;
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(*end - Clock::now()).count();
+    return static_cast<int>(std::clamp<std::int64_t>(left, 0, std::numeric_limits<int>::max()));
+}
+
+}  // namespace
+
+bool SdlHost::NextEvent(HostEvent& event) {
+    if (pending_.empty()) PumpEvents();
+    if (pending_.empty()) return false;
+    event = pending_.front();
+    pending_.pop_front();
+    return true;
+}
+
+void SdlHost::WaitForEvent(std::optional<std::uint32_t> milliseconds) {
+    std::optional<Clock::time_point> end;
+    if (milliseconds) end = Clock::now() + std::chrono::milliseconds(*milliseconds);
+    // Not everything that SDL wakes up for is an event of ours.
+    for (PumpEvents(); pending_.empty(); PumpEvents()) {
+        const int left = MillisecondsUntil(end);
+        SDL_Event event;
+        if (left == 0) return;
+        if (SDL_WaitEventTimeout(&event, left) != 0) Translate(event);
+    }
+}
+
+void SdlHost::PumpEvents() {
+    SDL_Event event;
+    while (SDL_PollEvent(&event) != 0)
+        Translate(event);
+    if (sendAgain_) SendAgain();
+}
+
+void SdlHost::Translate(const SDL_Event& event) {
+    switch (event.type) {
+        case SDL_WINDOWEVENT:
+            return OnWindowEvent(event.window);
+        case SDL_KEYDOWN:
+        case SDL_KEYUP:
+            return OnKey(event.key);
+        case SDL_KEYMAPCHANGED:
+            return ReadKeyboardLayout();
+        case SDL_MOUSEMOTION:
+            return PushMouse(HostEventType::MouseMove, event.motion.x, event.motion.y);
+        case SDL_MOUSEBUTTONDOWN:
+        case SDL_MOUSEBUTTONUP:
+            if (event.button.button != SDL_BUTTON_LEFT) return;
+            return PushMouse(event.type == SDL_MOUSEBUTTONDOWN ? HostEventType::LeftButtonDown
+                                                               : HostEventType::LeftButtonUp,
+                             event.button.x, event.button.y);
+        case SDL_MOUSEWHEEL:
+            return PushMouse(HostEventType::Wheel, event.wheel.mouseX, event.wheel.mouseY,
+                             event.wheel.y);
+        case SDL_QUIT:
+            return Push(HostEventType::CloseRequested);
+        case kTerminateEvent:
+            return Push(HostEventType::Terminate);
+        default:
+            return;
+    }
+}
+
+void SdlHost::OnWindowEvent(const SDL_WindowEvent& event) {
+    switch (event.event) {
+        case SDL_WINDOWEVENT_EXPOSED:
+            sendAgain_ = true;
+            return;
+        case SDL_WINDOWEVENT_SIZE_CHANGED:
+            sendAgain_ = true;
+            return Push(HostEventType::Resized);
+        case SDL_WINDOWEVENT_MOVED:
+            return Push(HostEventType::Moved);
+        case SDL_WINDOWEVENT_FOCUS_GAINED:
+            return Push(HostEventType::Activated);
+        case SDL_WINDOWEVENT_FOCUS_LOST:
+            return Push(HostEventType::Deactivated);
+        case SDL_WINDOWEVENT_MINIMIZED:
+            return Push(HostEventType::Minimized);
+        case SDL_WINDOWEVENT_RESTORED:
+            return Push(HostEventType::Restored);
+        case SDL_WINDOWEVENT_CLOSE:
+            return Push(HostEventType::CloseRequested);
+        default:
+            return;
+    }
+}
+
+void SdlHost::OnKey(const SDL_KeyboardEvent& event) {
+    const SDL_Keysym& key = event.keysym;
+    const bool isDown = event.type == SDL_KEYDOWN;
+    std::uint8_t& held = held_[key.scancode];
+    if (held == 0) held = keys_.CodeOf(key.scancode, (key.mod & KMOD_NUM) != 0);
+    const std::uint8_t code = isDown ? held : std::exchange(held, std::uint8_t{0});
+    if (code == 0) return;
+    pending_.push_back({.type = isDown ? HostEventType::KeyDown : HostEventType::KeyUp,
+                        .key = code,
+                        .modifiers = ModifiersOf(key.mod),
+                        .repeat = event.repeat != 0});
+}
+
+void SdlHost::PushMouse(HostEventType type, int x, int y, int amount) {
+    const Placement placement = CurrentPlacement();
+    pending_.push_back({.type = type,
+                        .modifiers = ModifiersOf(static_cast<unsigned>(SDL_GetModState())),
+                        .x = FloorDivide(x - placement.origin.x, placement.scale),
+                        .y = FloorDivide(y - placement.origin.y, placement.scale),
+                        .amount = amount});
+}
+
+void SdlHost::ReadKeyboardLayout() {
+    LayoutSymbols symbols{};
+    for (int place = 0; place < SDL_NUM_SCANCODES; ++place)
+        symbols[static_cast<std::size_t>(place)] =
+            SDL_GetKeyFromScancode(static_cast<SDL_Scancode>(place));
+    keys_ = KeyTable(symbols);
+}
+
+}  // namespace korvane

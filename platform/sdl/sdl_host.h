@@ -1,0 +1,112 @@
+#pragma once
+
+#include <SDL_events.h>
+#include <SDL_video.h>
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/host.h"
+#include "platform/sdl/sdl_keys.h"
+#include "platform/sdl/signal_watch.h"
+#include "platform/sdl/window_picture.h"
+
+namespace korvane {
+
+/// The desktop: one SDL window whose surface takes the picture, the system's clock, and the files
+/// of the working directory.
+///
+/// SDL is started by OpenWindow; clock and files work before that and after CloseWindow.
+class SdlHost final : public Host {
+  public:
+    SdlHost();
+    ~SdlHost() override;
+
+    std::uint32_t Milliseconds() override;
+    std::uint64_t Counter() override;
+    std::uint64_t CounterFrequency() override;
+    std::int64_t UnixSeconds() override;
+    void Sleep(std::uint32_t milliseconds) override;
+
+    bool OpenWindow(const std::string& title, SIZE clientSize) override;
+    void CloseWindow() override;
+    void ShowWindow(bool visible) override;
+    void MinimizeWindow() override;
+    void SetTitle(const std::string& title) override;
+    void SetClientSize(SIZE size) override;
+    void SetClientOrigin(POINT origin) override;
+    RECT ClientArea() override;
+    SIZE ScreenSize() override;
+    RECT WorkArea() override;
+    int Scale() override { return scale_; }
+    bool NextEvent(HostEvent& event) override;
+    void WaitForEvent(std::optional<std::uint32_t> milliseconds) override;
+
+    bool EnterFullScreen(SIZE pictureSize) override;
+    void LeaveFullScreen() override;
+    std::vector<DisplayMode> DisplayModes() override;
+    HRESULT Present(const PictureView& picture, const RECT& target,
+                    std::span<const RECT> changed) override;
+    HRESULT DisplayState() override;
+    void Report(const std::string& caption, const std::string& text) override;
+
+    Files& GameFiles() override { return *files_; }
+
+  private:
+    struct WindowDeleter {
+        void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
+    };
+
+    bool StartVideo();
+    int DisplayIndex() const;
+    SDL_DisplayMode DesktopMode() const;
+    /// The window's inside, in screen pixels.
+    SDL_Rect WindowArea() const;
+    void MoveWindow(const SDL_Rect& area);
+    void PlaceWindow(const SDL_Rect& area);
+    bool HasFrame() const;
+    SIZE ShownSize() const;
+    Placement CurrentPlacement() const;
+    void SendAgain();
+
+    // Events, in sdl_events.cpp.
+    void PumpEvents();
+    void Translate(const SDL_Event& event);
+    void OnWindowEvent(const SDL_WindowEvent& event);
+    void OnKey(const SDL_KeyboardEvent& event);
+    void OnWheel(const SDL_MouseWheelEvent& event);
+    void PushMouse(HostEventType type, int x, int y, int amount = 0);
+    void Push(HostEventType type) { pending_.push_back({.type = type}); }
+    void ReadKeyboardLayout();
+
+    std::unique_ptr<Files> files_;
+    std::unique_ptr<SDL_Window, WindowDeleter> window_;
+    int scale_ = 1;
+    WindowPicture picture_;
+    bool sendAgain_ = false;
+
+    bool fullScreen_ = false;
+    SIZE fullScreenPicture_;
+    SDL_DisplayMode fullScreenMode_{};
+    /// Where the window was, or is to be, outside full screen; in screen pixels.
+    SDL_Rect windowed_{};
+    bool isManaged_ = false;
+
+    std::deque<HostEvent> pending_;
+    KeyTable keys_;
+    /// The code that each held key went down as: it comes up as the same, also when NumLock or the
+    /// layout has changed meanwhile.
+    std::array<std::uint8_t, SDL_NUM_SCANCODES> held_{};
+    std::optional<SignalWatch> signals_;
+};
+
+/// What the signal watch pushes.
+inline constexpr std::uint32_t kTerminateEvent = SDL_USEREVENT;
+
+}  // namespace korvane

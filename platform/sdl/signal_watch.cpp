@@ -1,0 +1,44 @@
+#include "platform/sdl/signal_watch.h"
+
+#include <pthread.h>
+
+#include <utility>
+
+namespace korvane {
+namespace {
+
+bool IsIgnored(int signal) {
+    struct sigaction action {};
+    return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
+/// Wakes the waiting thread at the end; always watched, so it must be none of the others.
+constexpr int kEndSignal = SIGUSR2;
+
+}  // namespace
+
+SignalWatch::SignalWatch(std::function<void()> onSignal) : onSignal_(std::move(onSignal)) {
+    sigemptyset(&signals_);
+    sigaddset(&signals_, kEndSignal);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        if (!IsIgnored(signal)) sigaddset(&signals_, signal);
+    pthread_sigmask(SIG_BLOCK, &signals_, nullptr);
+    thread_ = std::thread([this] { Run(); });
+}
+
+SignalWatch::~SignalWatch() {
+    ending_ = true;
+    pthread_kill(thread_.native_handle(), kEndSignal);
+    thread_.join();
+}
+
+void SignalWatch::Run() {
+    for (;;) {
+        int signal = 0;
+        if (sigwait(&signals_, &signal) != 0) return;
+        if (ending_) return;
+        if (signal != kEndSignal) onSignal_();
+    }
+}
+
+}  // namespace korvane

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace korvane {
+
+/// What a test wants to put into a BMP file; the defaults make an ordinary one.
+struct BmpRecipe {
+    int width = 1;
+    int height = 1;  ///< negative: rows from the top down
+    int bits = 24;
+    std::uint32_t compression = 0;
+    std::uint32_t infoSize = 40;
+    /// 0x00RRGGBB of a point from the top left, or with `bits` up to 8 the palette index.
+    std::function<std::uint32_t(int x, int y)> pixel = [](int, int) { return 0u; };
+    std::vector<std::uint32_t> palette = {};
+};
+
+std::vector<std::byte> MakeBmp(const BmpRecipe& recipe);
+
+}  // namespace korvane

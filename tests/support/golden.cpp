@@ -1,0 +1,67 @@
+#include "tests/support/golden.h"
+
+#include <png.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
+#include <vector>
+
+#include "platform/headless/headless_host.h"
+
+namespace korvane {
+namespace {
+
+struct Picture {
+    SIZE size;
+    std::vector<std::uint32_t> pixels;  ///< 0x00RRGGBB
+
+    bool operator==(const Picture&) const = default;
+};
+
+constexpr std::uint32_t kOpaque = 0xFF000000;
+
+std::optional<Picture> ReadPng(const std::string& file) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    if (!png_image_begin_read_from_file(&image, file.c_str())) return std::nullopt;
+    image.format = PNG_FORMAT_BGRA;
+    Picture picture{{static_cast<int>(image.width), static_cast<int>(image.height)},
+                    std::vector<std::uint32_t>(image.width * image.height)};
+    if (!png_image_finish_read(&image, nullptr, picture.pixels.data(), 0, nullptr))
+        return std::nullopt;
+    for (std::uint32_t& pixel : picture.pixels)
+        pixel &= ~kOpaque;
+    return picture;
+}
+
+bool WritePng(const std::string& file, const Picture& picture) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = static_cast<png_uint_32>(picture.size.cx);
+    image.height = static_cast<png_uint_32>(picture.size.cy);
+    image.format = PNG_FORMAT_BGRA;
+    std::vector<std::uint32_t> pixels = picture.pixels;
+    for (std::uint32_t& pixel : pixels)
+        pixel |= kOpaque;
+    return png_image_write_to_file(&image, file.c_str(), 0, pixels.data(), 0, nullptr) != 0;
+}
+
+}  // namespace
+
+testing::AssertionResult MatchesGolden(const std::string& name) {
+    const Picture now{Headless().PictureSize(), Headless().Picture()};
+    const std::string golden = std::string(KORVANE_GOLDEN_FOLDER) + "/" + name + ".png";
+    const char* rewrite = std::getenv("KORVANE_REWRITE_GOLDEN");
+    if (rewrite && std::string(rewrite) == "1")
+        return WritePng(golden, now) ? testing::AssertionSuccess()
+                                     : testing::AssertionFailure() << "cannot write " << golden;
+    const std::optional<Picture> wanted = ReadPng(golden);
+    if (wanted == now) return testing::AssertionSuccess();
+    const std::string actual = name + ".actual.png";
+    WritePng(actual, now);
+    return testing::AssertionFailure()
+           << (wanted ? "differs from " : "there is no ") << golden << "; see " << actual;
+}
+
+}  // namespace korvane
