@@ -6,6 +6,7 @@
 #include "app/commands.h"
 #include "app/keyboard_input.h"
 #include "app/main_window.h"
+#include "app/menu_states.h"
 #include "app/mouse_input.h"
 #include "app/process_state.h"
 #include "app/settings.h"
@@ -79,6 +80,9 @@ LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lPa
         case WM_MOVE:
             if (currentDisplay) currentDisplay->UpdateWindowRect();
             return 0;
+        case WM_INITMENUPOPUP:
+            SetMenuStates(reinterpret_cast<HMENU>(wParam));
+            break;
         case WM_GETMINMAXINFO: {
             auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
             limits->minTrackSize = limits->maxTrackSize = MainWindowSize();

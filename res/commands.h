@@ -6,6 +6,7 @@ namespace korvane {
 
 /// Command ids of the window menu and of accelerator keys.
 enum Command : std::uint16_t {
+    kCmdAbout = 1000,
     kCmdExit = 1001,
     kCmdToggleFullScreen = 1002,
     kCmdRightRestart = 40001,
@@ -29,7 +30,9 @@ enum Command : std::uint16_t {
     kCmdHighScores = 40019,
     kCmdOnePlayer = 40020,
     kCmdTwoPlayers = 40021,
+    kCmdAdvancedSettings = 40024,
     kCmdShowFps = 40025,
+    kCmdSfxSettings = 40027,
 };
 
 }  // namespace korvane
