@@ -45,17 +45,17 @@ struct KeyRange {
 /// The keys that can be bound. Tab and the function keys are among those that cannot: commands and
 /// the window manager have them.
 constexpr std::array kBindableKeys = {
-    KeyRange{VK_BACK, VK_BACK},        //
-    KeyRange{VK_RETURN, VK_RETURN},    //
-    KeyRange{VK_SHIFT, VK_CONTROL},    //
-    KeyRange{VK_SPACE, VK_DOWN},       // Space, Page Up and Down, End, Home, the arrows
-    KeyRange{VK_INSERT, VK_DELETE},    //
-    KeyRange{'0', '9'},                //
-    KeyRange{'A', 'Z'},                //
-    KeyRange{VK_NUMPAD0, VK_NUMPAD9},  //
-    KeyRange{VK_OEM_1, VK_OEM_3},      // ; = , - . / `
-    KeyRange{VK_OEM_4, VK_OEM_7},      // [ \ ] '
-    KeyRange{VK_OEM_102, VK_OEM_102},  //
+    KeyRange{VK_BACK, VK_BACK},
+    KeyRange{VK_RETURN, VK_RETURN},
+    KeyRange{VK_SHIFT, VK_CONTROL},
+    KeyRange{VK_SPACE, VK_DOWN},  // Space, Page Up and Down, End, Home, the arrows
+    KeyRange{VK_INSERT, VK_DELETE},
+    KeyRange{'0', '9'},
+    KeyRange{'A', 'Z'},
+    KeyRange{VK_NUMPAD0, VK_NUMPAD9},
+    KeyRange{VK_OEM_1, VK_OEM_3},  // ; = , - . / `
+    KeyRange{VK_OEM_4, VK_OEM_7},  // [ \ ] '
+    KeyRange{VK_OEM_102, VK_OEM_102},
 };
 
 bool IsBindable(std::uint8_t key) {
