@@ -168,10 +168,13 @@ void SdlHost::SetClientSize(SIZE size) {
 }
 
 void SdlHost::SetClientOrigin(POINT origin) {
-    SDL_Rect area = fullScreen_ ? windowed_ : WindowArea();
+    const SDL_Rect before = fullScreen_ ? windowed_ : WindowArea();
+    SDL_Rect area = before;
     area.x = origin.x * scale_;
     area.y = origin.y * scale_;
+    if (area.x == before.x && area.y == before.y) return;
     MoveWindow(area);
+    Push(HostEventType::Moved);  // SDL only tells of moves by others
 }
 
 RECT SdlHost::ClientArea() {
