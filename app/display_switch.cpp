@@ -6,6 +6,8 @@
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
 #include "res/menu.h"
+#include "screens/high_score_screen.h"
+#include "screens/menu_screen.h"
 
 namespace korvane {
 namespace {
@@ -48,6 +50,8 @@ bool ReloadSkinGraphics() {
         currentDisplay->BackBuffer()->Restore();
     }
     if (theFont) theFont->Reload();
+    if (theMenuScreen) theMenuScreen->ReloadPictures();
+    if (theHighScoreScreen) theHighScoreScreen->ReloadPictures();
     theGameArt.Reload();
     return true;
 }

@@ -82,6 +82,8 @@ void SetMenuStates(HMENU menu) {
     EnableScreenItems(menu);
     CheckPlayerItems(menu, kRightItems);
     CheckPlayerItems(menu, kLeftItems);
+    Enable(menu, kCmdMusic, audioReady);
+    Enable(menu, kCmdSoundEffects, audioReady);
     Enable(menu, kCmdToggleFullScreen, theSettings.fullscreenBpp != 0);
 }
 

@@ -346,7 +346,8 @@ TEST_F(FallTest, ABlockedSpawnEndsTheGameAndLeavesTheFigureToBeSeen) {
     Board board = BoardEndingIn({"1111....11"});
     board.Set(2, 5, kMarkerCell);
     player_.SetBoard(board);
-    Frames(player_, 40);
+    for (int i = 0; i < 40 && player_.IsRunning(); ++i)
+        Frame(player_);
     EXPECT_FALSE(player_.IsRunning());
     EXPECT_TRUE(player_.IsJoined());
     EXPECT_EQ(player_.CurrentFigure()->Type(), kSquare);

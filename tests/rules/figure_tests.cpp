@@ -280,6 +280,7 @@ TEST(FigureGlide, IsBlockedOnlyOnARowAndKeepsWhatItOwes) {
     EXPECT_EQ(figure.PixelOffset(), 2);
     // Once on its way into a row it arrives there, whatever has come into the row meanwhile.
     board.FillRow(5, kMarkerCell);
+    board.FillRow(6, kMarkerCell);
     EXPECT_FALSE(figure.Glide(20.0));
     EXPECT_EQ(figure.Row(), 4);
     EXPECT_EQ(figure.PixelOffset(), 0);

@@ -33,6 +33,8 @@ class TemporaryFolder {
     void Write(const std::string& name, std::span<const std::byte> bytes) const {
         const std::filesystem::path file = path_ / name;
         std::filesystem::create_directories(file.parent_path());
+        // Emptying a file in place makes some file systems wait for the disk; a new one does not.
+        std::filesystem::remove(file);
         std::ofstream stream(file, std::ios::binary);
         stream.write(reinterpret_cast<const char*>(bytes.data()),
                      static_cast<std::streamsize>(bytes.size()));
