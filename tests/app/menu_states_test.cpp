@@ -23,6 +23,7 @@ class MenuStatesTest : public testing::Test {
         theSettings.SetDefaults();
         menuShowing = true;
         showFps = false;
+        audioReady = true;
         rightPlayer = std::make_unique<Player>(Side::Right);
         leftPlayer = std::make_unique<Player>(Side::Left);
     }
@@ -30,7 +31,7 @@ class MenuStatesTest : public testing::Test {
         rightPlayer.reset();
         leftPlayer.reset();
         menuShowing = true;
-        showFps = false;
+        showFps = audioReady = false;
         theSettings.SetDefaults();
     }
 
@@ -97,6 +98,12 @@ TEST_F(MenuStatesTest, GreysWhatCannotBeChosenNow) {
     rightPlayer.reset();
     leftPlayer.reset();
     EXPECT_FALSE(Items(&MenuItem::greyed).contains(kCmdRightEasy));
+    for (const std::uint16_t sound : {kCmdMusic, kCmdSoundEffects}) {
+        audioReady = true;
+        EXPECT_FALSE(Items(&MenuItem::greyed).contains(sound));
+        audioReady = false;
+        EXPECT_TRUE(Items(&MenuItem::greyed).contains(sound));
+    }
 }
 
 TEST_F(MenuStatesTest, ChecksWhatIsChosen) {
