@@ -28,6 +28,7 @@ struct Window {
     std::string title;
     std::unique_ptr<Menu> menu;
     bool shown = false;
+    bool hiddenAgain = false;  ///< was seen as a message box alone, and has not been shown since
     bool minimized = false;
     bool active = false;  ///< has the keyboard, by itself or through its message box
 };

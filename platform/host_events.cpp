@@ -36,8 +36,8 @@ void OnLeftButtonDown(const HostEvent& event) {
 }
 
 void OnActivation(Window& window, bool active) {
-    // What a message box that stood alone before the window was shown has left behind.
-    if (!window.shown) return;
+    // The keyboard was the message box's that stood alone in the window.
+    if (window.hiddenAgain) return;
     window.active = active;
     const int low = static_cast<int>(active ? WA_ACTIVE : WA_INACTIVE);
     SendMessage(&window, WM_ACTIVATE, MakeParam(low, !active && window.minimized), 0);

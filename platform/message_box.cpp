@@ -80,6 +80,7 @@ void MessageBoxWindow::RunLoop() {
 void MessageBoxWindow::Leave() {
     if (!window_.shown) TheHost().ShowWindow(false);
     if (alone_) {
+        window_.hiddenAgain = true;
         TheHost().SetTitle(window_.title);
         TheHost().SetClientSize(sizeBefore_);
     }

@@ -100,6 +100,7 @@ void ShowWindow(HWND window) {
     if (!window) return;
     TheHost().ShowWindow(true);
     window->shown = true;
+    window->hiddenAgain = false;
     const RECT client = GetClientRect(window);
     SendMessage(window, WM_SIZE, SIZE_RESTORED,
                 static_cast<LPARAM>(MakeParam(client.right, client.bottom)));

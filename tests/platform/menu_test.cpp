@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
 
 #include "platform/typeface.h"
@@ -213,20 +212,6 @@ TEST_F(MenuTest, ClientAreaBeginsBelowTheBar) {
     EXPECT_EQ(ShownPopup(), kFile);
 }
 
-/// What the window shows where the game's pixel (x, y) lies.
-std::uint32_t GamePixel(int x, int y) {
-    return Headless().PixelAt(x, y + kMenuBarHeight);
-}
-
-/// How many of the game's pixels show another colour.
-int GamePixelsOtherThan(std::uint32_t colour) {
-    int count = 0;
-    for (int y = 0; y < 480; ++y)
-        for (int x = 0; x < 640; ++x)
-            count += GamePixel(x, y) != colour;
-    return count;
-}
-
 TEST_F(MenuTest, PopupLiesOverTheGameAndLeavesNothingBehind) {
     Start();
     Click(TitleCentre(kFile));
@@ -351,29 +336,6 @@ TEST(TypefaceTest, IsLegibleWithoutFontFile) {
     EXPECT_NE(drawn("a"), drawn("B"));
     EXPECT_NE(drawn("_"), drawn(" "));
     EXPECT_EQ(drawn("~"), drawn("?"));
-}
-
-/// Any event at any time, mostly near the menu.
-HostEvent RandomEvent(std::mt19937& random) {
-    const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
-    constexpr std::uint8_t kKeys[] = {VK_MENU, VK_F10,  VK_ESCAPE, VK_RETURN, VK_LEFT, VK_RIGHT,
-                                      VK_UP,   VK_DOWN, 'F',       'E',       'C',     VK_F5};
-    constexpr HostEventType kRare[] = {Deactivated, Activated, Resized, Minimized, Restored, Moved};
-    HostEvent event;
-    const int kind = below(100);
-    if (kind == 0) {
-        event.type = kRare[below(std::size(kRare))];
-    } else if (kind < 50) {
-        event.type = kind < 30 ? KeyDown : KeyUp;
-        event.key = kKeys[below(std::size(kKeys))];
-        event.modifiers = below(3) == 0 ? kModAlt : 0;
-        event.repeat = kind < 3;
-    } else {
-        event.type = kind < 70 ? MouseMove : kind < 85 ? LeftButtonDown : LeftButtonUp;
-        event.x = below(300) - 10;
-        event.y = below(200) - 10;
-    }
-    return event;
 }
 
 TEST_F(MenuTest, HoldsUnderRandomUse) {

@@ -232,6 +232,35 @@ TEST_F(MessageBoxTest, SurvivesTheWindowsEnd) {
     ASSERT_EQ(Screen().Reports().size(), 1u);
 }
 
+TEST_F(MessageBoxTest, HoldsUnderRandomUse) {
+    Start();
+    std::mt19937 random(12);
+    int boxes = 0;
+    bool open = false;
+    bool steered = false;
+    Screen().WhenWaiting([&] { Screen().Push(RandomEvent(random)); });
+    onMessage_ = [&](const MSG& message) {
+        steered |= open && (message.message == WM_KEYDOWN || message.message == WM_LBUTTONDOWN);
+        if (message.message != WM_COMMAND || open) return;
+        open = true;
+        ++boxes;
+        MessageBox(window_, kText, "Caption", MB_ICONERROR);
+        open = false;
+    };
+    for (int i = 0; i < 30'000; ++i) {
+        Screen().Push(RandomEvent(random));
+        Pump();
+        received_.clear();
+        DrawFrame(kGameColour, {0, 0, 40 + i % 50, 60}, static_cast<unsigned>(i));
+        if (i % 512 != 0) continue;
+        DrawFrame(kGameColour);
+        Push({{.type = Deactivated}});
+        ASSERT_EQ(GamePixelsOtherThan(kGameColour), 0) << i;
+    }
+    EXPECT_GT(boxes, 50);
+    EXPECT_FALSE(steered);
+}
+
 TEST(BoxFaceTest, WrapsText) {
     const int wide = TextWidth("one two", 1);
     struct Case {

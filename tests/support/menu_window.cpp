@@ -217,6 +217,41 @@ std::size_t MenuWindowTest::ShownPopup() {
     return kNoEntry;
 }
 
+std::uint32_t MenuWindowTest::GamePixel(int x, int y) {
+    return Headless().PixelAt(x, y + kMenuBarHeight);
+}
+
+int MenuWindowTest::GamePixelsOtherThan(std::uint32_t colour) {
+    int count = 0;
+    for (int y = 0; y < 480; ++y)
+        for (int x = 0; x < 640; ++x)
+            count += GamePixel(x, y) != colour;
+    return count;
+}
+
+HostEvent MenuWindowTest::RandomEvent(std::mt19937& random) {
+    using enum HostEventType;
+    const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+    constexpr std::uint8_t kKeys[] = {VK_MENU, VK_F10,  VK_ESCAPE, VK_RETURN, VK_LEFT, VK_RIGHT,
+                                      VK_UP,   VK_DOWN, 'F',       'E',       'C',     VK_F5};
+    constexpr HostEventType kRare[] = {Deactivated, Activated, Resized, Minimized, Restored, Moved};
+    HostEvent event;
+    const int kind = below(100);
+    if (kind == 0) {
+        event.type = kRare[below(std::size(kRare))];
+    } else if (kind < 50) {
+        event.type = kind < 30 ? KeyDown : KeyUp;
+        event.key = kKeys[below(std::size(kKeys))];
+        event.modifiers = below(3) == 0 ? kModAlt : 0;
+        event.repeat = kind < 3;
+    } else {
+        event.type = kind < 70 ? MouseMove : kind < 85 ? LeftButtonDown : LeftButtonUp;
+        event.x = below(300) - 10;
+        event.y = below(200) - 10;
+    }
+    return event;
+}
+
 std::vector<MSG> MenuWindowTest::Received(std::uint32_t message) {
     std::vector<MSG> found;
     for (const MSG& received : received_)

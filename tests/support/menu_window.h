@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <random>
 #include <vector>
 
 #include "platform/ddraw.h"
@@ -58,6 +59,13 @@ class MenuWindowTest : public testing::Test {
     static POINT ItemCentre(std::size_t popup, std::size_t item);
     /// Which popup the picture shows; kNoEntry for none.
     static std::size_t ShownPopup();
+
+    /// What the window shows where the game's pixel (x, y) lies.
+    static std::uint32_t GamePixel(int x, int y);
+    /// How many of the game's pixels show another colour.
+    static int GamePixelsOtherThan(std::uint32_t colour);
+    /// Any event at any time, mostly near the menu.
+    static HostEvent RandomEvent(std::mt19937& random);
 
     static std::vector<MSG> Received(std::uint32_t message);
     static std::size_t Count(std::uint32_t message) { return Received(message).size(); }

@@ -9,6 +9,14 @@
 #include "tests/support/flat_skin.h"
 
 namespace korvane {
+namespace {
+
+/// Rows of the window above the picture.
+int MenuBarRows() {
+    return GetMenu(mainWindow) ? GetSystemMetrics(SM_CYMENU) : 0;
+}
+
+}  // namespace
 
 void ProgramFixture::SetUp() {
     Headless().Reset();
@@ -63,7 +71,7 @@ void ProgramFixture::Press(std::uint8_t key, std::uint8_t modifiers) {
 }
 
 void ProgramFixture::Click(int x, int y) {
-    Headless().Push({.type = HostEventType::LeftButtonDown, .x = x, .y = y});
+    Headless().Push({.type = HostEventType::LeftButtonDown, .x = x, .y = y + MenuBarRows()});
     Pass();
 }
 
@@ -72,7 +80,7 @@ void ProgramFixture::Command(std::uint16_t id) {
 }
 
 std::string ProgramFixture::Seen(int x, int y) {
-    return FlatPictureOf(Headless().PixelAt(x, y));
+    return FlatPictureOf(Headless().PixelAt(x, y + MenuBarRows()));
 }
 
 std::string ProgramFixture::Text(int x, int y, int length, int advance) {
