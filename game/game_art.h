@@ -40,7 +40,6 @@ class GameArt {
 
     /// Only after Load.
     const Surface& Picture(Art art) const { return *pictures_[static_cast<std::size_t>(art)]; }
-    bool IsLoaded() const { return loaded_; }
 
   private:
     std::array<std::unique_ptr<Surface>, static_cast<std::size_t>(Art::Count)> pictures_;
