@@ -86,6 +86,8 @@ class Host {
     virtual void ShowWindow(bool visible) = 0;
     virtual void MinimizeWindow() = 0;
     virtual void SetTitle(const std::string& title) = 0;
+    /// The picture that the desktop shows for the window: 0xAARRGGBB, copied.
+    virtual void SetIcon(const PictureView& icon) = 0;
     virtual void SetClientSize(SIZE size) = 0;
     /// Moves the client area's top left corner to a point of the screen.
     virtual void SetClientOrigin(POINT origin) = 0;

@@ -1,6 +1,7 @@
 #include "platform/user.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <utility>
 
@@ -58,6 +59,15 @@ bool RegisterClass(const WNDCLASS& windowClass) {
     return true;
 }
 
+namespace {
+
+void ShowIcon(std::span<const std::uint32_t> square) {
+    const int side = static_cast<int>(std::lround(std::sqrt(square.size())));
+    TheHost().SetIcon({square.data(), side, side, side});
+}
+
+}  // namespace
+
 HWND CreateWindowEx(std::uint32_t exStyle, const std::string& className, const std::string& title,
                     std::uint32_t style, POINT position, SIZE size) {
     Desktop& desktop = TheDesktop();
@@ -77,6 +87,7 @@ HWND CreateWindowEx(std::uint32_t exStyle, const std::string& className, const s
         return nullptr;
     }
     ResetMenuBar();
+    if (!known->icon.empty()) ShowIcon(known->icon);
     if (position.x != CW_USEDEFAULT) SetWindowPos(window, position, {}, SWP_NOSIZE);
     return window;
 }

@@ -39,7 +39,8 @@ inline constexpr std::uint32_t SWP_NOACTIVATE = 0x0010;
 struct WNDCLASS {
     std::string className;
     WNDPROC procedure = nullptr;
-    MENUTEMPLATE menu = {};  ///< empty: none
+    MENUTEMPLATE menu = {};                    ///< empty: none
+    std::span<const std::uint32_t> icon = {};  ///< a square of 0xAARRGGBB pixels; empty: none
 };
 
 /// Makes a class known by its name; false without a name or a procedure.

@@ -74,6 +74,7 @@ class HeadlessHost final : public Host {
     void ShowWindow(bool visible) override;
     void MinimizeWindow() override;
     void SetTitle(const std::string& title) override { title_ = title; }
+    void SetIcon(const PictureView& icon) override { iconSize_ = {icon.width, icon.height}; }
     void SetClientSize(SIZE size) override;
     void SetClientOrigin(POINT origin) override;
     RECT ClientArea() override;
@@ -92,6 +93,8 @@ class HeadlessHost final : public Host {
     Files& GameFiles() override;
 
     const std::string& Title() const { return title_; }
+    /// 0 x 0 when the window has none.
+    SIZE IconSize() const { return iconSize_; }
 
   private:
     int ShownScale() const { return fullScreen_ ? 1 : scale_; }
@@ -109,6 +112,7 @@ class HeadlessHost final : public Host {
     bool visible_ = false;
     bool fullScreen_ = false;
     std::string title_;
+    SIZE iconSize_;
     POINT clientOrigin_{100, 100};
     SIZE clientSize_;
     int scale_ = 1;

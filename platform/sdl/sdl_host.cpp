@@ -156,6 +156,17 @@ void SdlHost::MinimizeWindow() {
     SDL_MinimizeWindow(window_.get());
 }
 
+void SdlHost::SetIcon(const PictureView& icon) {
+    // SDL only reads through the pointer, and copies what it reads.
+    auto* pixels = const_cast<std::uint32_t*>(icon.pixels);
+    SDL_Surface* surface = SDL_CreateRGBSurfaceWithFormatFrom(
+        pixels, icon.width, icon.height, 32, icon.pitch * int{sizeof(std::uint32_t)},
+        SDL_PIXELFORMAT_ARGB8888);
+    if (surface == nullptr) return;
+    SDL_SetWindowIcon(window_.get(), surface);
+    SDL_FreeSurface(surface);
+}
+
 void SdlHost::SetTitle(const std::string& title) {
     SDL_SetWindowTitle(window_.get(), title.c_str());
 }

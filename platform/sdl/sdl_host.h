@@ -42,6 +42,7 @@ class SdlHost final : public Host {
     void ShowWindow(bool visible) override;
     void MinimizeWindow() override;
     void SetTitle(const std::string& title) override;
+    void SetIcon(const PictureView& icon) override;
     void SetClientSize(SIZE size) override;
     void SetClientOrigin(POINT origin) override;
     RECT ClientArea() override;

@@ -179,6 +179,7 @@ TEST_F(StartUpTest, ADisplayOfSomebodyElseIsWaitedFor) {
 TEST_F(StartUpTest, AChangedDisplayIsOpenedAnewWithAllPictures) {
     WriteTestSkin(folder, "Original");
     ASSERT_TRUE(StartUp());
+    EXPECT_EQ(Headless().IconSize(), (SIZE{32, 32}));
     Tap(VK_F3);
     const std::uint32_t frame = Headless().PixelAt(336, 200);
     ASSERT_NE(frame, 0u);
