@@ -1,0 +1,69 @@
+"""The files in which the game remembers things."""
+
+import struct
+from dataclasses import dataclass, field
+
+RIGHT, LEFT = 0, 1
+NAME_BYTES = 14
+DIFFICULTIES = ("Easy", "Medium", "Hard")
+
+
+@dataclass
+class Settings:
+    """data/menu.dat. Pairs have the right player first."""
+
+    players: int = 1
+    difficulty: list = field(default_factory=lambda: [0, 0])
+    clockwise: list = field(default_factory=lambda: [False, False])
+    quakes: bool = True
+    battle: bool = False
+
+    def record(self):
+        """What the tour does not set is the default, but there is no dialog at the start, the score
+        does not count up and the drop key takes a figure down at once."""
+        skin = b"Original\0"
+        return (struct.pack("<Bii", self.players, *self.difficulty)
+                + bytes([*self.clockwise, 0, 0])                   # time based
+                + bytes([1, 1, self.quakes, self.battle, 1])       # music, sounds; windowed
+                + bytes([0, 1, 1, 0])                              # score, previews, quakes
+                + struct.pack("<III", 0, 16, 0)                    # drop delay, full screen
+                + bytes([1, 1])                                    # statistics
+                + struct.pack("<H", len(skin)) + skin
+                + bytes([0, 1, 31])                                # dialog, scrolling, sounds
+                + struct.pack("<i", 8))                            # drop magnitude
+
+    def pressed_buttons(self):
+        """The buttons of the menu that these settings keep pressed."""
+        pressed = {"OnePlayer" if self.players == 1 else "TwoPlayers", "Music", "SoundEffects"}
+        for side, name in ((RIGHT, "Right"), (LEFT, "Left")):
+            pressed.add(name + DIFFICULTIES[self.difficulty[side]])
+            pressed.add(name + ("Clockwise" if self.clockwise[side] else "CounterClockwise"))
+        if self.quakes:
+            pressed.add("Quakes")
+        if self.battle:
+            pressed.add("Battle")
+        return pressed
+
+
+def score_record(name, lines, level, score):
+    """One of the ten rows of data/hs.dat."""
+    return struct.pack("<14siii", name.encode(), lines, level, score)
+
+
+def read_score(table, row):
+    """The name, as it is stored up to its end, and the three numbers of a row of data/hs.dat."""
+    name, *numbers = struct.unpack_from("<14siii", table, row * (NAME_BYTES + 12))
+    return name.split(b"\0")[0].decode("latin-1"), *numbers
+
+
+# Scores that every game beats.
+LOW_SCORES = b"".join(score_record("NOBODY", 0, 0, score) for score in range(10, 0, -1))
+
+# data/keys.dat: turn, drop, left, right and pause of the right player, then of the left one.
+DEFAULT_KEYS = bytes([38, 40, 37, 39, ord("P")]) + b"WSADT"
+RIGHT_PAUSE = 4  # in the file
+
+# data/sync.dat: a version, then for ten levels the speeds of the three difficulties (milliseconds
+# for a row, pixels per second) and when the level begins (figures, seconds). So slow a figure needs
+# more than half a minute to the ground: what comes down sooner was dropped.
+SLOW_LEVELS = struct.pack("<I", 151) + 10 * struct.pack("<8I", *3 * [2000, 8], 1000, 1000)

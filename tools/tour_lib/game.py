@@ -1,0 +1,227 @@
+"""The running program: its window, what it shows and what can be pressed there."""
+
+from .pictures import Skin
+from .waiting import PATIENCE, TourFailure, wait_for
+
+WIDTH, HEIGHT = 640, 480
+MENU_BAR = 19  # pixels above the picture
+POPUP_COLOUR = bytes.fromhex("d4d0c8")
+
+# Place and pictures of the menu's buttons. A button has a second picture when it can be disabled.
+BUTTONS = {
+    "OnePlayer": (156, 143, "menu/1playerbutt.bmp", None),
+    "TwoPlayers": (156, 183, "menu/2playerbutt.bmp", None),
+    "RightEasy": (391, 140, "menu/easybutt.bmp", None),
+    "RightMedium": (391, 174, "menu/mediumbutt.bmp", None),
+    "RightHard": (391, 208, "menu/hardbutt.bmp", None),
+    "LeftEasy": (278, 140, "menu/easybutt.bmp", "menu/easybutt2.bmp"),
+    "LeftMedium": (278, 174, "menu/mediumbutt.bmp", "menu/mediumbutt2.bmp"),
+    "LeftHard": (278, 208, "menu/hardbutt.bmp", "menu/hardbutt2.bmp"),
+    "RightTime": (391, 293, "menu/timebutt.bmp", None),
+    "LeftTime": (278, 293, "menu/timebutt.bmp", "menu/timebutt2.bmp"),
+    "RightCounterClockwise": (391, 259, "menu/ccwrotbutt.bmp", None),
+    "RightClockwise": (437, 259, "menu/cwrotbutt.bmp", None),
+    "LeftCounterClockwise": (278, 259, "menu/ccwrotbutt.bmp", "menu/ccwrotbutt2.bmp"),
+    "LeftClockwise": (324, 259, "menu/cwrotbutt.bmp", "menu/cwrotbutt2.bmp"),
+    "Battle": (400, 343, "menu/battlebutt.bmp", "menu/battlebutt2.bmp"),
+    "Quakes": (278, 343, "menu/quakebutt.bmp", None),
+    "Music": (156, 263, "menu/musicbutt.bmp", "menu/musicbutt2.bmp"),
+    "SoundEffects": (156, 303, "menu/sfxbutt.bmp", "menu/sfxbutt2.bmp"),
+    "ConfigureKeys": (156, 223, "menu/confbutt.bmp", None),
+    "Start": (156, 403, "menu/startbutt.bmp", None),
+    "Quit": (278, 403, "menu/quitbutt.bmp", None),
+    "About": (156, 343, "menu/aboutbutt.bmp", None),
+}
+# Buttons of the other views.
+VIEW_BUTTONS = {
+    "CreditsBack": (269, 435, "menu/backbutt.bmp", None),
+    "KeyConfigBack": (180, 440, "menu/backbutt.bmp", "menu/backbutt2.bmp"),
+    "Reset": (324, 440, "menu/resetbutt.bmp", "menu/resetbutt2.bmp"),
+    "ScoresMenu": (208, 439, "HighScore/menubutt.bmp", "HighScore/menuButt2.bmp"),
+    "ScoresPlay": (328, 439, "HighScore/playButt.bmp", "HighScore/playButt2.bmp"),
+}
+ALL_BUTTONS = BUTTONS | VIEW_BUTTONS
+# They are enabled when the program has sound, which is not what the tour looks at.
+NEED_SOUND = {"Music", "SoundEffects"}
+
+# The boards' insides: ten columns of 16 pixels, twenty-two rows.
+CELL, COLUMNS, ROWS = 16, 10, 22
+BOARD_X = {"left": 45, "right": 365}
+BOARD_Y = 50
+OVERLAYS = {"pause": (40, 144), "looser": (35, 144), "winner": (5, 144), "join1": (5, 132)}
+GAME_KEY = 1
+SCORE, WINS = (193, 355), (193, 296)
+
+# Key slots of the configuration, in the order of data/keys.dat.
+SLOTS = [(x, 105 + 66 * action) for x in (335, 165) for action in range(5)]
+SLOT_GLYPH, SLOT_GLYPH_KEY = (18, 10), 2
+ARROWS = {37: 0, 40: 1, 38: 2, 39: 3}
+
+FIRST_SCORE_Y, SCORE_PITCH = 138, 28
+NAME_X, LINES_X, LEVEL_X, SCORE_X = 64, 272, 393, 496
+
+
+def glyph_of(key):
+    """The picture with a key's glyph, how many glyphs stand in it, and which one it is."""
+    if key in ARROWS:
+        return "keys1", 20, ARROWS[key]
+    letter = key - ord("A")
+    return ("alpha1", 20, letter) if letter < 20 else ("alpha2", 6, letter - 20)
+
+
+class View:
+    """What the game shows at one moment."""
+
+    def __init__(self, window, skin):
+        self.window = window
+        self.skin = skin
+        self.picture = window.part(0, MENU_BAR, WIDTH, HEIGHT)
+
+    def shows(self, name, x, y, **frame):
+        return self.picture.shows(self.skin.sprite(name, **frame), x, y)
+
+    # Menu. ----------------------------------------------------------------------------------------
+
+    def has_button(self, name, pressed=False, enabled=True):
+        x, y, picture, disabled_picture = ALL_BUTTONS[name]
+        return self.shows(picture if enabled else disabled_picture, x, y, frame=int(pressed),
+                          frames=2)
+
+    def wrong_buttons(self, settings):
+        """The main menu's buttons that do not look as the settings want it."""
+        pressed = settings.pressed_buttons()
+        return [name for name in BUTTONS if not self.is_right(name, name in pressed, settings)]
+
+    def is_right(self, name, pressed, settings):
+        if name in NEED_SOUND:
+            return any(self.has_button(name, pressed, enabled) for enabled in (True, False))
+        needs_two = name.startswith("Left") or name == "Battle"
+        return self.has_button(name, pressed, settings.players == 2 or not needs_two)
+
+    def has_popup(self):
+        """Whether a popup of the window menu is open: its paper has a colour of its own."""
+        return any(POPUP_COLOUR * 15 in self.picture.run(0, y, WIDTH) for y in range(3, 60))
+
+    def frame_rate(self):
+        return self.skin.number(self.picture, 0, 0)
+
+    # Key configuration. ---------------------------------------------------------------------------
+
+    def slot_is_armed(self, slot):
+        return self.shows("KeyConfig/keybuttongrey.bmp", *SLOTS[slot], frame=1, frames=2)
+
+    def slots_show(self, keys):
+        return all(self.slot_shows(slot, key) for slot, key in enumerate(keys))
+
+    def slot_shows(self, slot, key):
+        """Letters and arrows only."""
+        sheet, cells, cell = glyph_of(key)
+        x, y = SLOTS[slot]
+        return self.shows(f"KeyConfig/{sheet}.bmp", x + SLOT_GLYPH[0], y + SLOT_GLYPH[1],
+                          frame=cell, frames=cells, key=SLOT_GLYPH_KEY)
+
+    # Game. ----------------------------------------------------------------------------------------
+
+    def board(self, side):
+        return self.picture.part(BOARD_X[side], BOARD_Y, COLUMNS * CELL, ROWS * CELL)
+
+    def overlay(self, side, name):
+        dx, dy = OVERLAYS[name]
+        return self.shows(f"Game/{name}.bmp", BOARD_X[side] + dx, BOARD_Y + dy, key=GAME_KEY)
+
+    def offers_battle(self):
+        return self.shows("Game/battleagain.bmp", 20, 432, key=GAME_KEY)
+
+    def score(self, side):
+        return self.skin.number(self.picture, BOARD_X[side] + SCORE[0], BOARD_Y + SCORE[1])
+
+    def wins(self, side):
+        return self.skin.number(self.picture, BOARD_X[side] + WINS[0], BOARD_Y + WINS[1])
+
+    def columns(self, side):
+        """The columns that hold tiles in the upper rows, where nothing lies: tiles are bright."""
+        board = self.board(side)
+        lines, spots = range(0, (ROWS - 6) * CELL, 4), range(2, CELL, 4)
+
+        def bright_spots(column):
+            return sum(max(board.at(column * CELL + x, y)) > 110 for y in lines for x in spots)
+        return {column for column in range(COLUMNS) if bright_spots(column) >= 6}
+
+    # High scores. ---------------------------------------------------------------------------------
+
+    def has_scores(self, can_leave):
+        return (self.shows("HighScore/highscore.bmp", 54, 0)
+                and all(self.has_button(name, enabled=can_leave)
+                        for name in ("ScoresMenu", "ScoresPlay")))
+
+    def has_name(self, row, name):
+        return self.skin.shows_text(self.picture, name, NAME_X, FIRST_SCORE_Y + SCORE_PITCH * row,
+                                    Skin.WIDE)
+
+    def has_cursor(self, row, column):
+        return self.shows("HighScore/cursor.bmp", NAME_X + Skin.WIDE * column,
+                          FIRST_SCORE_Y + SCORE_PITCH * row)
+
+    def numbers(self, row):
+        """Lines, level and score of a row."""
+        return tuple(self.skin.number(self.picture, x, FIRST_SCORE_Y + SCORE_PITCH * row)
+                     for x in (LINES_X, LEVEL_X, SCORE_X))
+
+
+class Game:
+    """The running program, its folder and its window."""
+
+    def __init__(self, screen, program, folder):
+        self.screen = screen
+        self.skin = Skin(folder / "Skins" / "Original")
+        self.process = screen.start([program], cwd=folder)
+        self.window = self.wait_for("window titled Korvane", lambda: screen.xdotool(
+            "search", "--onlyvisible", "--name", "^Korvane$"))
+        self.wait_for("keyboard focus", lambda: self.window == screen.xdotool(
+            "getwindowfocus", "-f"))
+        self.place = None
+        self.wait_for("menu", self.finds_menu)
+
+    def finds_menu(self):
+        """The window can still move when it has just come up."""
+        self.place = self.screen.place_of(self.window)
+        return (self.place and self.place[2:] == (WIDTH, MENU_BAR + HEIGHT)
+                and self.view().has_button("Start"))
+
+    def view(self):
+        return View(self.screen.grab(*self.place), self.skin)
+
+    def wait_for(self, what, condition, seconds=PATIENCE):
+        def check():
+            if self.process.poll() is not None:
+                raise TourFailure(f"{what}: the program ended with {self.process.returncode}")
+            return condition()
+        return wait_for(what, check, seconds)
+
+    def see(self, what, condition, seconds=PATIENCE):
+        """Returns the first view that a condition is true of."""
+        def check():
+            view = self.view()
+            return view if condition(view) else None
+        return self.wait_for(what, check, seconds)
+
+    def press(self, *keys):
+        self.screen.press(*keys)
+
+    def held(self, key):
+        return self.screen.held(key)
+
+    def click(self, x, y):
+        """Clicks at a point of the picture."""
+        self.screen.click(self.window, x, y + MENU_BAR)
+
+    def click_button(self, name):
+        x, y, picture, _ = ALL_BUTTONS[name]
+        sheet = self.skin.picture(picture)
+        self.click(x + sheet.width // 4, y + sheet.height // 2)
+
+    def end(self, what):
+        """The program is to end by itself, successfully."""
+        wait_for(f"end of the program {what}", lambda: self.process.poll() is not None)
+        if self.process.returncode != 0:
+            raise TourFailure(f"{what} the program ended with {self.process.returncode}")

@@ -1,0 +1,147 @@
+"""Steps through a battle, a game alone and the high scores after it."""
+
+from .game import BOARD_X, COLUMNS
+from .tour import check, see_menu
+from .waiting import TourFailure
+
+LEFT_KEYS = {"left": "a", "right": "d", "drop": "s", "turn": "w", "pause": "t"}
+# The pause key is the one that the key configuration has bound.
+RIGHT_KEYS = {"left": "Left", "right": "Right", "drop": "Down", "turn": "Up", "pause": "o"}
+NAME = "TOUR 7"
+
+
+# Two players. -------------------------------------------------------------------------------------
+
+def start_battle(tour):
+    tour.game.click_button("Start")
+    tour.game.see("two boards with a figure each",
+                  lambda view: all(view.score(side) == 0 and 0 < len(view.columns(side)) <= 4
+                                   for side in BOARD_X))
+    tour.keep_picture("battle")
+
+
+def drop(game, side, keys):
+    """Takes a figure down, which is so slow that it would not be there in time by itself. The key
+    is held: one that goes up again within a frame does nothing."""
+    score = game.view().score(side)
+    with game.held(keys["drop"]):
+        game.see(f"score for the {side} figure on the ground",
+                 lambda view: view.score(side) not in (None, score))
+
+
+def steer(side, keys):
+    def step(tour):
+        game = tour.game
+        with game.held(keys["left"]):
+            game.see(f"{side} figure at the left wall", lambda view: 0 in view.columns(side))
+        with game.held(keys["right"]):
+            game.see(f"{side} figure at the right wall",
+                     lambda view: COLUMNS - 1 in view.columns(side))
+        drop(game, side, keys)
+    return step
+
+
+def turn(side, keys):
+    def turn_one(game):
+        before = game.see(f"{side} figure", lambda view: view.columns(side))
+        width, score = len(before.columns(side)), before.score(side)
+
+        def is_turned():
+            game.press(keys["turn"])
+            now = game.view()
+            return len(now.columns(side)) not in (0, width) and now.score(side) == score
+        game.wait_for(f"{side} figure turned", is_turned, 3)
+
+    def step(tour):
+        for _ in range(4):
+            try:
+                turn_one(tour.game)
+                return tour.keep_picture(f"{side}-turned")
+            except TourFailure as failure:
+                last = failure
+            # A square looks the same when it is turned; the next figure may show it.
+            drop(tour.game, side, keys)
+        raise last
+    return step
+
+
+def pause_both(tour):
+    """In battle the pause key of one player is for both, and so is the other one's."""
+    game = tour.game
+    game.press(RIGHT_KEYS["pause"])
+    paused = game.see("both boards paused",
+                      lambda view: all(view.overlay(side, "pause") for side in BOARD_X))
+    tour.keep_picture("both-paused")
+    game.press(*10 * [RIGHT_KEYS["left"], LEFT_KEYS["right"]])
+    rested = game.view()
+    check("A paused figure moved",
+          all(rested.board(side) == paused.board(side) for side in BOARD_X))
+    game.press(LEFT_KEYS["pause"])
+    resumed = game.see("no board paused",
+                       lambda view: not any(view.overlay(side, "pause") for side in BOARD_X))
+    for side in BOARD_X:
+        game.see(f"{side} board goes on", lambda view: view.board(side) != resumed.board(side))
+
+
+def drop_until(tour, what, is_over):
+    """Drops one figure after the other on the right board."""
+    for _ in range(30):
+        score = tour.game.view().score("right")
+        with tour.game.held(RIGHT_KEYS["drop"]):
+            view = tour.game.see(f"{what}, or a figure on the ground", lambda view: is_over(view)
+                                 or view.score("right") not in (None, score))
+        if is_over(view):
+            return
+    raise TourFailure(f"{what}: not seen after 30 figures")
+
+
+def lose_battle(tour):
+    drop_until(tour, "loser, winner and the way to another battle",
+               lambda view: view.overlay("right", "looser") and view.overlay("left", "winner")
+               and view.offers_battle() and view.wins("left") == 1)
+    tour.keep_picture("left-has-won")
+
+
+def back_to_menu(tour):
+    tour.game.press("Escape")
+    see_menu(tour)
+
+
+# One player. --------------------------------------------------------------------------------------
+
+def start_alone(tour):
+    tour.game.click_button("Start")
+    tour.game.see("a figure on the right board alone",
+                  lambda view: view.score("right") == 0 and 0 < len(view.columns("right")) <= 4
+                  and view.overlay("left", "join1"))
+    tour.keep_picture("one-player")
+
+
+def restart(tour):
+    drop(tour.game, "right", RIGHT_KEYS)
+    tour.game.press("F2")
+    tour.game.see("score of a new game", lambda view: view.score("right") == 0)
+
+
+def lose_alone(tour):
+    drop_until(tour, "high scores after the game",
+               lambda view: view.has_scores(can_leave=False) and view.has_cursor(0, 0))
+
+
+def type_name(tour):
+    game = tour.game
+    game.press("t", "o", "u", "r", "x", "BackSpace", "space", "7")
+    game.see("typed name",
+             lambda view: view.has_name(0, NAME) and view.has_cursor(0, len(NAME)))
+    tour.keep_picture("name-typed")
+    game.press("Return")
+    view = game.see("end of the typing", lambda view: view.has_scores(can_leave=True)
+                    and not view.has_cursor(0, len(NAME)))
+    tour.scores = view.numbers(0)
+    check(f"These are no numbers of a game: {tour.scores}",
+          None not in tour.scores and tour.scores[-1] >= 4)
+
+
+def leave_scores(tour):
+    tour.game.click_button("ScoresMenu")
+    see_menu(tour)

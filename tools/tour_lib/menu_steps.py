@@ -1,0 +1,118 @@
+"""Steps through the menu, the window's menu, the key configuration and the credits."""
+
+from .data_files import DEFAULT_KEYS, LEFT, RIGHT, RIGHT_PAUSE
+from .game import SLOTS
+from .tour import check, see_menu
+
+BOUND_KEYS = DEFAULT_KEYS.replace(b"P", b"O")
+TITLE_MAIN = (20, -10)  # in the window's menu bar, above the picture
+
+
+# Menu. --------------------------------------------------------------------------------------------
+
+def open_menu(picture):
+    def step(tour):
+        tour.start_program()
+        see_menu(tour)
+        tour.keep_picture(picture)
+    return step
+
+
+def choose_two_players(tour):
+    tour.game.click_button("TwoPlayers")
+    tour.settings.players = 2
+    see_menu(tour)
+
+
+def choose_settings(tour):
+    tour.game.click_button("LeftMedium")
+    tour.settings.difficulty[LEFT] = 1
+    see_menu(tour)
+    tour.game.click_button("RightClockwise")
+    tour.settings.clockwise[RIGHT] = True
+    see_menu(tour)
+    tour.game.click_button("Quakes")
+    tour.settings.quakes = False
+    see_menu(tour)
+
+
+def choose_battle(tour):
+    tour.game.click_button("Battle")
+    tour.settings.battle = True
+    see_menu(tour)
+
+
+def choose_one_player(tour):
+    tour.game.click_button("OnePlayer")
+    tour.settings.players, tour.settings.battle = 1, False  # alone nobody can battle
+    see_menu(tour)
+
+
+# Window menu. -------------------------------------------------------------------------------------
+
+def show_frame_rate(tour):
+    """Opens a popup with the mouse and chooses with a letter."""
+    game = tour.game
+    check("There is a frame rate at the start", game.view().frame_rate() is None)
+    game.click(*TITLE_MAIN)
+    game.see("popup under the mouse", lambda view: view.has_popup())
+    tour.keep_picture("window-menu")
+    game.press("h")
+    game.see("frame rate", lambda view: view.frame_rate() and not view.has_popup())
+    tour.keep_picture("frame-rate")
+
+
+def hide_frame_rate(tour):
+    """Opens the popup with its letter."""
+    tour.game.press("alt+m")
+    tour.game.see("popup by its letter", lambda view: view.has_popup())
+    tour.keep_picture("window-menu-by-letter")
+    tour.game.press("h")
+    tour.game.see("no frame rate",
+                  lambda view: view.frame_rate() is None and not view.has_popup())
+    see_menu(tour)
+
+
+def choose_difficulty_by_arrows(tour):
+    """From the first item of the right player's popup to the third and back to the second."""
+    tour.game.press("alt+r")
+    tour.game.see("right player's popup", lambda view: view.has_popup())
+    tour.game.press("Down", "Down", "Down", "Up", "Return")
+    tour.settings.difficulty[RIGHT] = 1
+    see_menu(tour)
+    tour.keep_picture("menu-for-battle")
+
+
+# Key configuration and credits. -------------------------------------------------------------------
+
+def open_key_configuration(tour):
+    tour.game.click_button("ConfigureKeys")
+    tour.game.see("keys", lambda view: view.has_button("KeyConfigBack")
+                  and view.slots_show(tour.keys))
+
+
+def bind_pause_key(tour):
+    x, y = SLOTS[RIGHT_PAUSE]
+    tour.game.click(x + 20, y + 20)
+    tour.game.see("slot that waits for a key", lambda view: view.slot_is_armed(RIGHT_PAUSE)
+                  and view.has_button("KeyConfigBack", enabled=False))
+    tour.keep_picture("slot-armed")
+    tour.game.press("o")
+    tour.keys = BOUND_KEYS
+    tour.game.see("new key", lambda view: view.has_button("KeyConfigBack")
+                  and view.slots_show(tour.keys))
+    tour.keep_picture("key-bound")
+
+
+def close_key_configuration(tour):
+    tour.game.click_button("KeyConfigBack")
+    see_menu(tour)
+
+
+def read_credits(tour):
+    tour.game.click_button("About")
+    tour.game.see("credits", lambda view: view.has_button("CreditsBack")
+                  and view.skin.shows_text(view.picture, "PROGRAMMING", 225, 196, view.skin.WIDE))
+    tour.keep_picture("credits")
+    tour.game.click_button("CreditsBack")
+    see_menu(tour)

@@ -1,0 +1,131 @@
+"""An X server without a monitor, its keyboard and mouse, and what stands on it."""
+
+import contextlib
+import mmap
+import os
+import re
+import shutil
+import struct
+import subprocess
+import tempfile
+from pathlib import Path
+
+from .pictures import Picture
+from .waiting import PATIENCE, TourFailure, wait_for
+
+WIDTH, HEIGHT = 1280, 1024
+
+
+class VirtualScreen:
+    """An X server of its own, with a window manager when there is one."""
+
+    def __init__(self):
+        self.processes = []
+        self.environment = dict(os.environ)
+        for name in ("WAYLAND_DISPLAY", "SDL_VIDEODRIVER"):
+            self.environment.pop(name, None)
+        # The dummy driver is a sound card that everybody has.
+        self.environment["SDL_AUDIODRIVER"] = "dummy"
+        self.has_manager = shutil.which("openbox") is not None
+        self.folder = tempfile.TemporaryDirectory(prefix="korvane-screen-")
+        self.memory = None
+
+    # Processes. -----------------------------------------------------------------------------------
+
+    def open(self):
+        reader, writer = os.pipe()
+        # Without -noreset the server forgets everything each time its last client goes. The cursor
+        # would stand in the pictures.
+        self.start(["Xvfb", "-displayfd", str(writer), "-noreset", "-nolisten", "tcp", "-nocursor",
+                    "-fbdir", self.folder.name, "-screen", "0", f"{WIDTH}x{HEIGHT}x24"],
+                   pass_fds=[writer], stderr=subprocess.DEVNULL)
+        os.close(writer)
+        with os.fdopen(reader) as numbers:
+            number = numbers.readline().strip()
+        if not number:
+            raise TourFailure("Xvfb did not start")
+        self.environment["DISPLAY"] = f":{number}"
+        self.map_memory()
+        if self.has_manager:
+            self.start_manager()
+
+    def start_manager(self):
+        # A window that appears while openbox is still starting can stay unmapped for good, so wait
+        # for the command that it runs at the end of that.
+        ready = Path(self.folder.name, "ready")
+        self.start(["openbox", "--startup", f"touch {ready}"],
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_for("window manager", ready.exists)
+
+    def start(self, command, **options):
+        process = subprocess.Popen(command, env=self.environment, **options)
+        self.processes.append(process)
+        return process
+
+    def close(self):
+        for process in reversed(self.processes):
+            process.terminate()
+            try:
+                process.wait(PATIENCE)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
+        if self.memory:
+            self.memory.close()
+        self.folder.cleanup()
+
+    # Picture. -------------------------------------------------------------------------------------
+
+    def map_memory(self):
+        """The server keeps its screen in a file: a header of big-endian numbers, the colour map,
+        the rows of pixels."""
+        with open(Path(self.folder.name, "Xvfb_screen0"), "rb") as file:
+            self.memory = mmap.mmap(file.fileno(), 0, access=mmap.ACCESS_READ)
+        header = struct.unpack(">25I", self.memory[:100])
+        self.row_bytes = header[12]
+        self.first_pixel = header[0] + 12 * header[19]
+        if header[11] != 32:
+            raise TourFailure(f"Xvfb has {header[11]} bits per pixel")
+
+    def grab_all(self):
+        return self.grab(0, 0, WIDTH, HEIGHT)
+
+    def grab(self, left, top, width, height):
+        start = self.first_pixel + top * self.row_bytes + 4 * left
+        bgrx = b"".join(self.memory[row : row + 4 * width] for row in
+                        range(start, start + height * self.row_bytes, self.row_bytes))
+        rgb = bytearray(3 * width * height)
+        for channel in range(3):
+            rgb[channel::3] = bgrx[2 - channel :: 4]
+        return Picture(width, height, bytes(rgb))
+
+    # Windows, keyboard and mouse. -----------------------------------------------------------------
+
+    def xdotool(self, *arguments):
+        return self.run("xdotool", *arguments)
+
+    def run(self, *command):
+        return subprocess.run([str(part) for part in command], env=self.environment,
+                              capture_output=True).stdout.decode().strip()
+
+    def place_of(self, window):
+        """x, y, width and height of a window's inside; none when there is no such window."""
+        # xdotool counts the window manager's frame twice.
+        told = self.run("xwininfo", "-id", window)
+        values = [re.search(rf"{name}: *(-?\d+)$", told, re.MULTILINE) for name in
+                  ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
+        return tuple(int(value[1]) for value in values) if all(values) else None
+
+    def press(self, *keys):
+        self.xdotool("key", "--clearmodifiers", *keys)
+
+    @contextlib.contextmanager
+    def held(self, key):
+        self.xdotool("keydown", key)
+        try:
+            yield
+        finally:
+            self.xdotool("keyup", key)
+
+    def click(self, window, x, y):
+        self.xdotool("mousemove", "--window", window, x, y, "click", 1)
