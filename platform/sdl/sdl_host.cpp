@@ -139,11 +139,12 @@ bool SdlHost::OpenWindow(const std::string& title, SIZE clientSize) {
 
 void SdlHost::CloseWindow() {
     window_.reset();
-    fullScreen_ = false;
+    fullScreen_ = shown_ = false;
     picture_ = WindowPicture();
 }
 
 void SdlHost::ShowWindow(bool visible) {
+    shown_ = visible;
     if (visible) {
         SDL_ShowWindow(window_.get());
         SDL_RaiseWindow(window_.get());
@@ -326,6 +327,8 @@ HRESULT SdlHost::Present(const PictureView& picture, const RECT& target,
     const RECT inWindow{target.left * scale_, target.top * scale_, target.right * scale_,
                         target.bottom * scale_};
     picture_.Draw(picture, fullScreen_ ? whole : inWindow, changed);
+    // A hidden window asks for its content when it comes up; sending it before is lost time.
+    if (!shown_) return S_OK;
     if (!picture_.Show(window_.get(), CurrentPlacement())) return DDERR_SURFACELOST;
     // The window changed size since the last present: a part is not enough then.
     const bool isWhole = std::ranges::find(changed, whole) != changed.end();

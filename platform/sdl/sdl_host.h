@@ -92,6 +92,7 @@ class SdlHost final : public Host {
     std::unique_ptr<SDL_Window, WindowDeleter> window_;
     int scale_ = 1;
     WindowPicture picture_;
+    bool shown_ = false;  ///< the window is on the screen
     bool sendAgain_ = false;
 
     bool fullScreen_ = false;

@@ -83,7 +83,8 @@ bool WindowPicture::Show(SDL_Window* window, const Placement& placement) {
     // one, which the address would not.
     const bool everything = sendAll_ || surface->userdata != this;
     if (everything) {
-        SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));
+        if (!Covers(*surface, placement))
+            SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));
         unsent_.assign(1, {0, 0, size_.cx, size_.cy});
         surface->userdata = this;
     }
@@ -96,6 +97,11 @@ bool WindowPicture::Show(SDL_Window* window, const Placement& placement) {
     unsent_.clear();
     sendAll_ = failed != 0;
     return !sendAll_;
+}
+
+bool WindowPicture::Covers(const SDL_Surface& surface, const Placement& placement) const {
+    return placement.origin == POINT{} && size_.cx * placement.scale >= surface.w &&
+           size_.cy * placement.scale >= surface.h;
 }
 
 void WindowPicture::SendPart(SDL_Surface& surface, const Placement& placement, const RECT& part) {

@@ -40,6 +40,7 @@ class WindowPicture {
 
   private:
     void DrawPart(const PictureView& picture, const RECT& target, const RECT& part);
+    bool Covers(const SDL_Surface& surface, const Placement& placement) const;
     void SendPart(SDL_Surface& surface, const Placement& placement, const RECT& part);
     const std::uint32_t* ScaledRow(const RECT& part, int y, int scale);
 
