@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -71,24 +70,6 @@ TEST(FigureShapes, EveryRotationLooksRightAndBothTurnsWalkThemInTheirOrder) {
             EXPECT_EQ(PictureOf(figure), pictures[(step - 1) % pictures.size()]);
         }
     }
-}
-
-TEST(FigureShapes, AnUnknownTypeIsMadeAsAT) {
-    for (const int type : {0, 8, -1, 1000}) {
-        Board board;
-        EXPECT_EQ(Figure(board, type, 0).Type(), kT) << type;
-    }
-}
-
-TEST(FigureShapes, TheGeneratorDealsAllTypesEvenly) {
-    SeedRandom(12345);
-    std::map<int, int> counts;
-    for (int i = 0; i < 70'000; ++i)
-        ++counts[RandomFigureType()];
-    ASSERT_EQ(counts.size(), kFigureTypes);
-    EXPECT_EQ(counts.begin()->first, kBar);
-    for (const auto& [type, count] : counts)
-        EXPECT_NEAR(count, 10'000, 400) << type;
 }
 
 TEST(RandomValues, FollowTheSeed) {
@@ -161,161 +142,6 @@ TEST(FigureMoves, TurnsNeedTheirCellsAndGlidingOnesTheRowBelowToo) {
             EXPECT_EQ(figure.Column(), c.column);
         }
     }
-}
-
-TEST(FigureMoves, RepeatedTurnsStopAtTheFirstBlockedOne) {
-    Board board;
-    Figure figure(board, kL, 0);
-    EXPECT_TRUE(figure.RotateGliding(Turn::CounterClockwise, 0));
-    EXPECT_EQ(figure.Rotation(), 0);
-    EXPECT_TRUE(figure.RotateGliding(Turn::CounterClockwise, 3));
-    EXPECT_EQ(figure.Rotation(), 3);
-    board.Set(1, 6, kMarkerCell);  // rotations 0 and 2 need the cell, 1 and 3 do not
-    BringTo(figure, 3, 4, 0);
-    EXPECT_FALSE(figure.RotateGliding(Turn::CounterClockwise, 2));
-    EXPECT_EQ(figure.Rotation(), 3);
-    board.Set(1, 6, kEmptyCell);
-    board.Set(3, 4, kMarkerCell);  // rotation 1 alone needs this one
-    EXPECT_FALSE(figure.RotateGliding(Turn::CounterClockwise, 2));
-    EXPECT_EQ(figure.Rotation(), 0);
-}
-
-TEST(FigureMoves, SidewaysStepsNeedRoomInEveryRowTheFigureCovers) {
-    struct Case {
-        int pixelOffset;
-        Point occupied;
-        bool left;
-        bool right;
-    };
-    // A square with its cells in rows 6 and 7, columns 4 and 5.
-    constexpr Case kCases[] = {
-        {0, {6, 3}, false, true}, {0, {7, 6}, true, false}, {0, {8, 3}, true, true},
-        {5, {8, 3}, false, true}, {5, {8, 6}, true, false}, {15, {6, 6}, true, false},
-        {5, {9, 3}, true, true},
-    };
-    for (const Case& c : kCases) {
-        SCOPED_TRACE(testing::Message()
-                     << c.pixelOffset << ": " << c.occupied.first << ", " << c.occupied.second);
-        Board board;
-        board.Set(c.occupied.first, c.occupied.second, 1);
-        for (const bool toTheLeft : {true, false}) {
-            Figure figure(board, kSquare, 0);
-            BringTo(figure, 0, 4, 5);
-            GlideOffset(figure, c.pixelOffset);
-            const bool moved = toTheLeft ? figure.MoveLeftGliding() : figure.MoveRightGliding();
-            EXPECT_EQ(moved, toTheLeft ? c.left : c.right);
-            EXPECT_EQ(figure.Column(), 4 + (!moved ? 0 : toTheLeft ? -1 : 1));
-            EXPECT_EQ(figure.PixelOffset(), c.pixelOffset);
-        }
-    }
-}
-
-TEST(FigureMoves, WallsAndFloorStopPlainMoves) {
-    for (int type = kBar; type <= kT; ++type) {
-        SCOPED_TRACE(type);
-        Board board;
-        Figure figure(board, type, 0);
-        std::set<int> columns;
-        std::set<int> rows;
-        const auto collect = [&] {
-            for (const FigureCell cell : figure.Cells()) {
-                columns.insert(figure.Column() + cell.dx);
-                rows.insert(figure.Row() + cell.dy);
-            }
-        };
-        while (figure.MoveLeft())
-            collect();
-        while (figure.MoveRight())
-            collect();
-        while (figure.MoveDown())
-            collect();
-        EXPECT_EQ(*columns.begin(), 0);
-        EXPECT_EQ(*columns.rbegin(), kBoardColumns - 1);
-        EXPECT_EQ(*rows.rbegin(), kBoardRows - 1);
-    }
-}
-
-TEST(FigureGlide, MovesOnlyOnceMoreThanOnePixelIsOwed) {
-    struct Case {
-        std::vector<double> pixels;
-        int row;
-        int offset;
-    };
-    const Case kCases[] = {
-        {{0.4, 0.4}, 0, 0},
-        {{0.4, 0.4, 0.4}, 0, 1},
-        {{0.4, 0.4, 0.4, 0.75}, 0, 1},  // 0.2 stayed owed: 0.95
-        {{0.4, 0.4, 0.4, 0.85}, 0, 2},  // 1.05
-        {{1.0}, 0, 0},
-        {{1.0, 0.001}, 0, 1},
-        {{1.999}, 0, 1},
-        {{16.0}, 1, 0},
-        {{15.5, 0.75}, 1, 0},
-        {{40.0}, 2, 8},
-        {{1e18}, 20, 0},
-    };
-    for (const Case& c : kCases) {
-        Board board;
-        Figure figure(board, kBar, 0);
-        for (const double pixels : c.pixels)
-            figure.Glide(pixels);
-        EXPECT_EQ(figure.Row(), c.row);
-        EXPECT_EQ(figure.PixelOffset(), c.offset);
-    }
-}
-
-TEST(FigureGlide, IsBlockedOnlyOnARowAndKeepsWhatItOwes) {
-    Board board;
-    board.Set(5, 4, kMarkerCell);
-    Figure figure(board, kBar, 0);  // cells in row 1
-    EXPECT_TRUE(figure.Glide(47.5));
-    EXPECT_EQ(figure.PixelOffset(), 15);
-    EXPECT_FALSE(figure.Glide(3.0));
-    EXPECT_EQ(figure.Row(), 3);
-    EXPECT_EQ(figure.PixelOffset(), 0);
-    // 2.5 pixels are still owed: without a pixel more the way is asked for and, once free, taken.
-    EXPECT_FALSE(figure.Glide(0.0));
-    board.Set(5, 4, kEmptyCell);
-    EXPECT_TRUE(figure.Glide(0.0));
-    EXPECT_EQ(figure.PixelOffset(), 2);
-    // Once on its way into a row it arrives there, whatever has come into the row meanwhile.
-    board.FillRow(5, kMarkerCell);
-    board.FillRow(6, kMarkerCell);
-    EXPECT_FALSE(figure.Glide(20.0));
-    EXPECT_EQ(figure.Row(), 4);
-    EXPECT_EQ(figure.PixelOffset(), 0);
-}
-
-TEST(FigureGlide, EndsWhenTheFigureMovesByWholeRowsAgain) {
-    Board board;
-    Figure figure(board, kSquare, 0);
-    BringTo(figure, 0, 4, 18);
-    GlideOffset(figure, 5);
-    ASSERT_TRUE(figure.MoveDown());  // now on the floor
-    EXPECT_EQ(figure.PixelOffset(), 0);
-    EXPECT_FALSE(figure.Glide(20.0));
-    EXPECT_EQ(figure.Row(), 19);
-}
-
-TEST(FigureLock, WritesTheTypeAndLiftingStopsAtTheTop) {
-    Board board;
-    Figure figure(board, kS, 0);
-    figure.LiftOneRow();
-    EXPECT_EQ(figure.Row(), 0);
-    BringTo(figure, 0, 0, 19);
-    figure.Lock();
-    std::set<Point> cells;
-    for (int row = 0; row < kBoardRows; ++row) {
-        for (int column = 0; column < kBoardColumns; ++column) {
-            if (board.At(row, column) == kS) cells.insert({row, column});
-        }
-    }
-    EXPECT_EQ(cells, (std::set<Point>{{20, 1}, {20, 2}, {21, 0}, {21, 1}}));
-    EXPECT_FALSE(figure.Fits());
-    figure.LiftOneRow();
-    figure.LiftOneRow();
-    EXPECT_EQ(figure.Row(), 17);
-    EXPECT_TRUE(figure.Fits());
 }
 
 }  // namespace
