@@ -106,30 +106,12 @@ TEST_F(DataFileTest, ASettingsFileCutAnywhereKeepsTheDefaultsOfWhatIsMissing) {
     }
 }
 
-TEST_F(DataFileTest, WhatFollowsTheLastSettingIsIgnored) {
-    Bytes bytes = UnusualSettings();
-    bytes.insert(bytes.end(), 1000, std::byte{0x5A});
-    ASSERT_TRUE(LoadSettings(bytes));
-    EXPECT_EQ(SavedSettings(), UnusualSettings());
-}
-
 TEST_F(DataFileTest, NoSettingsFileOrNonsenseGivesTheDefaults) {
     EXPECT_FALSE(theSettings.Load());
     EXPECT_FALSE(LoadSettings(Bytes(54, std::byte{0xFF})));  // a name of 65535 characters
     EXPECT_EQ(static_cast<const SettingsValues&>(theSettings), SettingsValues());
     EXPECT_TRUE(theSettings.windowed && theSettings.showAdvancedAtStart);
     EXPECT_EQ(SavedSettings().size(), 54U);
-}
-
-TEST_F(DataFileTest, OnlyAOneIsAFlagThatIsSet) {
-    for (const int value : {0, 1, 2, 255}) {
-        Bytes bytes = UnusualSettings();
-        bytes[9] = bytes[13] = bytes[48] = static_cast<std::byte>(value);
-        ASSERT_TRUE(LoadSettings(bytes));
-        EXPECT_EQ(theSettings.clockwise[0], value == 1) << value;
-        EXPECT_EQ(theSettings.music, value == 1) << value;
-        EXPECT_EQ(theSettings.scrollingPieces, value == 1) << value;
-    }
 }
 
 TEST_F(DataFileTest, StoredSkinNamesOfEveryLength) {
@@ -165,31 +147,6 @@ TEST_F(DataFileTest, StoredSkinNamesOfEveryLength) {
         EXPECT_EQ(theSettings.dropMagnitude, c.loads ? 16 : 8);
         EXPECT_EQ(theSettings.sfxMask, c.loads ? 7 : 31);
     }
-}
-
-TEST_F(DataFileTest, ANameThatCannotBeStoredDoesNotCostTheOtherSettings) {
-    for (const auto& [name, kept] : {std::pair(std::string(254, 'n'), std::string(254, 'n')),
-                                     std::pair(std::string(255, 'n'), std::string("Original")),
-                                     std::pair(std::string(70'000, 'n'), std::string("Original")),
-                                     std::pair(std::string("in\0side", 7), std::string("in"))}) {
-        theSettings.SetDefaults();
-        theSettings.players = 200;
-        theSettings.skinName = name;
-        theSettings.Save();
-        theSettings.SetDefaults();
-        ASSERT_TRUE(theSettings.Load());
-        EXPECT_EQ(theSettings.players, 200);
-        EXPECT_EQ(theSettings.skinName, kept);
-    }
-}
-
-TEST_F(DataFileTest, SettingsAreLoadedWhenMadeAndSavedWhenDestroyed) {
-    {
-        Settings settings;
-        EXPECT_EQ(static_cast<const SettingsValues&>(settings), SettingsValues());
-        settings.battle = true;
-    }
-    EXPECT_TRUE(Settings().battle);
 }
 
 /// Value i of the level file is i + 1, in the order of the file.
@@ -233,57 +190,6 @@ TEST_F(DataFileTest, ALevelFileCutAnywhereLeavesZeroesBehindItsEnd) {
         const LevelTableValues loaded = theLevelTable;
         ASSERT_TRUE(theLevelTable.LoadTable());
         EXPECT_EQ(static_cast<const LevelTableValues&>(theLevelTable), loaded) << length;
-    }
-}
-
-TEST_F(DataFileTest, WhatFollowsTheLastLevelIsIgnored) {
-    folder_.Write(kLevelFile, PaddedTo(1000, NumberedLevels()));
-    ASSERT_TRUE(theLevelTable.LoadTable());
-    theLevelTable.SaveTable();
-    EXPECT_EQ(folder_.Read(kLevelFile), NumberedLevels());
-}
-
-TEST_F(DataFileTest, WithoutALevelFileTheDefaultsAreUsedAndWritten) {
-    { LevelTable table; }
-    const Bytes written = folder_.Read(kLevelFile);
-    ASSERT_EQ(written.size(), 324U);
-    EXPECT_EQ(First(written, 4), BytesOf({151, 0, 0, 0}));
-    theLevelTable.version = 0;
-    ASSERT_TRUE(theLevelTable.LoadTable());
-    EXPECT_EQ(theLevelTable.version, 151U);
-
-    // The file's first level on Medium: one row every 200 ms.
-    theSettings.scrollingPieces = false;
-    theSettings.difficulty[0] = static_cast<int>(Difficulty::Medium);
-    Player player(Side::Right);
-    StartWith(player, {kBar});
-    Frame(player, 1);
-    Frame(player, 199);
-    EXPECT_EQ(player.CurrentFigure()->Row(), 1);
-    Frame(player, 1);
-    EXPECT_EQ(player.CurrentFigure()->Row(), 2);
-}
-
-TEST_F(DataFileTest, StrangeLevelFilesGiveAGameThatStillEnds) {
-    const Bytes kVersionOnly = BytesOf({1, 0, 0, 0});
-    for (const Bytes& bytes : {kVersionOnly, Bytes(324, std::byte{0xFF})}) {
-        folder_.Write(kLevelFile, bytes);
-        ASSERT_TRUE(theLevelTable.LoadTable());
-        const bool allOnes = bytes.size() > 4;
-        for (const bool gliding : {false, true}) {
-            theSettings.scrollingPieces = gliding;
-            theSettings.dropDelayMs = 1;
-            theSettings.dropMagnitude = 16;
-            Player player(Side::Right);
-            StartWith(player, {kBar});
-            EXPECT_EQ(player.Level(), allOnes ? 0 : 9);
-            player.KeyDown(kDropKey);
-            Frames(player, 3000);
-            // At 49 days a row the figure reaches the ground by soft drops alone, and nothing
-            // looks whether it rests there.
-            const bool lands = gliding || !allOnes;
-            EXPECT_EQ(player.IsRunning(), !lands);
-        }
     }
 }
 
