@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -54,120 +53,6 @@ std::span<const RECT> Show(FrameList& list, PixelBuffer& target, const std::vect
     for (const Call& call : frame)
         call.Record(list);
     return list.Compose(target);
-}
-
-/// A whole fill, and cells of 10 x 10 in a row at y 20.
-class FrameListTest : public testing::Test {
-  protected:
-    FrameListTest() : random_(5), picture_(random_, {40, 10}, 4, 1), target_(kScreen, 4) {
-        frame_.push_back({.area = kWholeScreen, .fill = 3});
-        for (int cell = 0; cell < 8; ++cell)
-            frame_.push_back(Cell(10 + 16 * cell, 20));
-    }
-
-    Call Cell(int x, int y) const {
-        return {.area = {x, y, x + 10, y + 10}, .picture = &picture_, .keyed = true};
-    }
-
-    Random random_;
-    Picture picture_;
-    PixelBuffer target_;
-    std::vector<Call> frame_;
-    FrameList list_;
-};
-
-TEST_F(FrameListTest, ReportsExactlyWhatASmallChangeTouches) {
-    using Frame = std::vector<Call>;
-    const struct {
-        const char* what;
-        std::function<void(Frame&)> change;
-        std::vector<RECT> changed;
-    } cases[] = {
-        {"nothing", [](Frame&) {}, {}},
-        {"a cell moved",
-         [](Frame& frame) {
-             frame[2].area = {30, 24, 40, 34};
-         },
-         {{26, 20, 40, 34}}},
-        {"a cell more", [&](Frame& frame) { frame.push_back(Cell(5, 90)); }, {{5, 90, 15, 100}}},
-        {"a cell less", [](Frame& frame) { frame.erase(frame.begin() + 4); }, {{58, 20, 68, 30}}},
-        {"a fill more",
-         [](Frame& frame) {
-             frame.insert(frame.begin() + 1, {.area = {0, 60, 4, 64}});
-         },
-         {{0, 60, 4, 64}}},
-        {"another part",
-         [](Frame& frame) {
-             frame[1].from = {10, 0};
-         },
-         {{10, 20, 20, 30}}},
-        {"without key", [](Frame& frame) { frame[1].keyed = false; }, {{10, 20, 20, 30}}},
-        {"another fill", [](Frame& frame) { frame[0].fill = 4; }, {kWholeScreen}},
-        {"a cell moved far",
-         [](Frame& frame) {
-             frame[1].area = {70, 110, 80, 120};
-         },
-         {{10, 20, 20, 30}, {70, 110, 80, 120}}},
-    };
-    for (const auto& [what, change, changed] : cases) {
-        Show(list_, target_, frame_);
-        Frame next = frame_;
-        change(next);
-        const auto rects = Show(list_, target_, next);
-        EXPECT_TRUE(std::is_permutation(rects.begin(), rects.end(), changed.begin(), changed.end()))
-            << what << ": " << rects.size() << " rectangles";
-    }
-}
-
-TEST_F(FrameListTest, NewContentsOfAPictureChangeItsCopies) {
-    Picture other(random_, {40, 10}, 4, 2);
-    frame_[3].picture = &other;
-    Show(list_, target_, frame_);
-    other = Picture(random_, {40, 10}, 4, 3);
-    const auto rects = Show(list_, target_, frame_);
-    ASSERT_EQ(rects.size(), 1u);
-    EXPECT_EQ(rects[0], frame_[3].area);
-}
-
-/// One half of the screen that changes beyond the reach of the comparison must not drag the other
-/// half along, whether it is drawn before or after.
-TEST_F(FrameListTest, ManyChangesInOneHalfLeaveTheOtherAlone) {
-    std::vector<Call> before = frame_;
-    std::vector<Call> after = frame_;
-    for (int cell = 0; cell < 60; ++cell)
-        before.push_back(Cell(cell, 40 + cell % 3));
-    for (int cell = 0; cell < 8; ++cell) {
-        before.push_back(Cell(10 + 16 * cell, 100));
-        after.push_back(Cell(10 + 16 * cell, 100));
-    }
-    Show(list_, target_, before);
-    for (const RECT& rect : Show(list_, target_, after)) {
-        EXPECT_GE(rect.top, 40);
-        EXPECT_LE(rect.bottom, 60);
-    }
-}
-
-TEST_F(FrameListTest, EverythingIsNewAtFirstAndAfterLosingTheBuffer) {
-    for (int time = 0; time < 2; ++time) {
-        const auto rects = Show(list_, target_, frame_);
-        ASSERT_EQ(rects.size(), 1u) << time;
-        EXPECT_EQ(rects[0], kWholeScreen) << time;
-        list_.Invalidate();
-    }
-}
-
-TEST_F(FrameListTest, NeedsTheSourcesOfWhatWasNotDrawnYet) {
-    const Picture other(random_, {10, 10}, 4, 2);
-    EXPECT_FALSE(list_.Needs(picture_.pixels));
-    frame_[1].Record(list_);
-    EXPECT_TRUE(list_.Needs(picture_.pixels));
-    EXPECT_FALSE(list_.Needs(other.pixels));
-    list_.Flush(target_);
-    EXPECT_FALSE(list_.Needs(picture_.pixels));
-    frame_[2].Record(list_);
-    EXPECT_TRUE(list_.Needs(picture_.pixels));
-    list_.Compose(target_);
-    EXPECT_FALSE(list_.Needs(picture_.pixels));
 }
 
 /// Draws random frames through a FrameList and pixel by pixel, side by side.
@@ -328,41 +213,6 @@ class RandomFrames {
     PixelBuffer wanted_;  ///< what the target must hold when all recorded calls were carried out
     PixelBuffer shown_;   ///< the target after the last Compose
 };
-
-/// Large pictures split the screen into parts that begin at different operations of the list.
-TEST(FrameListLarge, PicturesThatHideMuchLeaveARightPicture) {
-    constexpr SIZE kLarge = {640, 480};
-    constexpr RECT kCorner = {320, 180, 640, 480};
-    Random random(6);
-    const Picture picture(random, {320, 300}, 4, 1);
-    const struct {
-        const char* what;
-        std::vector<POINT> places;
-    } cases[] = {
-        {"in the middle", {{100, 90}}},
-        {"in a corner", {{320, 180}}},
-        {"side by side", {{320, 50}, {0, 50}}},
-        {"overlapping", {{10, 20}, {200, 100}, {300, 10}}},
-    };
-    for (const auto& [what, places] : cases) {
-        std::vector<Call> frame = {{.area = {0, 0, kLarge.cx, kLarge.cy}, .fill = 5}};
-        for (const POINT at : places) {
-            frame.push_back({.area = {at.x + 7, at.y + 7, at.x + 27, at.y + 27}, .fill = 6});
-            frame.push_back({.area = {at.x, at.y, at.x + 320, at.y + 300}, .picture = &picture});
-            frame.push_back({.area = {at.x + 5, at.y + 5, at.x + 25, at.y + 25},
-                             .picture = &picture,
-                             .keyed = true});
-        }
-        frame.push_back({.area = kCorner, .picture = &picture, .keyed = true});
-        PixelBuffer target(kLarge, 4);
-        PixelBuffer wanted(kLarge, 4);
-        FrameList list;
-        Show(list, target, frame);
-        for (const Call& call : frame)
-            call.DrawNaively(wanted);
-        EXPECT_EQ(FirstDifference(target, wanted), std::nullopt) << what;
-    }
-}
 
 TEST(FrameListRandomly, EveryFrameEqualsAFullRedraw) {
     for (const int depth : {1, 2, 4}) {

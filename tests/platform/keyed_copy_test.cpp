@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
-#include <string>
 #include <vector>
 
 #include "tests/platform/test_pictures.h"
@@ -36,99 +35,6 @@ PixelBuffer Copied(const PixelBuffer& buffer) {
     std::memcpy(copy.Row(0), buffer.Row(0),
                 static_cast<std::size_t>(buffer.Pitch() * buffer.Size().cy));
     return copy;
-}
-
-/// Pixels of value 1 where the drawing has '#', key 0 elsewhere.
-PixelBuffer Drawing(const std::vector<std::string>& rows) {
-    PixelBuffer picture(
-        {static_cast<std::int32_t>(rows[0].size()), static_cast<std::int32_t>(rows.size())}, 4);
-    for (int y = 0; y < picture.Size().cy; ++y) {
-        for (int x = 0; x < picture.Size().cx; ++x) {
-            const char mark = rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)];
-            if (mark == '#') picture.SetPixel({x, y}, 1);
-        }
-    }
-    return picture;
-}
-
-TEST(PixelBuffer, KeepsPixelsApartInAllDepths) {
-    for (const int depth : kDepths) {
-        PixelBuffer buffer({3, 2}, depth);
-        const std::uint32_t mask = 0xFFFFFFFFu >> (32 - 8 * depth);
-        buffer.SetPixel({1, 0}, 0xA1B2C3D4);
-        EXPECT_EQ(buffer.Pixel({1, 0}), 0xA1B2C3D4 & mask) << depth;
-        EXPECT_EQ(buffer.Pixel({0, 0}), 0u) << depth;
-        EXPECT_EQ(buffer.Pixel({2, 0}), 0u) << depth;
-        EXPECT_EQ(buffer.Pixel({1, 1}), 0u) << depth;
-    }
-}
-
-TEST(PixelBuffer, AlignsEveryRow) {
-    for (const SIZE size : {SIZE{1, 3}, SIZE{16, 3}, SIZE{17, 3}, SIZE{218, 3}}) {
-        for (const int depth : kDepths) {
-            const PixelBuffer buffer(size, depth);
-            EXPECT_GE(buffer.Pitch(), size.cx * depth);
-            for (int y = 0; y < size.cy; ++y) {
-                EXPECT_EQ(
-                    reinterpret_cast<std::uintptr_t>(buffer.Row(y)) % PixelBuffer::kRowAlignment,
-                    0u)
-                    << size.cx << " pixels of " << depth;
-            }
-        }
-    }
-}
-
-TEST(OpaqueRuns, JoinsEqualRunsBelowEachOther) {
-    struct {
-        const char* what;
-        std::vector<std::string> rows;
-        std::size_t blocks;
-    } const cases[] = {
-        {"nothing opaque", {"....", "...."}, 0},
-        {"all opaque", {"####", "####"}, 1},
-        {"a frame", {"####", "#..#", "#..#", "####"}, 4},
-        {"rounded corners", {".##.", "####", "####", ".##."}, 3},
-        {"a run that only begins like the one above", {"##..", "###."}, 2},
-        {"a run that only ends like the one above", {".##.", "..#."}, 2},
-        {"broken by an empty row", {"#..#", "....", "#..#"}, 4},
-        {"one continues, one is new", {"#.#.", "#..#"}, 3},
-        {"strokes side by side", {"#.#.#", "#.#.#", "#...#"}, 3},
-    };
-    for (const auto& [what, rows, blocks] : cases) {
-        EXPECT_EQ(OpaqueRuns(Drawing(rows), 0).Blocks(0, 0).size(), blocks) << what;
-    }
-}
-
-TEST(OpaqueRuns, CutsStripsIntoCells) {
-    PixelBuffer strip({128, 16}, 4);
-    NaiveFill(strip, strip.Bounds(), 7);
-    const OpaqueRuns runs(strip, 0);
-    ASSERT_EQ(runs.TileSize().cx, 16);
-    for (int cell = 0; cell < 8; ++cell) {
-        ASSERT_EQ(runs.Blocks(cell, 0).size(), 1u) << cell;
-        const OpaqueBlock& block = runs.Blocks(cell, 0)[0];
-        EXPECT_EQ(block.left, 0);
-        EXPECT_EQ(block.bytes, 64);
-        EXPECT_EQ(block.rows, 16);
-    }
-}
-
-TEST(OpaqueRuns, TakesOnlyTheKeyBitsThatPixelsHave) {
-    for (const int depth : {1, 2}) {
-        PixelBuffer picture({2, 1}, depth);
-        picture.SetPixel({0, 0}, 0x5A);
-        EXPECT_EQ(OpaqueRuns(picture, 0xFFFF005A).Blocks(0, 0).size(), 1u) << depth;
-        EXPECT_EQ(OpaqueRuns(picture, 0xFFFF005A).Blocks(0, 0)[0].left, depth);
-    }
-}
-
-TEST(OpaqueRuns, OfAPictureWithoutPixelsCopiesNothing) {
-    const PixelBuffer none({0, 0}, 4);
-    PixelBuffer target({4, 4}, 4);
-    NaiveFill(target, target.Bounds(), 3);
-    const std::vector<std::byte> before = Bytes(target);
-    CopyKeyed(target, {0, 0}, none, OpaqueRuns(none, 0), none.Bounds());
-    EXPECT_EQ(Bytes(target), before);
 }
 
 /// Fills and copies with every row width around the edges of the vector loops, and a byte beside
