@@ -207,15 +207,6 @@ TEST_F(FilesTest, ListsFoldersAndFollowsOnlyLinksThatStayInside) {
         EXPECT_EQ(List(none), "(none)") << none;
 }
 
-TEST_F(FilesTest, AnEmptyRootIsTheWorkingDirectoryAtEachCall) {
-    const auto here = OpenDiskFiles("");
-    EXPECT_TRUE(InChild([&] {
-        if (chdir(root_.c_str()) != 0 || !here->Replace("data\\x", Bytes("x"))) return false;
-        return chdir("data") == 0 && here->Read("x", 1) == Bytes("x");
-    }));
-    EXPECT_FALSE(OpenDiskFiles((top_ / "missing").string())->List(""));
-}
-
 TEST_F(FilesTest, ReplaceMakesOrRewritesAFileUnderItsOwnName) {
     EXPECT_TRUE(Replace("data\\hs.dat", "first"));
     EXPECT_TRUE(Replace("DATA\\HS.DAT", "2nd"));
@@ -231,17 +222,6 @@ TEST_F(FilesTest, ReplaceMakesOrRewritesAFileUnderItsOwnName) {
     EXPECT_TRUE(Replace("data\\link", "new"));
     EXPECT_EQ(Read("real"), "new");
     EXPECT_TRUE(fs::is_symlink(root_ / "data/link"));
-}
-
-TEST_F(FilesTest, ReplaceKeepsPermissions) {
-    for (const mode_t mode : {0600u, 0664u, 0777u}) {
-        Put("file", "old");
-        ASSERT_EQ(chmod((root_ / "file").c_str(), mode), 0);
-        ASSERT_TRUE(Replace("file", "new"));
-        struct stat status {};
-        ASSERT_EQ(stat((root_ / "file").c_str(), &status), 0);
-        EXPECT_EQ(status.st_mode & 07777, mode);
-    }
 }
 
 TEST_F(FilesTest, ReplaceRefusesWhatIsNoWritableFileBeneathTheFolder) {
