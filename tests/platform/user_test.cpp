@@ -5,7 +5,6 @@
 #include <array>
 #include <vector>
 
-#include "platform/full_screen.h"
 #include "platform/headless/headless_host.h"
 
 namespace korvane {
@@ -42,7 +41,6 @@ class UserTest : public testing::Test {
         MSG rest;
         while (PeekMessage(rest, PM_REMOVE)) {
         }
-        NoteFullScreen(std::nullopt);
     }
 
     /// Takes what waits, without dispatching it.
@@ -56,15 +54,6 @@ class UserTest : public testing::Test {
 
     HWND window = nullptr;
 };
-
-TEST_F(UserTest, QuitComesLastAndTimersOnlyWhenNothingWaits) {
-    SetTimer(window, 3, 200);
-    Headless().Advance(200);
-    PostQuitMessage(0);
-    PostMessage(window, WM_COMMAND, 1, 0);
-    Headless().PushKey('A', true);
-    EXPECT_EQ(Drain(), (std::vector<std::uint32_t>{WM_COMMAND, WM_KEYDOWN, WM_QUIT, WM_TIMER}));
-}
 
 TEST_F(UserTest, KeysWithAltAreSystemKeysAndPressAndReleaseArePaired) {
     const auto messageOf = [this](std::uint8_t key, bool down, std::uint8_t modifiers) {
