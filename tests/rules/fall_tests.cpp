@@ -82,27 +82,6 @@ TEST_F(FallTest, GlidingSoftDropMovesByTheChosenPixels) {
     }
 }
 
-TEST_F(FallTest, SidewaysMovesWaitMoreThan80MsAfterASuccessfulOne) {
-    StartWith(player_, {kSquare});
-    player_.KeyDown(kLeftKey);
-    Frame(player_, 1);
-    EXPECT_EQ(player_.CurrentFigure()->Column(), 3);
-    Frame(player_, 80);
-    EXPECT_EQ(player_.CurrentFigure()->Column(), 3);
-    Frame(player_, 1);
-    EXPECT_EQ(player_.CurrentFigure()->Column(), 2);
-    // Against a cell the wait does not begin anew: once free, the next frame moves.
-    Board walled;
-    for (int row = 0; row < kBoardRows; ++row)
-        walled.Set(row, 1, kMarkerCell);
-    player_.SetBoard(walled);
-    Frames(player_, 9, 10);
-    EXPECT_EQ(player_.CurrentFigure()->Column(), 2);
-    player_.SetBoard(Board());
-    Frame(player_, 1);
-    EXPECT_EQ(player_.CurrentFigure()->Column(), 1);
-}
-
 TEST_F(FallTest, PlayingTimeSkipsPausesAndFreezesAtTheEnd) {
     Headless().SetMilliseconds(0xFFFFFFFF - 30'000);  // the tick counter wraps during the game
     ASSERT_TRUE(player_.StartGame(true));

@@ -1,8 +1,6 @@
 #include <algorithm>
 #include <string>
-#include <vector>
 
-#include "platform/headless/headless_host.h"
 #include "tests/rules/rules_test.h"
 
 namespace korvane {
@@ -10,47 +8,8 @@ namespace {
 
 class GarbageTest : public RulesTest {
   protected:
-    static void UseDifficulty(Difficulty difficulty) {
-        theSettings.difficulty[0] = static_cast<int>(difficulty);
-    }
-
-    /// Plays on an otherwise empty board until figure number `count` falls, locking the last one on
-    /// the given board.
-    void PlayUntilFigure(std::uint32_t count, const Board& board) {
-        player_.SetBoard(Board());
-        while (player_.FigureCount() + 1 < count) {
-            DropAndLock(player_);
-            player_.SetBoard(Board());
-        }
-        player_.SetBoard(board);
-        DropAndLock(player_);
-        ASSERT_EQ(player_.FigureCount(), count);
-    }
-
     Player player_{Side::Right};
 };
-
-TEST_F(GarbageTest, HardPushesARowUpWithEveryFifteenthFigure) {
-    struct Case {
-        const char* name;
-        int row;  // of a lone cell
-        bool pushed;
-    };
-    constexpr Case kCases[] = {
-        {"low stack", 21, true}, {"just low enough", 10, true}, {"too high", 9, false}};
-    UseDifficulty(Difficulty::Hard);
-    for (const Case& c : kCases) {
-        SCOPED_TRACE(c.name);
-        player_.StartGame(false);
-        PlayUntilFigure(14, Board());
-        Board board;
-        board.Set(c.row, 0, kMarkerCell);
-        PlayUntilFigure(15, board);
-        EXPECT_EQ(player_.GameBoard().At(c.row, 0) == kMarkerCell, !c.pushed);
-        EXPECT_EQ(player_.GameBoard().At(c.row - 1, 0) == kMarkerCell, c.pushed);
-        EXPECT_EQ(player_.CurrentFigure()->Row(), 0);
-    }
-}
 
 TEST_F(GarbageTest, ReceivedRowsPushTheBoardUpAsLongAsFiveRowsAreFree) {
     struct Case {

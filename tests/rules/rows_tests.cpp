@@ -2,7 +2,6 @@
 #include <vector>
 
 #include "game/level_table.h"
-#include "platform/headless/headless_host.h"
 #include "tests/rules/rules_test.h"
 
 namespace korvane {
@@ -91,32 +90,6 @@ TEST_F(RowsTest, TheHighestThresholdPassedCountsInAnyTable) {
         StartWith(player_, {kBar, kSquare});
         DropAndLock(player_);
         EXPECT_EQ(player_.Level(), c.level) << testing::PrintToString(c.figures);
-    }
-}
-
-TEST_F(RowsTest, SpeedComesFromLevelDifficultyAndWayOfFalling) {
-    struct Case {
-        std::int32_t difficulty;
-        std::uint32_t intervalMs;
-        int pixelsPerSecond;
-    };
-    theLevelTable.figuresForLevel = {0, 0, 9, 9, 9, 9, 9, 9, 9, 9};  // level 1 at once
-    for (const Case& c : {Case{0, 225, 50}, Case{1, 180, 60}, Case{2, 135, 70}}) {
-        SCOPED_TRACE(c.difficulty);
-        theSettings.difficulty = {c.difficulty, 2 - c.difficulty};
-        theSettings.scrollingPieces = false;
-        StartWith(player_, {kBar});
-        Frame(player_, 1);
-        Frame(player_, c.intervalMs - 1);
-        EXPECT_EQ(player_.CurrentFigure()->Row(), 1);
-        Frame(player_, 1);
-        EXPECT_EQ(player_.CurrentFigure()->Row(), 2);
-
-        theSettings.scrollingPieces = true;
-        StartWith(player_, {kBar});
-        player_.UpdatePlayer(1.0);
-        const Figure& figure = *player_.CurrentFigure();
-        EXPECT_EQ(figure.Row() * kCellPixels + figure.PixelOffset(), c.pixelsPerSecond);
     }
 }
 
