@@ -43,6 +43,60 @@ TEST(Bmp, ReadsEveryDepthAndRowOrder) {
     }
 }
 
+TEST(Bmp, TakesLaterHeadersAndUsualMasks) {
+    for (const std::uint32_t infoSize : {40u, 56u, 108u, 124u}) {
+        BmpRecipe recipe{.width = 2, .height = 2, .infoSize = infoSize, .pixel = Pattern};
+        EXPECT_TRUE(DecodeBmp(MakeBmp(recipe))) << infoSize;
+    }
+    // Channel masks follow the 40 bytes, or are part of a later header: red, green, blue.
+    auto masked = MakeBmp({.width = 2, .height = 2, .bits = 32, .compression = 3, .infoSize = 56});
+    EXPECT_FALSE(DecodeBmp(masked)) << "masks of 0";
+    masked[54 + 2] = masked[58 + 1] = masked[62] = std::byte{0xFF};
+    EXPECT_TRUE(DecodeBmp(masked));
+    masked[54 + 2] = std::byte{0x7F};
+    EXPECT_FALSE(DecodeBmp(masked)) << "other masks";
+}
+
+TEST(Bmp, RefusesWhatItDoesNotKnow) {
+    const auto good = MakeBmp({.width = 4, .height = 4});
+    ASSERT_TRUE(DecodeBmp(good));
+    struct Case {
+        const char* what;
+        std::size_t offset;
+        std::int32_t value;
+    };
+    for (const Case& c : {
+             Case{"another format", 0, 0x4D43},
+             Case{"pixels behind the end", 10, 1000},
+             Case{"pixels far behind the end", 10, -1},
+             Case{"an old header", 14, 12},
+             Case{"an unknown header", 14, 125},
+             Case{"no columns", 18, 0},
+             Case{"negative width", 18, -4},
+             Case{"more columns than the file holds", 18, 6},
+             Case{"the widest", 18, INT32_MAX},
+             Case{"wider than allowed", 18, kMaxBitmapSide + 1},
+             Case{"no rows", 22, 0},
+             Case{"more rows than the file holds", 22, 5},
+             Case{"the tallest", 22, INT32_MAX},
+             Case{"the deepest", 22, INT32_MIN},
+             Case{"run lengths", 30, 1},
+             Case{"embedded pictures", 30, 5},
+         }) {
+        auto file = good;
+        for (std::size_t i = 0; i < 4; ++i)
+            file[c.offset + i] =
+                static_cast<std::byte>(static_cast<std::uint32_t>(c.value) >> 8 * i);
+        EXPECT_FALSE(DecodeBmp(file)) << c.what;
+    }
+    auto unknownDepth = good;
+    for (const int bits : {0, 2, 16, 31, 64, 65535}) {
+        unknownDepth[28] = static_cast<std::byte>(bits & 0xFF);
+        unknownDepth[29] = static_cast<std::byte>(bits >> 8);
+        EXPECT_FALSE(DecodeBmp(unknownDepth)) << bits;
+    }
+}
+
 TEST(Bmp, RefusesEveryCutFile) {
     for (const int bits : {1, 8, 24}) {
         BmpRecipe recipe{.width = 3, .height = 2, .bits = bits};
