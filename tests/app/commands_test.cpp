@@ -134,21 +134,6 @@ TEST_F(CommandTest, GamesAreStartedAndLeft) {
     EXPECT_EQ(Shows(), "menu") << "battles start for both at once";
 }
 
-TEST_F(CommandTest, ANewGameKeepsTheWinsAndAStartedMatchBeginsWithoutThem) {
-    theSettings.players = 2;
-    Start();
-    rightPlayer->DeclareWinner();
-    Command(kCmdNewGame);
-    EXPECT_EQ(rightPlayer->Wins(), 1);
-    Command(kCmdHighScores);
-    EXPECT_EQ(Shows(), "game right left") << "not during a game";
-    menuShowing = true;
-    Click(160, 410);
-    Run(kPressedLookPassed);
-    EXPECT_EQ(Shows(), "game right left");
-    EXPECT_EQ(rightPlayer->Wins(), 0);
-}
-
 TEST_F(CommandTest, OtherCommandsAreNobodys) {
     Start();
     const SettingsValues before = theSettings;

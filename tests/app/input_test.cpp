@@ -21,7 +21,6 @@ namespace {
 constexpr POINT kStartButton{160, 410};
 constexpr POINT kQuitButton{285, 410};
 constexpr POINT kAboutButton{160, 350};
-constexpr POINT kKeysButton{160, 230};
 constexpr POINT kNowhere{60, 470};
 constexpr POINT kMenuButton{215, 445};
 constexpr POINT kPlayButton{335, 445};
@@ -29,11 +28,6 @@ constexpr POINT kPlayButton{335, 445};
 class InputTest : public ProgramFixture {
   protected:
     void ClickAt(POINT point) { Click(point.x, point.y); }
-
-    void ShowScores() {
-        Command(kCmdHighScores);
-        Frame();
-    }
 
     static bool GameShows() { return !menuShowing && !highScoresShowing; }
 

@@ -150,48 +150,5 @@ TEST_F(KeyConfigTest, ASlotsBorderIsNoPartOfIt) {
     EXPECT_EQ(theMenuScreen->Click(166, 106), kMenuSlotArmed);
 }
 
-TEST_F(KeyConfigTest, ASlotShowsItsKeysGlyph) {
-    struct Case {
-        int key;
-        std::string glyph;
-    };
-    const std::string kNone = "KeyConfig/keybuttongrey 0";
-    const Case kCases[] = {
-        {'A', "KeyConfig/alpha1 0"},
-        {'T', "KeyConfig/alpha1 19"},
-        {'U', "KeyConfig/alpha2 0"},
-        {'Z', "KeyConfig/alpha2 5"},
-        {'0', "KeyConfig/keys1 4"},
-        {'9', "KeyConfig/keys1 13"},
-        {VK_NUMPAD0, "KeyConfig/keys1 4"},
-        {VK_NUMPAD9, "KeyConfig/keys1 13"},
-        {VK_LEFT, "KeyConfig/keys1 0"},
-        {VK_DOWN, "KeyConfig/keys1 1"},
-        {VK_UP, "KeyConfig/keys1 2"},
-        {VK_RIGHT, "KeyConfig/keys1 3"},
-        {VK_OEM_102, "KeyConfig/keys1 16"},
-        {VK_OEM_3, "KeyConfig/keys1 19"},
-        {VK_INSERT, "KeyConfig/keys2 0"},
-        {VK_OEM_MINUS, "KeyConfig/keys2 8"},
-        {VK_CONTROL, "KeyConfig/keys2 10"},
-        {VK_SHIFT, "KeyConfig/keys2 11"},
-        {VK_OEM_PLUS, "KeyConfig/keys2 11"},
-        {VK_RETURN, "KeyConfig/keys2 19"},
-        {VK_SPACE, kNone},
-        {0, kNone},
-        {VK_TAB, kNone},
-        {255, kNone},
-    };
-    OpenKeyConfig();
-    for (const Case& c : kCases) {
-        keyBindings.Key(Action::Drop, Side::Left) = static_cast<std::uint8_t>(c.key);
-        Frame();
-        EXPECT_EQ(Seen(165 + 18, 171 + 10), c.glyph) << c.key;
-        EXPECT_EQ(Seen(165 + 18 + 28, 171 + 10 + 43), c.glyph) << c.key;
-        EXPECT_EQ(Seen(165 + 17, 171 + 10), kNone);
-        EXPECT_EQ(Seen(165 + 18 + 29, 171 + 10), kNone);
-    }
-}
-
 }  // namespace
 }  // namespace korvane

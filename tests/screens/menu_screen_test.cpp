@@ -1,13 +1,11 @@
 #include "screens/menu_screen.h"
 
+#include <algorithm>
 #include <initializer_list>
-#include <string>
-#include <vector>
+#include <utility>
 
 #include "app/process_state.h"
 #include "app/settings.h"
-#include "game/key_bindings.h"
-#include "tests/support/flat_skin.h"
 #include "tests/support/program_fixture.h"
 
 namespace korvane {
@@ -65,10 +63,6 @@ class MenuScreenTest : public ProgramFixture {
         return theMenuScreen->Click(place.x + dx, place.y + dy);
     }
 
-    static std::string Look(const Place& place) {
-        return Seen(place.x + place.width - 1, place.y + place.height - 1);
-    }
-
     static void ExpectSelected(std::initializer_list<MenuButton> selected) {
         for (int i = 0; i < static_cast<int>(Count); ++i) {
             const auto button = static_cast<MenuButton>(i);
@@ -103,20 +97,6 @@ TEST_F(MenuScreenTest, WhatOnePlayerDoesNotNeedIsOutOfUse) {
         const MenuAction want = place.needsTwoPlayers ? kMenuNothing : place.action;
         EXPECT_EQ(At(place, 5, 5), want) << place.picture;
     }
-}
-
-TEST_F(MenuScreenTest, MusicAndSoundEffectsAreOutOfUseWithoutAudio) {
-    Start();
-    EXPECT_EQ(theMenuScreen->Click(160, 270), kMenuNothing);
-    EXPECT_EQ(theMenuScreen->Click(160, 310), kMenuNothing);
-    EXPECT_EQ(Seen(160, 270), "menu/musicbutt2 1") << "on, and out of use";
-    theMenuScreen->ToggleSfxButton();
-    Frame();
-    EXPECT_EQ(Seen(160, 310), "menu/sfxbutt2 0");
-    audioReady = true;
-    Frame();
-    EXPECT_EQ(theMenuScreen->Click(160, 270), kMenuMusic);
-    EXPECT_EQ(Seen(160, 270), "menu/musicbutt 1");
 }
 
 TEST_F(MenuScreenTest, NonsenseInTheSettingsGivesOnePlayerAndNoDifficulty) {
