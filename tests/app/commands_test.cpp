@@ -110,27 +110,6 @@ TEST_F(CommandTest, DifficultyAndRotationAreChosenByCommandAndByPress) {
     }
 }
 
-TEST_F(CommandTest, TheNumberOfPlayersGoesWithItsButtons) {
-    Start();
-    for (const bool byPress : {false, true}) {
-        theSettings.battle = false;
-        if (byPress)
-            Click(160, 190);
-        else
-            Command(kCmdTwoPlayers);
-        EXPECT_EQ(theSettings.players, 2);
-        EXPECT_EQ(theMenuScreen->PlayersFromButtons(), 2);
-        Command(kCmdBattle);
-        if (byPress)
-            Click(160, 150);
-        else
-            Command(kCmdOnePlayer);
-        EXPECT_EQ(theSettings.players, 1);
-        EXPECT_EQ(theMenuScreen->PlayersFromButtons(), 1);
-        EXPECT_FALSE(theSettings.battle);
-    }
-}
-
 TEST_F(CommandTest, GamesAreStartedAndLeft) {
     Start();
     Command(kCmdRightRestart);
@@ -153,98 +132,6 @@ TEST_F(CommandTest, GamesAreStartedAndLeft) {
     Command(kCmdLeftRestart);
     Command(kCmdRightRestart);
     EXPECT_EQ(Shows(), "menu") << "battles start for both at once";
-}
-
-TEST_F(CommandTest, TimedGamesAreWhatTheTimeButtonsShow) {
-    Start();
-    theMenuScreen->ToggleTimeButton(Side::Left);
-    Command(kCmdNewGame);
-    EXPECT_FALSE(rightPlayer->IsTimedGame());
-    EXPECT_TRUE(leftPlayer->IsTimedGame());
-}
-
-TEST_F(CommandTest, ANewGameKeepsTheWinsAndAStartedMatchBeginsWithoutThem) {
-    theSettings.players = 2;
-    Start();
-    rightPlayer->DeclareWinner();
-    Command(kCmdNewGame);
-    EXPECT_EQ(rightPlayer->Wins(), 1);
-    Command(kCmdHighScores);
-    EXPECT_EQ(Shows(), "game right left") << "not during a game";
-    menuShowing = true;
-    Click(160, 410);
-    Run(kPressedLookPassed);
-    EXPECT_EQ(Shows(), "game right left");
-    EXPECT_EQ(rightPlayer->Wins(), 0);
-}
-
-TEST_F(CommandTest, HighScoresAndMenuChangePlaces) {
-    Start();
-    Command(kCmdHighScores);
-    EXPECT_EQ(Shows(), "scores");
-    Frame();
-    EXPECT_EQ(Seen(54, 0), "HighScore/highscore 0");
-    Command(kCmdHighScores);
-    EXPECT_EQ(Shows(), "menu");
-}
-
-TEST_F(CommandTest, TheMenuComesBackInTheViewThatItHad) {
-    Start();
-    Click(160, 350);
-    Run(kPressedLookPassed);
-    Frame();
-    EXPECT_EQ(Text(110, 116, 7, 16), "KORVANE");
-    Command(kCmdRightRestart);
-    Frame();
-    Command(kCmdGotoMenu);
-    Command(kCmdHighScores);
-    Frame();
-    Command(kCmdHighScores);
-    Frame();
-    EXPECT_EQ(Text(110, 116, 7, 16), "KORVANE");
-}
-
-TEST_F(CommandTest, TheFrameRateShowsAndExitEnds) {
-    Start();
-    Command(kCmdShowFps);
-    EXPECT_TRUE(showFps);
-    Frame();
-    EXPECT_EQ(Seen(0, 0), "Background 0");
-    Command(kCmdExit);
-    EXPECT_NE(theMenuScreen, nullptr) << "after the messages that wait";
-    Frame();
-    EXPECT_FALSE(IsRunning());
-}
-
-TEST_F(CommandTest, FullScreenIsOnlyForAnActiveProgramWithAMode) {
-    Start();
-    appActive = false;
-    Command(kCmdToggleFullScreen);
-    EXPECT_FALSE(Headless().IsFullScreen());
-    appActive = true;
-    theSettings.fullscreenBpp = 0;
-    Command(kCmdToggleFullScreen);
-    EXPECT_TRUE(theSettings.windowed);
-    theSettings.fullscreenBpp = 32;
-    Command(kCmdToggleFullScreen);
-    EXPECT_TRUE(Headless().IsFullScreen());
-    Frame();
-    EXPECT_EQ(Seen(160, 410), "menu/startbutt 0") << "loaded into the new display";
-    Click(156 + 1, 403 + 1);
-    Frame();
-    EXPECT_EQ(Seen(160, 410), "menu/startbutt 1") << "the pixel under the pointer counts";
-}
-
-TEST_F(CommandTest, AFullScreenThatCannotBeHadEndsTheProgram) {
-    Start();
-    Headless().RefuseFullScreen(true);
-    const std::vector<std::string> told = {"This display card does not support 640x480x8. ",
-                                           "InitDirectDraw() failed. Korvane will now exit. "};
-    const BoxAnswerer boxes(told);
-    Command(kCmdToggleFullScreen);
-    EXPECT_EQ(boxes.Read(), told);
-    Frame();
-    EXPECT_FALSE(IsRunning());
 }
 
 TEST_F(CommandTest, OtherCommandsAreNobodys) {

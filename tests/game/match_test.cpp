@@ -95,20 +95,6 @@ class MatchTest : public DisplayFixture {
     RecordingScreens screens;
 };
 
-TEST_F(MatchTest, OnePlayersResultIsOfferedOnceAFrameAfterTheScreenOpens) {
-    theSettings.players = 1;
-    EndWithScore(*rightPlayer, 8);
-    Frame();
-    EXPECT_TRUE(highScoresShowing);
-    EXPECT_EQ(screens.highScores, 0) << "the first frame only switches";
-    Frame();
-    Frame();
-    EXPECT_EQ(screens.submissions, (std::vector<Submission>{{Side::Right, 8}}));
-    EXPECT_EQ(screens.highScores, 2);
-    EXPECT_TRUE(rightPlayer->HighScoreEntered());
-    EXPECT_FALSE(rightPlayer->IsJoined());
-}
-
 TEST_F(MatchTest, TheBetterResultOfTwoGoesFirst) {
     struct Case {
         int right, left;
@@ -164,18 +150,6 @@ TEST_F(MatchTest, InABattleTheOneWhoIsLeftWinsOnceAndTheScreenStays) {
     EXPECT_EQ(screens.highScores, 0);
 }
 
-TEST_F(MatchTest, ATiedBattleShowsACleanScreen) {
-    theSettings.players = 2;
-    theSettings.battle = true;
-    EndWithScore(*rightPlayer, 4);
-    EndWithScore(*leftPlayer, 4);
-    for (int i = 0; i < 2; ++i)
-        Frame();
-    EXPECT_EQ(rightPlayer->Wins() + leftPlayer->Wins(), 2);
-    EXPECT_FALSE(highScoresShowing);
-    EXPECT_EQ(Headless().PixelAt(400, 200), 0u);
-}
-
 TEST_F(MatchTest, RowsOfALockReachTheOtherBoardOnlyInABattle) {
     for (const bool battle : {false, true}) {
         theSettings.players = 2;
@@ -211,33 +185,6 @@ TEST_F(MatchTest, GameTimeComesFromEitherClockAcrossItsWrap) {
         const int depth = figure->Row() * kCellPixels + figure->PixelOffset();
         EXPECT_NEAR(depth, 40, 1) << (counter ? "counter" : "milliseconds");
     }
-}
-
-TEST_F(MatchTest, TheFrameRateCountsAPeriodOfJustOverASecond) {
-    menuShowing = true;
-    showFps = true;
-    Headless().SetMilliseconds(5000);
-    Frame(0);  // closes the first period
-    EXPECT_EQ(theMatch.frameRateText, "0");
-    for (int i = 0; i < 100; ++i)
-        Frame(10);
-    EXPECT_EQ(theMatch.frameRateText, "0") << "1000 ms";
-    Frame(1);
-    EXPECT_EQ(theMatch.frameRateText, "100");
-    EXPECT_EQ(theMatch.frameCount, 0);
-    showFps = false;
-    for (int i = 0; i < 5; ++i)
-        Frame(10);
-    EXPECT_EQ(theMatch.frameCount, 0) << "counted only while it shows";
-}
-
-TEST_F(MatchTest, ALostPictureIsReportedToTheLoop) {
-    menuShowing = true;
-    showFps = true;
-    Headless().FailPresents({DDERR_WASSTILLDRAWING, DDERR_SURFACELOST});
-    Headless().Advance(2000);
-    EXPECT_EQ(DrawGameFrame(screens), DDERR_SURFACELOST);
-    EXPECT_EQ(DrawGameFrame(screens), S_OK);
 }
 
 }  // namespace

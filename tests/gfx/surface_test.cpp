@@ -53,46 +53,6 @@ TEST_F(SurfaceTest, ASkinNameLeadsNowhereElse) {
     }
 }
 
-TEST_F(SurfaceTest, DrawTakesPartsAndRefusesWhatDoesNotFit) {
-    folder.Write("Skins/Original/x.bmp", MakeBmp({.width = 8, .height = 4, .pixel = [](int x, int) {
-                                                      return x < 4 ? kRed : kBlue;
-                                                  }}));
-    const Surface surface("x.bmp");
-    EXPECT_EQ(surface.Draw(0, 0, 4, 1, 4, 2, DDBLTFAST_NOCOLORKEY), S_OK);
-    EXPECT_EQ(Shown(0, 0), kBlue);
-    EXPECT_EQ(Shown(3, 1), kBlue);
-    EXPECT_EQ(Shown(0, 2), 0u);
-    EXPECT_TRUE(Failed(surface.Draw(0, 0, 4, 0, 0, 0, DDBLTFAST_NOCOLORKEY))) << "whole from 4";
-    EXPECT_TRUE(Failed(surface.Draw(633, 0, 0, 0, 0, 0, DDBLTFAST_NOCOLORKEY)));
-    EXPECT_EQ(surface.Draw(632, 476, 0, 0, 0, 0, DDBLTFAST_NOCOLORKEY), S_OK);
-    EXPECT_EQ(Shown(639, 479), kBlue);
-}
-
-TEST_F(SurfaceTest, TilesCoverExactlyTheArea) {
-    folder.Write("Skins/Original/x.bmp",
-                 MakeBmp({.width = 32, .height = 32, .pixel = [](int x, int y) {
-                              return static_cast<std::uint32_t>(1 + x + 100 * y);
-                          }}));
-    const Surface surface("x.bmp");
-    struct Case {
-        int width, height;
-    };
-    for (const Case& c : {Case{100, 50}, Case{64, 32}, Case{1, 1}, Case{33, 31}}) {
-        Clear();
-        surface.DrawTiled(10, 20, static_cast<std::uint32_t>(c.width),
-                          static_cast<std::uint32_t>(c.height));
-        int wrong = 0;
-        for (int y = 0; y < 60; ++y) {
-            for (int x = 0; x < 110; ++x) {
-                const bool inside = x < c.width && y < c.height;
-                const int expected = inside ? 1 + x % 32 + 100 * (y % 32) : 0;
-                wrong += Shown(10 + x, 20 + y) != static_cast<std::uint32_t>(expected);
-            }
-        }
-        EXPECT_EQ(wrong, 0) << c.width << " x " << c.height;
-    }
-}
-
 TEST_F(SurfaceTest, KeysComeFromTheFirstStoredPixels) {
     EXPECT_EQ(ColorKey(0), 0u);
     const auto keys =
@@ -134,66 +94,6 @@ TEST_F(SurfaceTest, KeyColoursWorkAtEveryDepth) {
         EXPECT_EQ(surface.Draw(0, 0, 0, 0, 0, 0, DDBLTFAST_SRCCOLORKEY), S_OK);
         EXPECT_EQ(Shown(0, 0), 0u) << depth;
         EXPECT_EQ(Shown(1, 0), 0xFFFFFFu) << depth;
-    }
-}
-
-TEST_F(SurfaceTest, ColoursAreCutToTheChannelsOfASurface) {
-    ASSERT_EQ(currentDisplay->OpenFullScreen(window, 640, 480, 16, 0), S_OK);
-    IDirectDrawSurface7* back = currentDisplay->BackBuffer();
-    EXPECT_EQ(ColorToPixel(back, RGB(255, 0, 255)), 0xF81Fu);
-    EXPECT_EQ(ColorToPixel(back, RGB(7, 255, 8)), 0x07E1u);
-    ASSERT_EQ(currentDisplay->OpenWindowed(window, 640, 480), S_OK);
-    EXPECT_EQ(ColorToPixel(currentDisplay->BackBuffer(), RGB(1, 2, 3)), 0x010203u);
-}
-
-TEST_F(SurfaceTest, WithoutADisplayNothingIsDrawnAndNothingBreaks) {
-    folder.Write("Skins/Original/x.bmp", Flat(4, 4, kRed));
-    Surface surface("x.bmp");
-    currentDisplay.reset();
-    EXPECT_EQ(surface.Draw(0, 0, 0, 0, 0, 0, DDBLTFAST_NOCOLORKEY), S_OK);
-    EXPECT_EQ(surface.DrawTiled(0, 0, 9, 9), S_OK);
-    EXPECT_FALSE(surface.Load("x.bmp"));
-    Display unopened;
-    EXPECT_EQ(unopened.ShowFrame(), E_POINTER);
-    EXPECT_EQ(unopened.ClearBackBuffer(0), E_POINTER);
-}
-
-TEST_F(SurfaceTest, ButtonsHitStrictlyInsideOneFrame) {
-    folder.Write("Skins/Original/b.bmp", Flat(40, 10, kRed));
-    folder.Write("Skins/Original/b2.bmp", Flat(40, 10, kBlue));
-    Button button("b.bmp", "b2.bmp", 100, 50);
-    struct Case {
-        int x, y;
-        bool hit;
-    };
-    for (const Case& c : {Case{101, 51, true}, Case{119, 59, true}, Case{100, 55, false},
-                          Case{120, 55, false}, Case{110, 50, false}, Case{110, 60, false}}) {
-        EXPECT_EQ(button.HitTest(c.x, c.y, false), c.hit) << c.x << "," << c.y;
-    }
-    EXPECT_TRUE(button.HitTest(110, 55, true));
-    EXPECT_TRUE(button.IsSelected());
-    button.SetEnabled(false);
-    EXPECT_FALSE(button.HitTest(110, 55, true));
-    button.Draw();
-    EXPECT_EQ(Shown(100, 50), kBlue);
-    Button plain("b.bmp", 100, 50);
-    plain.SetEnabled(false);
-    Clear();
-    plain.Draw();
-    EXPECT_EQ(Shown(100, 50), 0u) << "no look for a disabled button";
-}
-
-TEST_F(SurfaceTest, TheWindowIsMovedIntoTheWorkAreaAtItsTopLeftOnly) {
-    Headless().SetScreen({800, 600}, {50, 40, 700, 500});
-    struct Case {
-        POINT at, then;
-    };
-    for (const Case& c :
-         {Case{{0, 0}, {50, 40}}, Case{{60, 0}, {60, 40}}, Case{{90, 90}, {90, 90}}}) {
-        SetWindowPos(window, c.at, {}, SWP_NOSIZE);
-        ASSERT_EQ(currentDisplay->OpenWindowed(window, 640, 480), S_OK);
-        const RECT now = GetWindowRect(window);
-        EXPECT_EQ((POINT{now.left, now.top}), c.then);
     }
 }
 

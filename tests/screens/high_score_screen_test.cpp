@@ -38,19 +38,6 @@ constexpr char kEnter = VK_RETURN;
 constexpr char kLeft = VK_LEFT;
 constexpr char kRight = VK_RIGHT;
 
-TEST_F(HighScoreScreenTest, AResultTakesItsRowWithABlankNameOrNone) {
-    EXPECT_EQ(theHighScoreScreen->Submit(Side::Left, 99, 7, 7), -1);
-    EXPECT_FALSE(Type("A")) << "nothing to name";
-    EXPECT_EQ(theHighScoreScreen->Submit(Side::Left, 100, 3, 2), 9);
-    const HighScoreEntry& entry = theHighScoreScreen->Table().Row(9);
-    EXPECT_EQ(entry.Name(), std::string(13, ' '));
-    EXPECT_EQ(entry.score, 100);
-    EXPECT_EQ(entry.lines, 3);
-    EXPECT_EQ(entry.level, 2);
-    EXPECT_TRUE(Type(std::string(1, kEnter)));
-    EXPECT_EQ(theHighScoreScreen->Submit(Side::Left, 1000, 3, 2), 0);
-}
-
 TEST_F(HighScoreScreenTest, NamesAreTypedColumnByColumn) {
     struct Case {
         std::string keys;
@@ -80,33 +67,6 @@ TEST_F(HighScoreScreenTest, NamesAreTypedColumnByColumn) {
         EXPECT_FALSE(Type("Q"));
         EXPECT_EQ(NameIn(0), c.name) << "after Enter";
     }
-}
-
-TEST_F(HighScoreScreenTest, TheTableIsDrawnWithTheCursorAndTheCongratulations) {
-    theHighScoreScreen->Submit(Side::Right, 650, 12, 3);
-    Type("ZOE");
-    Frame();
-    EXPECT_EQ(Text(64, 104, 4, 16), "NAME");
-    EXPECT_EQ(Text(491, 104, 5, 16), "SCORE");
-    EXPECT_EQ(Text(64, 138 + 28 * 4, 4, 16), "ZOE ");
-    EXPECT_EQ(Text(272, 138 + 28 * 4, 3, 14), "12 ");
-    EXPECT_EQ(Text(393, 138 + 28 * 4, 2, 14), "3 ");
-    EXPECT_EQ(Text(496, 138 + 28 * 4, 4, 14), "650 ");
-    EXPECT_EQ(Text(496, 138, 4, 14), "1000");
-    EXPECT_EQ(Text(64, 138 + 28 * 9, 6, 16), "MORLAX");
-    EXPECT_EQ(Seen(64 + 16 * 3, 138 + 28 * 4), "HighScore/cursor 0");
-    EXPECT_EQ(Text(117, 415, 28, 14), "CONGRATULATIONS RIGHT PLAYER");
-    EXPECT_EQ(Seen(54, 0), "HighScore/highscore 0");
-    EXPECT_EQ(Seen(54, 479), "-");
-    EXPECT_EQ(Seen(55, 479), "Background 0");
-    Type(std::string(1, kEnter));
-    theHighScoreScreen->Submit(Side::Left, 1, 1, 1);
-    Frame();
-    EXPECT_EQ(Text(117, 415, 4, 14), "    ");
-    EXPECT_EQ(Seen(64 + 16 * 3, 138 + 28 * 4), "Background 0");
-    theHighScoreScreen->Submit(Side::Left, 650, 12, 3);
-    Frame();
-    EXPECT_EQ(Text(124, 415, 27, 14), "CONGRATULATIONS LEFT PLAYER");
 }
 
 TEST_F(HighScoreScreenTest, TheButtonsWaitForTheNameToBeTyped) {

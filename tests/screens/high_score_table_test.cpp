@@ -145,18 +145,5 @@ TEST_F(HighScoreTableTest, AFileCutAnywhereLeavesEmptyWhatItDoesNotReach) {
     }
 }
 
-TEST_F(HighScoreTableTest, NoFileGivesTheDefaultsAndNonsenseIsTakenAsItStands) {
-    EXPECT_EQ(HighScoreTable().Row(0).Name(), "MORLAX");
-    Bytes longer = UnusualFile();
-    longer.resize(5000, std::byte{0x5A});
-    EXPECT_EQ(Saved(Load(longer)), UnusualFile());
-
-    const Bytes ones(10 * kRecordBytes, std::byte{0xFF});
-    const HighScoreTable table = Load(ones);
-    EXPECT_EQ(table.Row(9).Name(), std::string(kNameBytes, '\xFF')) << "a name without an end";
-    EXPECT_EQ(table.Row(9).score, -1);
-    EXPECT_EQ(Saved(table), ones);
-}
-
 }  // namespace
 }  // namespace korvane

@@ -69,14 +69,6 @@ TEST_F(KeyConfigTest, AFileCutAnywhereLeavesTheKeysItDoesNotReachMissing) {
     EXPECT_EQ(Load(longer, folder), unusual);
 }
 
-TEST_F(KeyConfigTest, TheRightPlayersKeysStandFirstInTheFile) {
-    Load(BytesOf({11, 12, 13, 14, 15, 21, 22, 23, 24, 25}), folder);
-    EXPECT_EQ(keyBindings.Key(Action::Rotate, Side::Right), 11);
-    EXPECT_EQ(keyBindings.Key(Action::Pause, Side::Right), 15);
-    EXPECT_EQ(keyBindings.Key(Action::Rotate, Side::Left), 21);
-    EXPECT_EQ(keyBindings.Key(Action::Right, Side::Left), 24);
-}
-
 TEST_F(KeyConfigTest, KeysComeFromTheFileAndGoBackWhenTheWindowIsDestroyed) {
     folder.Write(kFile, BytesOf({74, 40, 37, 39, 80, 87, 83, 65, 68, 84}));
     OpenKeyConfig();
@@ -144,23 +136,6 @@ TEST_F(KeyConfigTest, ASlotThatHadTheKeyTakesTheOldOne) {
     }
 }
 
-TEST_F(KeyConfigTest, OneSlotAtATimeWaitsAndNoClickEndsThat) {
-    OpenKeyConfig();
-    theMenuScreen->OnKeyConfigKey('Q');
-    EXPECT_EQ(keyBindings, KeyBindings()) << "nothing waits for it";
-    ASSERT_EQ(Arm(Action::Right, Side::Right), kMenuSlotArmed);
-    EXPECT_EQ(Arm(Action::Right, Side::Right), kMenuNothing);
-    EXPECT_EQ(Arm(Action::Left, Side::Left), kMenuNothing);
-    Frame();
-    EXPECT_EQ(Seen(340, 308), "KeyConfig/keybuttongrey 1");
-    EXPECT_EQ(Seen(335 + 30, 303 + 30), "KeyConfig/keybuttongrey 1") << "without a glyph";
-    EXPECT_EQ(Seen(170, 242), "KeyConfig/keybuttongrey 0");
-    theMenuScreen->OnKeyConfigKey('Q');
-    EXPECT_EQ(keyBindings.Key(Action::Right, Side::Right), 'Q');
-    Frame();
-    EXPECT_EQ(Seen(340, 308), "KeyConfig/keybuttongrey 0");
-}
-
 TEST_F(KeyConfigTest, ASlotsBorderIsNoPartOfIt) {
     OpenKeyConfig();
     for (const auto& [x, y] : {std::pair{165, 110},
@@ -173,71 +148,6 @@ TEST_F(KeyConfigTest, ASlotsBorderIsNoPartOfIt) {
     EXPECT_EQ(theMenuScreen->Click(165 + 64, 105 + 63), kMenuSlotArmed);
     theMenuScreen->OnKeyConfigKey('W');
     EXPECT_EQ(theMenuScreen->Click(166, 106), kMenuSlotArmed);
-}
-
-TEST_F(KeyConfigTest, ASlotShowsItsKeysGlyph) {
-    struct Case {
-        int key;
-        std::string glyph;
-    };
-    const std::string kNone = "KeyConfig/keybuttongrey 0";
-    const Case kCases[] = {
-        {'A', "KeyConfig/alpha1 0"},
-        {'T', "KeyConfig/alpha1 19"},
-        {'U', "KeyConfig/alpha2 0"},
-        {'Z', "KeyConfig/alpha2 5"},
-        {'0', "KeyConfig/keys1 4"},
-        {'9', "KeyConfig/keys1 13"},
-        {VK_NUMPAD0, "KeyConfig/keys1 4"},
-        {VK_NUMPAD9, "KeyConfig/keys1 13"},
-        {VK_LEFT, "KeyConfig/keys1 0"},
-        {VK_DOWN, "KeyConfig/keys1 1"},
-        {VK_UP, "KeyConfig/keys1 2"},
-        {VK_RIGHT, "KeyConfig/keys1 3"},
-        {VK_OEM_102, "KeyConfig/keys1 16"},
-        {VK_OEM_3, "KeyConfig/keys1 19"},
-        {VK_INSERT, "KeyConfig/keys2 0"},
-        {VK_OEM_MINUS, "KeyConfig/keys2 8"},
-        {VK_CONTROL, "KeyConfig/keys2 10"},
-        {VK_SHIFT, "KeyConfig/keys2 11"},
-        {VK_OEM_PLUS, "KeyConfig/keys2 11"},
-        {VK_RETURN, "KeyConfig/keys2 19"},
-        {VK_SPACE, kNone},
-        {0, kNone},
-        {VK_TAB, kNone},
-        {255, kNone},
-    };
-    OpenKeyConfig();
-    for (const Case& c : kCases) {
-        keyBindings.Key(Action::Drop, Side::Left) = static_cast<std::uint8_t>(c.key);
-        Frame();
-        EXPECT_EQ(Seen(165 + 18, 171 + 10), c.glyph) << c.key;
-        EXPECT_EQ(Seen(165 + 18 + 28, 171 + 10 + 43), c.glyph) << c.key;
-        EXPECT_EQ(Seen(165 + 17, 171 + 10), kNone);
-        EXPECT_EQ(Seen(165 + 18 + 29, 171 + 10), kNone);
-    }
-}
-
-TEST_F(KeyConfigTest, EveryBindableKeyButSpaceHasAGlyph) {
-    OpenKeyConfig();
-    for (int key = 1; key <= 255; ++key) {
-        keyBindings.ResetToDefaults();
-        Arm(Action::Rotate, Side::Right);
-        theMenuScreen->OnKeyConfigKey(static_cast<std::uint8_t>(key));
-        const bool bound = BackIsEnabled();
-        if (!bound) theMenuScreen->OnKeyConfigKey(VK_UP);
-        if (!bound || key == VK_SPACE) continue;
-        Frame();
-        EXPECT_NE(Seen(335 + 30, 105 + 30), "KeyConfig/keybuttongrey 0") << key;
-    }
-}
-
-TEST_F(KeyConfigTest, ActionsAreNamedBesideBothColumns) {
-    OpenKeyConfig();
-    Frame();
-    EXPECT_EQ(Text(235, 129, 6, 14), "ROTATE");
-    EXPECT_EQ(Text(410, 129 + 4 * 66, 5, 14), "PAUSE");
-    EXPECT_EQ(Text(235, 129 + 2 * 66, 4, 14), "LEFT");
 }
 
 }  // namespace

@@ -1,8 +1,5 @@
 #include "tests/support/flat_skin.h"
 
-#include <algorithm>
-#include <filesystem>
-
 #include "tests/support/bmp_writer.h"
 
 namespace korvane {
@@ -84,18 +81,6 @@ void WriteFlatSkin(const TemporaryFolder& folder, const std::string& skin) {
     folder.Write(PathOf(skin, "colorkey"), MakeBmp(keys));
     for (std::size_t i = 0; i < kPictures.size(); ++i)
         Write(folder, PathOf(skin, kPictures[i].name), kPictures[i], i);
-}
-
-void WriteFlatPicture(const TemporaryFolder& folder, const std::string& skin,
-                      const std::string& name, int cellWidth, int height) {
-    const auto picture = std::ranges::find(kPictures, name, &FlatPicture::name);
-    Write(folder, PathOf(skin, name), {name, cellWidth, height, picture->cells},
-          static_cast<std::size_t>(picture - kPictures.begin()));
-}
-
-void RemoveFlatPicture(const TemporaryFolder& folder, const std::string& skin,
-                       const std::string& name) {
-    std::filesystem::remove(folder.Path() + "/" + PathOf(skin, name));
 }
 
 std::string FlatPictureOf(std::uint32_t colour) {

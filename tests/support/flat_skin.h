@@ -21,12 +21,6 @@ struct FlatPicture {
 /// the rooms that these screens give them.
 void WriteFlatSkin(const TemporaryFolder& folder, const std::string& skin);
 
-/// Writes one of these pictures with cells of another size, or takes it away.
-void WriteFlatPicture(const TemporaryFolder& folder, const std::string& skin,
-                      const std::string& name, int cellWidth, int height);
-void RemoveFlatPicture(const TemporaryFolder& folder, const std::string& skin,
-                       const std::string& name);
-
 /// What a pixel of a composed screen shows: "name cell" of the flat picture, "-" for no picture.
 std::string FlatPictureOf(std::uint32_t colour);
 
