@@ -46,8 +46,8 @@ TEST_F(SurfaceTest, ASkinNameLeadsNowhereElse) {
     elsewhere.Write("x.bmp", Flat(4, 4, kRed));
     folder.Write("Skins/Mine/x.bmp", Flat(4, 4, kRed));
     for (const std::string& name :
-         {"../../" + elsewhere.Path().substr(1), std::string("..\\Skins\\Mine"),
-          std::string("/") + elsewhere.Path(), std::string(300, 'a'), std::string()}) {
+         {"../../" + elsewhere.Path().substr(1), std::string("..\\Skins\\Mine"), elsewhere.Path(),
+          std::string(300, 'a'), std::string()}) {
         theSettings.skinName = name;
         EXPECT_EQ(Surface("x.bmp").Width(), 0u) << name;
     }
