@@ -4,23 +4,41 @@
 #include <array>
 
 #include "app/display_switch.h"
+#include "app/game_start.h"
 #include "app/main_window.h"
 #include "app/process_state.h"
 #include "app/settings.h"
-#include "app/start_screens.h"
 #include "game/game_frame.h"
 #include "gfx/display.h"
 #include "res/commands.h"
+#include "screens/menu_screen.h"
 
 namespace korvane {
 namespace {
 
-void NewGame(HWND) {
+void Flip(bool& setting) {
+    setting = !setting;
+}
+
+// Games and screens. -----------------------------------------------------------------------------
+
+void ChooseTwoPlayers(HWND) {
     theSettings.players = 2;
-    startScreens->SelectTwoPlayers();
+    theMenuScreen->SelectTwoPlayers();
+}
+
+void ChooseOnePlayer(HWND) {
+    theSettings.players = 1;
+    theMenuScreen->SelectOnePlayer();
+}
+
+void NewGame(HWND window) {
+    ChooseTwoPlayers(window);
     StartPlayers(Starters::Both);
 }
 
+/// Brings the left player in without touching the menu's buttons: the way back to the menu also
+/// goes back to the number of players that they show.
 void RestartLeft(HWND) {
     if (theSettings.battle) return;
     theSettings.players = 2;
@@ -28,28 +46,65 @@ void RestartLeft(HWND) {
 }
 
 void RestartRight(HWND) {
-    if (theSettings.battle) return;
-    StartPlayers(Starters::Right);
+    if (!theSettings.battle) StartPlayers(Starters::Right);
 }
 
 void GotoMenu(HWND) {
-    theSettings.players = static_cast<std::uint8_t>(startScreens->Players());
-    rightPlayer->SetJoined(false);
-    leftPlayer->SetJoined(false);
-    menuShowing = true;
-    highScoresShowing = false;
+    ShowMenu();
     rightPlayer->ResetPlayer();
     leftPlayer->ResetPlayer();
 }
 
 void ToggleHighScores(HWND) {
     if (!menuShowing && !highScoresShowing) return;
-    menuShowing = !menuShowing;
-    highScoresShowing = !highScoresShowing;
+    Flip(menuShowing);
+    Flip(highScoresShowing);
 }
 
+// Settings. --------------------------------------------------------------------------------------
+
+void ToggleQuakes(HWND) {
+    Flip(theSettings.quakes);
+    theMenuScreen->ToggleQuakesButton();
+}
+
+void ToggleBattle(HWND) {
+    Flip(theSettings.battle);
+    theMenuScreen->ToggleBattleButton();
+}
+
+void ToggleMusic(HWND) {
+    Flip(theSettings.music);
+    theMenuScreen->ToggleMusicButton();
+}
+
+void ToggleSoundEffects(HWND) {
+    Flip(theSettings.soundEffects);
+    theMenuScreen->ToggleSfxButton();
+}
+
+template <Side side, Difficulty difficulty>
+void SetDifficulty(HWND) {
+    constexpr auto kLevel = static_cast<std::int32_t>(difficulty);
+    theSettings.difficulty[IndexOf(side)] = kLevel;
+    theMenuScreen->SetDifficultyButtons(side, kLevel);
+}
+
+template <Side side>
+void ToggleClockwise(HWND) {
+    SetClockwise(side, !theSettings.clockwise[IndexOf(side)]);
+}
+
+template <Side side>
+void ToggleTimeBased(HWND) {
+    Flip(theSettings.timeBased[IndexOf(side)]);
+    theMenuScreen->ToggleTimeButton(side);
+}
+
+// The window. ------------------------------------------------------------------------------------
+
 void ToggleFps(HWND) {
-    showFps = !showFps;
+    Flip(showFps);
 }
 
 void Exit(HWND window) {
@@ -58,7 +113,7 @@ void Exit(HWND window) {
 
 void ToggleFullScreen(HWND window) {
     if (!appActive || theSettings.fullscreenBpp == 0) return;
-    theSettings.windowed = !theSettings.windowed;
+    Flip(theSettings.windowed);
     if (!Failed(SwitchDisplayMode(window, theSettings.windowed))) return;
     currentDisplay.reset();
     ShowError("InitDirectDraw() failed. Korvane will now exit. ");
@@ -71,32 +126,41 @@ struct CommandAction {
 };
 
 constexpr std::array kCommandActions = {
-    CommandAction{kCmdExit, Exit},
-    CommandAction{kCmdToggleFullScreen, ToggleFullScreen},
-    CommandAction{kCmdRightRestart, RestartRight},
     CommandAction{kCmdNewGame, NewGame},
-    CommandAction{kCmdLeftRestart, RestartLeft},
-    CommandAction{kCmdGotoMenu, GotoMenu},
-    CommandAction{kCmdHighScores, ToggleHighScores},
+    CommandAction{kCmdOnePlayer, ChooseOnePlayer},
+    CommandAction{kCmdTwoPlayers, ChooseTwoPlayers},
+    CommandAction{kCmdQuakes, ToggleQuakes},
+    CommandAction{kCmdBattle, ToggleBattle},
+    CommandAction{kCmdMusic, ToggleMusic},
+    CommandAction{kCmdSoundEffects, ToggleSoundEffects},
     CommandAction{kCmdShowFps, ToggleFps},
+    CommandAction{kCmdToggleFullScreen, ToggleFullScreen},
+    CommandAction{kCmdHighScores, ToggleHighScores},
+    CommandAction{kCmdGotoMenu, GotoMenu},
+    CommandAction{kCmdExit, Exit},
+    CommandAction{kCmdLeftRestart, RestartLeft},
+    CommandAction{kCmdLeftEasy, SetDifficulty<Side::Left, Difficulty::Easy>},
+    CommandAction{kCmdLeftMedium, SetDifficulty<Side::Left, Difficulty::Medium>},
+    CommandAction{kCmdLeftHard, SetDifficulty<Side::Left, Difficulty::Hard>},
+    CommandAction{kCmdLeftClockwise, ToggleClockwise<Side::Left>},
+    CommandAction{kCmdLeftTimeBased, ToggleTimeBased<Side::Left>},
+    CommandAction{kCmdRightRestart, RestartRight},
+    CommandAction{kCmdRightEasy, SetDifficulty<Side::Right, Difficulty::Easy>},
+    CommandAction{kCmdRightMedium, SetDifficulty<Side::Right, Difficulty::Medium>},
+    CommandAction{kCmdRightHard, SetDifficulty<Side::Right, Difficulty::Hard>},
+    CommandAction{kCmdRightClockwise, ToggleClockwise<Side::Right>},
+    CommandAction{kCmdRightTimeBased, ToggleTimeBased<Side::Right>},
 };
-
-void Start(Player& player) {
-    player.StartGame(theSettings.timeBased[IndexOf(player.PlayerSide())]);
-}
 
 }  // namespace
 
-void StartPlayers(Starters starters) {
-    highScoresShowing = false;
-    menuShowing = false;
-    if (starters != Starters::Left) Start(*rightPlayer);
-    if (starters != Starters::Right) Start(*leftPlayer);
+void SetClockwise(Side side, bool clockwise) {
+    theSettings.clockwise[IndexOf(side)] = clockwise;
+    theMenuScreen->SetRotationButtons(side, clockwise);
 }
 
 bool RunCommand(HWND window, std::uint16_t id) {
-    const auto action = std::find_if(kCommandActions.begin(), kCommandActions.end(),
-                                     [id](const CommandAction& entry) { return entry.id == id; });
+    const auto* action = std::ranges::find(kCommandActions, id, &CommandAction::id);
     if (action == kCommandActions.end()) return false;
     action->run(window);
     return true;

@@ -2,17 +2,16 @@
 
 #include <cstdint>
 
+#include "app/settings.h"
 #include "platform/user.h"
 
 namespace korvane {
 
-/// Which games `StartPlayers` starts.
-enum class Starters { Right = 1, Left = 2, Both = 3 };
-
-/// Leaves menu and high scores and starts games, the right player's first.
-void StartPlayers(Starters starters);
-
-/// Carries out a command of an accelerator key; false for an id that is none.
+/// Carries out a command of the window menu or of an accelerator key; false for an id that is none.
+/// A changed setting shows on the menu's buttons at once.
 bool RunCommand(HWND window, std::uint16_t id);
+
+/// Which way a player's figures turn, in the settings and on the menu.
+void SetClockwise(Side side, bool clockwise);
 
 }  // namespace korvane

@@ -5,6 +5,9 @@
 #include "game/game_art.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
+#include "res/menu.h"
+#include "screens/high_score_screen.h"
+#include "screens/menu_screen.h"
 
 namespace korvane {
 namespace {
@@ -13,6 +16,7 @@ HRESULT OpenWindow(HWND window) {
     const HRESULT result = currentDisplay->OpenWindowed(window, kFrameWidth, kFrameHeight);
     if (Failed(result)) return result;
     SetWindowLong(window, GWL_STYLE, GetWindowLong(window, GWL_STYLE) | WS_SYSMENU);
+    SetMenu(window, LoadMenu(kWindowMenu));
     return result;
 }
 
@@ -24,6 +28,7 @@ HRESULT OpenWholeScreen(HWND window) {
         ShowError("This display card does not support 640x480x8. ");
         return result;
     }
+    SetMenu(window, nullptr);
     SetWindowLong(window, GWL_STYLE, GetWindowLong(window, GWL_STYLE) & ~WS_SYSMENU);
     return result;
 }
@@ -45,6 +50,8 @@ bool ReloadSkinGraphics() {
         currentDisplay->BackBuffer()->Restore();
     }
     if (theFont) theFont->Reload();
+    if (theMenuScreen) theMenuScreen->ReloadPictures();
+    if (theHighScoreScreen) theHighScoreScreen->ReloadPictures();
     theGameArt.Reload();
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "app/process_state.h"
 #include "app/window_proc.h"
+#include "res/menu.h"
 
 namespace korvane {
 namespace {
@@ -18,7 +19,7 @@ SIZE MainWindowSize() {
 
 HRESULT CreateMainWindow(HWND& window) {
     constexpr std::uint32_t kStyle = WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX;
-    if (!RegisterClass({kProgramName, WindowProc})) return E_FAIL;
+    if (!RegisterClass({kProgramName, WindowProc, kWindowMenu})) return E_FAIL;
     window = CreateWindowEx(0, kProgramName, kProgramName, kStyle, {CW_USEDEFAULT, CW_USEDEFAULT},
                             MainWindowSize());
     return window ? S_OK : E_FAIL;

@@ -9,6 +9,7 @@ bool highScoresShowing = false;
 bool showFps = false;
 
 bool appActive = false;
+bool audioReady = false;
 bool nextFigureCheat = false;
 std::int32_t pendingClick = -1;
 

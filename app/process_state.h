@@ -18,6 +18,9 @@ extern bool showFps;
 /// Frames are drawn only while the window is active.
 extern bool appActive;
 
+/// Whether music and sound effects can be heard; without, their menu buttons are out of use.
+extern bool audioReady;
+
 /// The keys F5 and F9 turn the next figure into a bar.
 extern bool nextFigureCheat;
 

@@ -3,14 +3,16 @@
 #include "app/display_switch.h"
 #include "app/main_window.h"
 #include "app/process_state.h"
+#include "app/screen_adapter.h"
 #include "app/settings.h"
-#include "app/start_screens.h"
 #include "game/game_art.h"
 #include "game/game_frame.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
 #include "platform/kernel.h"
 #include "res/accelerators.h"
+#include "screens/high_score_screen.h"
+#include "screens/menu_screen.h"
 
 namespace korvane {
 namespace {
@@ -34,9 +36,10 @@ void ChooseGameClock() {
 void CreateObjects() {
     theGameArt.Load();
     theFont = std::make_unique<BitmapFont>();
-    startScreens = std::make_unique<StartScreens>();
+    theMenuScreen = std::make_unique<MenuScreen>();
     rightPlayer = std::make_unique<Player>(Side::Right);
     leftPlayer = std::make_unique<Player>(Side::Left);
+    theHighScoreScreen = std::make_unique<HighScoreScreen>();
 }
 
 void RestoreSurfaces() {
@@ -66,7 +69,8 @@ HRESULT RenderFrame(HWND window) {
     const HRESULT state = currentDisplay->DirectDraw()->TestCooperativeLevel();
     if (Failed(state)) return AnswerDisplayState(window, state);
     KeepPace();
-    const HRESULT drawn = DrawGameFrame(*startScreens);
+    ScreenAdapter screens;
+    const HRESULT drawn = DrawGameFrame(screens);
     if (drawn == DDERR_SURFACELOST) {
         RestoreSurfaces();
     } else if (Failed(drawn)) {

@@ -4,59 +4,20 @@
 #include <array>
 
 #include "app/commands.h"
+#include "app/keyboard_input.h"
 #include "app/main_window.h"
+#include "app/menu_states.h"
+#include "app/mouse_input.h"
 #include "app/process_state.h"
 #include "app/settings.h"
-#include "app/start_screens.h"
 #include "game/game_frame.h"
 #include "game/key_bindings.h"
 #include "gfx/display.h"
+#include "screens/high_score_screen.h"
+#include "screens/menu_screen.h"
 
 namespace korvane {
 namespace {
-
-/// Right before left, as everything that concerns both players is done.
-std::array<Player*, 2> BothPlayers() {
-    return {rightPlayer.get(), leftPlayer.get()};
-}
-
-bool BothPlayersExist() {
-    return rightPlayer && leftPlayer;
-}
-
-/// A pause key stops its player's game, in battle both.
-void TogglePauses(Player& owner) {
-    for (Player* player : BothPlayers()) {
-        const bool concerned = theSettings.battle ? player->IsJoined() : player == &owner;
-        if (concerned) player->TogglePause();
-    }
-}
-
-bool HandlePauseKey(std::uint8_t key) {
-    for (Player* player : {leftPlayer.get(), rightPlayer.get()}) {
-        if (!player->IsJoined()) continue;
-        if (!keyBindings.IsKeyOf(Action::Pause, player->PlayerSide(), key)) continue;
-        TogglePauses(*player);
-        return true;
-    }
-    return false;
-}
-
-void OnKeyDown(std::uint8_t key) {
-    if (!BothPlayersExist()) return;
-    if (!menuShowing) {
-        if (HandlePauseKey(key)) return;
-        for (Player* player : BothPlayers())
-            if (player->IsJoined()) player->KeyDown(key);
-    }
-    if (key == VK_HOME) nextFigureCheat = !nextFigureCheat;
-}
-
-void OnKeyUp(std::uint8_t key) {
-    if (menuShowing || !BothPlayersExist()) return;
-    for (Player* player : BothPlayers())
-        player->KeyUp(key);
-}
 
 /// A game never resumes by itself: it is paused when the window comes and when it goes.
 void OnActivate(WPARAM wParam) {
@@ -77,8 +38,13 @@ bool IsRefusedInFullScreen(WPARAM systemCommand) {
     return std::find(kRefused.begin(), kRefused.end(), systemCommand) != kRefused.end();
 }
 
+/// Only here are high scores and keys written: a program that ends because it cannot draw leaves
+/// both files as they were.
 void OnDestroy() {
-    startScreens.reset();
+    if (theHighScoreScreen) theHighScoreScreen->Table().Save();
+    theHighScoreScreen.reset();
+    if (theMenuScreen) keyBindings.Save();
+    theMenuScreen.reset();
     rightPlayer.reset();
     leftPlayer.reset();
     currentDisplay.reset();
@@ -92,6 +58,12 @@ LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lPa
     switch (message) {
         case WM_COMMAND:
             if (RunCommand(window, LOWORD(wParam))) return 0;
+            break;
+        case WM_LBUTTONDOWN:
+            OnLeftButtonDown(window, lParam);
+            return 0;
+        case WM_TIMER:
+            if (OnTimer(window, wParam)) return 0;
             break;
         case WM_KEYDOWN:
             OnKeyDown(static_cast<std::uint8_t>(wParam));
@@ -108,6 +80,9 @@ LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lPa
         case WM_MOVE:
             if (currentDisplay) currentDisplay->UpdateWindowRect();
             return 0;
+        case WM_INITMENUPOPUP:
+            SetMenuStates(reinterpret_cast<HMENU>(wParam));
+            break;
         case WM_GETMINMAXINFO: {
             auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
             limits->minTrackSize = limits->maxTrackSize = MainWindowSize();

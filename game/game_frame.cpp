@@ -78,7 +78,7 @@ void SubmitResults(FrameScreens& screens) {
 }
 
 void ShowHighScores(FrameScreens& screens) {
-    for (Player* player : {rightPlayer.get(), leftPlayer.get()}) {
+    for (Player* player : BothPlayers()) {
         player->ReleaseHeldKeys();
         player->SetJoined(false);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -38,6 +39,15 @@ extern MatchState theMatch;
 /// The two players; null before the start-up has made them and after the window is gone.
 extern std::unique_ptr<Player> rightPlayer;
 extern std::unique_ptr<Player> leftPlayer;
+
+inline bool BothPlayersExist() {
+    return rightPlayer && leftPlayer;
+}
+
+/// Right before left, as everything that concerns both players is done.
+inline std::array<Player*, 2> BothPlayers() {
+    return {rightPlayer.get(), leftPlayer.get()};
+}
 
 /// Reads the game clock, settles the winners of a battle and lets both games go on for the time
 /// that has passed.

@@ -41,7 +41,9 @@ int WidthOf(Art art) {
 }
 
 std::string TwoDigits(int value) {
-    return (value < 10 ? "0" : "") + std::to_string(value);
+    std::string digits = std::to_string(value);
+    if (value < 10) digits.insert(digits.begin(), '0');
+    return digits;
 }
 
 /// One half of the screen while it is drawn.

@@ -1,9 +1,15 @@
 #include "game/key_bindings.h"
 
+#include <string_view>
+
+#include "platform/byte_stream.h"
+#include "platform/host.h"
 #include "platform/virtual_keys.h"
 
 namespace korvane {
 namespace {
+
+constexpr std::string_view kKeysPath = "data\\keys.dat";
 
 constexpr std::array<std::uint8_t, kActionCount* 2> kDefaultKeys = {
     VK_UP,    'W',  // rotate
@@ -13,12 +19,38 @@ constexpr std::array<std::uint8_t, kActionCount* 2> kDefaultKeys = {
     'P',      'T',  // pause
 };
 
+/// The file holds all of the right player's keys in front of the left player's.
+template <typename Bindings, typename Visit>
+void VisitKeysInFileOrder(Bindings& bindings, Visit visit) {
+    for (const Side side : {Side::Right, Side::Left}) {
+        for (std::size_t action = 0; action < kActionCount; ++action)
+            visit(bindings.Key(static_cast<Action>(action), side));
+    }
+}
+
 }  // namespace
 
 KeyBindings keyBindings;
 
 void KeyBindings::ResetToDefaults() {
     keys_ = kDefaultKeys;
+}
+
+void KeyBindings::Load() {
+    const auto bytes = TheHost().GameFiles().Read(kKeysPath, kDataFileCap);
+    if (!bytes || bytes->empty()) {
+        ResetToDefaults();
+        return;
+    }
+    keys_.fill(0);
+    ByteReader reader(*bytes);
+    VisitKeysInFileOrder(*this, [&reader](std::uint8_t& key) { reader.Read(key); });
+}
+
+void KeyBindings::Save() const {
+    ByteWriter writer;
+    VisitKeysInFileOrder(*this, [&writer](std::uint8_t key) { writer.Write(key); });
+    TheHost().GameFiles().Replace(kKeysPath, writer.Bytes());
 }
 
 }  // namespace korvane

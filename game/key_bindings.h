@@ -20,6 +20,12 @@ class KeyBindings {
 
     void ResetToDefaults();
 
+    /// Takes the keys of data\keys.dat. No file or an empty one gives the defaults; keys that a
+    /// short file does not reach are missing.
+    void Load();
+    /// Replaces the file; a failure goes unnoticed.
+    void Save() const;
+
     std::uint8_t& Key(Action action, Side side) { return keys_[Entry(action, side)]; }
     std::uint8_t Key(Action action, Side side) const { return keys_[Entry(action, side)]; }
 

@@ -3,7 +3,11 @@
 namespace korvane {
 
 Button::Button(const std::string& pictureFile, std::int32_t x, std::int32_t y)
-    : picture_(std::make_unique<Surface>(pictureFile)), x_(x), y_(y), pictureFile_(pictureFile) {}
+    : ownPicture_(std::make_unique<Surface>(pictureFile)),
+      picture_(ownPicture_.get()),
+      x_(x),
+      y_(y),
+      pictureFile_(pictureFile) {}
 
 Button::Button(const std::string& pictureFile, const std::string& disabledPictureFile,
                std::int32_t x, std::int32_t y)
@@ -12,8 +16,11 @@ Button::Button(const std::string& pictureFile, const std::string& disabledPictur
     disabledPicture_ = std::make_unique<Surface>(disabledPictureFile);
 }
 
+Button::Button(const Surface& sharedPicture, std::int32_t x, std::int32_t y)
+    : picture_(&sharedPicture), x_(x), y_(y) {}
+
 void Button::Draw() const {
-    const Surface* look = enabled_ ? picture_.get() : disabledPicture_.get();
+    const Surface* look = enabled_ ? picture_ : disabledPicture_.get();
     // A frame width of 0 would ask for the whole picture.
     if (!look || FrameWidth() < 1) return;
     look->Draw(static_cast<std::uint32_t>(x_), static_cast<std::uint32_t>(y_),
@@ -28,8 +35,8 @@ bool Button::HitTest(std::int32_t px, std::int32_t py, bool toggle) {
 }
 
 void Button::Reload() {
-    if (!pictureFile_.empty()) picture_->Load(pictureFile_);
-    if (!disabledPictureFile_.empty()) disabledPicture_->Load(disabledPictureFile_);
+    if (ownPicture_) ownPicture_->Load(pictureFile_);
+    if (disabledPicture_) disabledPicture_->Load(disabledPictureFile_);
 }
 
 }  // namespace korvane

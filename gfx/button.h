@@ -16,7 +16,11 @@ class Button {
     Button(const std::string& pictureFile, std::int32_t x, std::int32_t y);
     Button(const std::string& pictureFile, const std::string& disabledPictureFile, std::int32_t x,
            std::int32_t y);
+    /// Shows a picture that it shares with other buttons; its owner outlives them and reloads it.
+    Button(const Surface& sharedPicture, std::int32_t x, std::int32_t y);
     virtual ~Button() = default;
+    Button(const Button&) = delete;
+    Button& operator=(const Button&) = delete;
 
     void Draw() const;
     /// True when the point lies inside one frame, not on its border pixels, and the button is
@@ -25,16 +29,21 @@ class Button {
     void Toggle() { selected_ = !selected_; }
     bool IsSelected() const { return selected_; }
     void SetSelected(bool selected) { selected_ = selected; }
+    bool IsEnabled() const { return enabled_; }
     void SetEnabled(bool enabled) { enabled_ = enabled; }
-    /// Loads both pictures again from the current skin.
+    /// Loads the button's own pictures again from the current skin.
     void Reload();
+
+    std::int32_t X() const { return x_; }
+    std::int32_t Y() const { return y_; }
 
   private:
     std::int32_t FrameWidth() const { return static_cast<std::int32_t>(picture_->Width() / 2); }
     std::int32_t FrameHeight() const { return static_cast<std::int32_t>(picture_->Height()); }
 
     bool enabled_ = true;
-    std::unique_ptr<Surface> picture_;
+    std::unique_ptr<Surface> ownPicture_;  ///< none when the picture is shared
+    const Surface* picture_;
     std::unique_ptr<Surface> disabledPicture_;
     bool selected_ = false;
     std::int32_t x_;

@@ -13,7 +13,7 @@ void ShapeWindow(HWND window, std::int32_t width, std::int32_t height) {
     const std::uint32_t style = (GetWindowLong(window, GWL_STYLE) & ~WS_POPUP) | WS_CAPTION |
                                 WS_THICKFRAME | WS_MINIMIZEBOX;
     SetWindowLong(window, GWL_STYLE, style);
-    const RECT outer = AdjustWindowRectEx({0, 0, width, height}, style, /*menu=*/false,
+    const RECT outer = AdjustWindowRectEx({0, 0, width, height}, style, GetMenu(window) != nullptr,
                                           GetWindowLong(window, GWL_EXSTYLE));
     SetWindowPos(window, {0, 0}, {outer.Width(), outer.Height()},
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);

@@ -67,8 +67,8 @@ HRESULT DirectDraw::SetCooperativeLevel(HWND window, std::uint32_t flags) {
 void DirectDraw::LeaveFullScreen() {
     if (!share_->fullScreen) return;
     share_->fullScreen = false;
-    NoteFullScreen(false);
     TheHost().LeaveFullScreen();
+    NoteFullScreen(std::nullopt);
 }
 
 HRESULT DirectDraw::SetDisplayMode(std::uint32_t width, std::uint32_t height,
@@ -82,7 +82,7 @@ HRESULT DirectDraw::SetDisplayMode(std::uint32_t width, std::uint32_t height,
     if (!TheHost().EnterFullScreen(mode_)) return E_FAIL;
     share_->format = FormatOfDepth(static_cast<int>(bitsPerPixel));
     share_->fullScreen = true;
-    NoteFullScreen(true);
+    NoteFullScreen(mode_);
     return S_OK;
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/shown_picture.h"
+
 namespace korvane {
 namespace {
 
@@ -191,6 +193,7 @@ BackSurface::BackSurface(std::shared_ptr<DisplayShare> share, SIZE size)
 }
 
 BackSurface::~BackSurface() {
+    TheShownPicture().ForgetGame(ShownView().pixels);
     if (Share().back == this) Share().back = nullptr;
 }
 
@@ -235,16 +238,18 @@ HRESULT BackSurface::GetSurfaceDesc(DDSURFACEDESC2& description) {
     return Describe(pixels_, description);
 }
 
-PictureView BackSurface::ViewForHost(const std::vector<RECT>& changed) {
-    PixelBuffer& shown = format_.bits == 32 ? pixels_ : converted_;
-    if (&shown == &converted_) {
-        for (const RECT& area : changed)
-            for (int y = area.top; y < area.bottom; ++y)
-                for (int x = area.left; x < area.right; ++x)
-                    converted_.SetPixel({x, y}, UnpackPixel(format_, pixels_.Pixel({x, y})));
-    }
+PictureView BackSurface::ShownView() const {
+    const PixelBuffer& shown = format_.bits == 32 ? pixels_ : converted_;
     return {reinterpret_cast<const std::uint32_t*>(shown.Row(0)), shown.Size().cx, shown.Size().cy,
             static_cast<int>(shown.Pitch()) / int{sizeof(std::uint32_t)}};
+}
+
+void BackSurface::ConvertForHost(const std::vector<RECT>& changed) {
+    if (format_.bits == 32) return;
+    for (const RECT& area : changed)
+        for (int y = area.top; y < area.bottom; ++y)
+            for (int x = area.left; x < area.right; ++x)
+                converted_.SetPixel({x, y}, UnpackPixel(format_, pixels_.Pixel({x, y})));
 }
 
 HRESULT BackSurface::Show(const RECT& target) {
@@ -253,7 +258,8 @@ HRESULT BackSurface::Show(const RECT& target) {
     unsent_.insert(unsent_.end(), changed.begin(), changed.end());
     if (target != lastTarget_) unsent_.assign(1, Area());
     if (unsent_.empty()) return S_OK;
-    const HRESULT result = TheHost().Present(ViewForHost(unsent_), target, unsent_);
+    ConvertForHost(unsent_);
+    const HRESULT result = TheShownPicture().ShowGame(ShownView(), target, unsent_);
     if (Failed(result)) return result;
     lastTarget_ = target;
     unsent_.clear();
@@ -286,8 +292,7 @@ HRESULT PrimarySurface::ShowBuffer(BackSurface& back, const RECT& target) {
 
 HRESULT PrimarySurface::Flip(IDirectDrawSurface7* overrideSurface, std::uint32_t /*flags*/) {
     if (overrideSurface || !back_) return E_INVALIDARG;
-    const SIZE screen = TheHost().ScreenSize();
-    return ShowBuffer(*back_, {0, 0, screen.cx, screen.cy});
+    return ShowBuffer(*back_, back_->Area());  // full screen shows the picture as it is
 }
 
 HRESULT PrimarySurface::Blt(const RECT* destination, IDirectDrawSurface7* source,

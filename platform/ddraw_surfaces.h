@@ -108,6 +108,7 @@ class BackSurface final : public SurfaceBase {
     ~BackSurface() override;
 
     BackSurface* AsBack() override { return this; }
+    RECT Area() const { return pixels_.Bounds(); }
     /// Composes what was recorded and sends what changed to the place `target` of the client area.
     /// Nothing is sent when nothing changed.
     HRESULT Show(const RECT& target);
@@ -121,8 +122,8 @@ class BackSurface final : public SurfaceBase {
     HRESULT GetSurfaceDesc(DDSURFACEDESC2& description) override;
 
   private:
-    RECT Area() const { return pixels_.Bounds(); }
-    PictureView ViewForHost(const std::vector<RECT>& changed);
+    PictureView ShownView() const;
+    void ConvertForHost(const std::vector<RECT>& changed);
 
     PixelBuffer pixels_;
     PixelBuffer converted_;  ///< 32-bit copy for the host when the surface has fewer bits

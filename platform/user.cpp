@@ -1,201 +1,25 @@
 #include "platform/user.h"
 
 #include <algorithm>
-#include <bitset>
-#include <deque>
 #include <memory>
-#include <optional>
-#include <vector>
+#include <utility>
 
+#include "platform/desktop.h"
 #include "platform/full_screen.h"
 #include "platform/host.h"
-#include "platform/kernel.h"
+#include "platform/message_box.h"
+#include "platform/shown_picture.h"
 
 namespace korvane {
-
-struct Window {
-    WNDPROC procedure = nullptr;
-    std::uint32_t style = 0;
-    std::uint32_t exStyle = 0;
-    bool minimized = false;
-};
-
 namespace {
-
-// The classic desktop's measures; the real frame belongs to the window manager.
-constexpr int kFrame = 4;
-constexpr int kCaption = 19;
-constexpr int kMenuBar = 19;
-
-struct Timer {
-    WPARAM id = 0;
-    std::uint32_t period = 0;
-    std::uint32_t start = 0;
-};
-
-struct QueuedMessage {
-    MSG message;
-    std::uint8_t modifiers = 0;  ///< held when the key was pressed
-};
-
-/// Everything that the window system of this one-window program remembers.
-struct Desktop {
-    std::vector<WNDCLASS> classes;
-    std::unique_ptr<Window> window;
-    std::deque<QueuedMessage> queue;
-    std::vector<Timer> timers;
-    std::optional<int> quitCode;
-    std::uint8_t modifiers = 0;       ///< as of the last message taken
-    std::bitset<256> heldAsPlainKey;  ///< keys whose press went out as WM_KEYDOWN
-    bool fullScreen = false;
-};
-
-Desktop& TheDesktop() {
-    static Desktop desktop;
-    return desktop;
-}
-
-void Enqueue(std::uint32_t message, WPARAM wParam, LPARAM lParam, std::uint8_t modifiers = 0) {
-    Desktop& desktop = TheDesktop();
-    desktop.queue.push_back({{desktop.window.get(), message, wParam, lParam}, modifiers});
-}
-
-// What comes in from the host. -------------------------------------------------------------------
-
-bool IsSystemKey(const HostEvent& event) {
-    const bool altAlone = (event.modifiers & (kModAlt | kModControl)) == kModAlt;
-    return altAlone || event.key == VK_MENU || event.key == VK_F10;
-}
-
-void OnKey(const HostEvent& event) {
-    constexpr LPARAM kRepeated = LPARAM{1} << 30;
-    auto& heldAsPlainKey = TheDesktop().heldAsPlainKey;
-    if (event.type == HostEventType::KeyDown) {
-        const bool system = IsSystemKey(event);
-        heldAsPlainKey[event.key] = !system;
-        Enqueue(system ? WM_SYSKEYDOWN : WM_KEYDOWN, event.key, event.repeat ? kRepeated : 0,
-                event.modifiers);
-        return;
-    }
-    // A press and its release go out as a pair: a key let go while Alt happens to be down would
-    // otherwise stay held for a program that follows WM_KEYUP.
-    const bool system = !heldAsPlainKey[event.key] && IsSystemKey(event);
-    heldAsPlainKey[event.key] = false;
-    Enqueue(system ? WM_SYSKEYUP : WM_KEYUP, event.key, 0, event.modifiers);
-}
-
-void OnLeftButtonDown(const HostEvent& event) {
-    POINT at{event.x, event.y};
-    // In full screen the client area still counts from inside a frame and below a menu bar.
-    if (TheDesktop().fullScreen) at = {at.x - kFrame, at.y - kFrame - kMenuBar};
-    Enqueue(WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(at.x, at.y)));
-}
-
-void OnHostEvent(const HostEvent& event) {
-    const HWND window = TheDesktop().window.get();
-    if (!window) return;
-    switch (event.type) {
-        case HostEventType::KeyDown:
-        case HostEventType::KeyUp:
-            OnKey(event);
-            break;
-        case HostEventType::LeftButtonDown:
-            OnLeftButtonDown(event);
-            break;
-        case HostEventType::Activated:
-            SendMessage(window, WM_ACTIVATE, WA_ACTIVE, 0);
-            break;
-        case HostEventType::Deactivated:
-            SendMessage(window, WM_ACTIVATE, MakeParam(WA_INACTIVE, window->minimized), 0);
-            break;
-        case HostEventType::Minimized:
-            window->minimized = true;
-            SendMessage(window, WM_SIZE, SIZE_MINIMIZED, 0);
-            break;
-        case HostEventType::Restored:
-            window->minimized = false;
-            [[fallthrough]];
-        case HostEventType::Resized: {
-            const RECT client = GetClientRect(window);
-            SendMessage(window, WM_SIZE, SIZE_RESTORED,
-                        static_cast<LPARAM>(MakeParam(client.right, client.bottom)));
-            break;
-        }
-        case HostEventType::Moved: {
-            const POINT origin = ClientToScreen(window, {0, 0});
-            SendMessage(window, WM_MOVE, 0, static_cast<LPARAM>(MakeParam(origin.x, origin.y)));
-            break;
-        }
-        case HostEventType::CloseRequested:
-            Enqueue(WM_SYSCOMMAND, SC_CLOSE, 0);
-            break;
-        case HostEventType::Terminate:
-            Enqueue(WM_CLOSE, 0, 0);
-            break;
-        case HostEventType::MouseMove:
-        case HostEventType::LeftButtonUp:
-        case HostEventType::Wheel:
-            break;
-    }
-}
-
-void TakeHostEvents() {
-    HostEvent event;
-    while (TheHost().NextEvent(event))
-        OnHostEvent(event);
-}
-
-// The queue. -------------------------------------------------------------------------------------
-
-/// Milliseconds until the next timer is due; nothing when no timer runs.
-std::optional<std::uint32_t> TimeToNextTimer() {
-    std::optional<std::uint32_t> least;
-    const std::uint32_t now = GetTickCount();
-    for (const Timer& timer : TheDesktop().timers) {
-        const std::uint32_t passed = now - timer.start;
-        const std::uint32_t left = passed < timer.period ? timer.period - passed : 0;
-        if (!least || left < *least) least = left;
-    }
-    return least;
-}
-
-bool FindDueTimer(MSG& message, PeekMode mode) {
-    Desktop& desktop = TheDesktop();
-    const std::uint32_t now = GetTickCount();
-    for (Timer& timer : desktop.timers) {
-        if (now - timer.start < timer.period) continue;
-        if (mode == PM_REMOVE) timer.start = now;
-        message = {desktop.window.get(), WM_TIMER, timer.id, 0};
-        return true;
-    }
-    return false;
-}
-
-bool FindMessage(MSG& message, PeekMode mode) {
-    Desktop& desktop = TheDesktop();
-    if (!desktop.queue.empty()) {
-        message = desktop.queue.front().message;
-        if (mode == PM_REMOVE) {
-            desktop.modifiers = desktop.queue.front().modifiers;
-            desktop.queue.pop_front();
-        }
-        return true;
-    }
-    if (desktop.quitCode) {
-        message = {nullptr, WM_QUIT, static_cast<WPARAM>(*desktop.quitCode), 0};
-        if (mode == PM_REMOVE) desktop.quitCode.reset();
-        return true;
-    }
-    return FindDueTimer(message, mode);
-}
 
 // Sizes. -----------------------------------------------------------------------------------------
 
 /// What frame and caption add on each side of a client area.
 RECT FrameOf(std::uint32_t style) {
     RECT frame;
-    if (style & WS_THICKFRAME) frame = {kFrame, kFrame, kFrame, kFrame};
-    if ((style & WS_CAPTION) == WS_CAPTION) frame.top += kCaption;
+    if (style & WS_THICKFRAME) frame = {kWindowFrame, kWindowFrame, kWindowFrame, kWindowFrame};
+    if ((style & WS_CAPTION) == WS_CAPTION) frame.top += kWindowCaption;
     return frame;
 }
 
@@ -214,8 +38,16 @@ SIZE WithinTrackSizes(HWND window, SIZE outer) {
 
 }  // namespace
 
-void NoteFullScreen(bool fullScreen) {
-    TheDesktop().fullScreen = fullScreen;
+Desktop& TheDesktop() {
+    static Desktop desktop;
+    return desktop;
+}
+
+void NoteFullScreen(std::optional<SIZE> pictureSize) {
+    TheDesktop().fullScreen = pictureSize;
+    ResetMenuBar();
+    RefreshMenu();
+    TheShownPicture().SetFullScreen(pictureSize);
 }
 
 // Windows. ---------------------------------------------------------------------------------------
@@ -232,13 +64,19 @@ HWND CreateWindowEx(std::uint32_t exStyle, const std::string& className, const s
     const auto known = std::find_if(desktop.classes.begin(), desktop.classes.end(),
                                     [&](const WNDCLASS& c) { return c.className == className; });
     if (known == desktop.classes.end() || desktop.window) return nullptr;
-    desktop.window = std::make_unique<Window>(Window{known->procedure, style, exStyle});
+    desktop.window = std::make_unique<Window>();
     const HWND window = desktop.window.get();
+    window->procedure = known->procedure;
+    window->style = style;
+    window->exStyle = exStyle;
+    window->title = title;
+    if (!known->menu.empty()) window->menu = LoadMenu(known->menu);
     const SIZE outer = WithinTrackSizes(window, size);
     if (!TheHost().OpenWindow(title, ClientSizeOf(style, outer))) {
         desktop.window.reset();
         return nullptr;
     }
+    ResetMenuBar();
     if (position.x != CW_USEDEFAULT) SetWindowPos(window, position, {}, SWP_NOSIZE);
     return window;
 }
@@ -249,7 +87,11 @@ bool DestroyWindow(HWND window) {
     SendMessage(window, WM_DESTROY, 0, 0);
     desktop.queue.clear();
     desktop.timers.clear();
+    if (desktop.box) desktop.box->Close();
     desktop.window.reset();
+    desktop.heldAsPlainKey.reset();
+    ResetMenuBar();
+    TheShownPicture() = {};
     TheHost().CloseWindow();
     return true;
 }
@@ -257,6 +99,8 @@ bool DestroyWindow(HWND window) {
 void ShowWindow(HWND window) {
     if (!window) return;
     TheHost().ShowWindow(true);
+    window->shown = true;
+    window->hiddenAgain = false;
     const RECT client = GetClientRect(window);
     SendMessage(window, WM_SIZE, SIZE_RESTORED,
                 static_cast<LPARAM>(MakeParam(client.right, client.bottom)));
@@ -292,19 +136,19 @@ RECT GetWindowRect(HWND window) {
 RECT GetClientRect(HWND window) {
     if (!window) return {};
     const RECT client = TheHost().ClientArea();
-    return {0, 0, client.Width(), client.Height()};
+    return {0, 0, client.Width(), client.Height() - ShownMenuBarHeight()};
 }
 
 POINT ClientToScreen(HWND window, POINT point) {
     if (!window) return point;
     const RECT client = TheHost().ClientArea();
-    return {client.left + point.x, client.top + point.y};
+    return {client.left + point.x, client.top + ShownMenuBarHeight() + point.y};
 }
 
 RECT AdjustWindowRectEx(const RECT& client, std::uint32_t style, bool menu,
                         std::uint32_t /*exStyle*/) {
     const RECT frame = FrameOf(style);
-    return {client.left - frame.left, client.top - frame.top - (menu ? kMenuBar : 0),
+    return {client.left - frame.left, client.top - frame.top - (menu ? kMenuBarHeight : 0),
             client.right + frame.right, client.bottom + frame.bottom};
 }
 
@@ -315,12 +159,12 @@ int GetSystemMetrics(int metric) {
         case SM_CYSCREEN:
             return TheHost().ScreenSize().cy;
         case SM_CYCAPTION:
-            return kCaption;
+            return kWindowCaption;
         case SM_CYMENU:
-            return kMenuBar;
+            return kMenuBarHeight;
         case SM_CXFRAME:
         case SM_CYFRAME:
-            return kFrame;
+            return kWindowFrame;
         default:
             return 0;
     }
@@ -330,91 +174,6 @@ bool SystemParametersInfoA(std::uint32_t action, RECT& workArea) {
     if (action != SPI_GETWORKAREA) return false;
     workArea = TheHost().WorkArea();
     return true;
-}
-
-// Messages. --------------------------------------------------------------------------------------
-
-bool PeekMessage(MSG& message, PeekMode mode) {
-    TakeHostEvents();
-    return FindMessage(message, mode);
-}
-
-bool GetMessage(MSG& message) {
-    while (!PeekMessage(message, PM_REMOVE))
-        TheHost().WaitForEvent(TimeToNextTimer());
-    return message.message != WM_QUIT;
-}
-
-void WaitMessage() {
-    MSG waiting;
-    if (!PeekMessage(waiting, PM_NOREMOVE)) TheHost().WaitForEvent(TimeToNextTimer());
-}
-
-LRESULT DispatchMessage(const MSG& message) {
-    return SendMessage(message.window, message.message, message.wParam, message.lParam);
-}
-
-LRESULT SendMessage(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lParam) {
-    if (!window || window != TheDesktop().window.get()) return 0;
-    return window->procedure(window, message, wParam, lParam);
-}
-
-void PostMessage(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lParam) {
-    if (window && window == TheDesktop().window.get()) Enqueue(message, wParam, lParam);
-}
-
-void PostQuitMessage(int exitCode) {
-    TheDesktop().quitCode = exitCode;
-}
-
-LRESULT DefWindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_CLOSE:
-            DestroyWindow(window);
-            break;
-        case WM_SYSKEYDOWN:
-            if (wParam == VK_F4) PostMessage(window, WM_SYSCOMMAND, SC_CLOSE, lParam);
-            break;
-        case WM_SYSCOMMAND:
-            if (wParam == SC_CLOSE) SendMessage(window, WM_CLOSE, 0, 0);
-            if (wParam == SC_MINIMIZE) TheHost().MinimizeWindow();
-            break;
-        default:
-            break;
-    }
-    return 0;
-}
-
-void SetTimer(HWND window, WPARAM id, std::uint32_t milliseconds) {
-    if (!window) return;
-    KillTimer(window, id);
-    TheDesktop().timers.push_back({id, milliseconds, GetTickCount()});
-}
-
-void KillTimer(HWND /*window*/, WPARAM id) {
-    std::erase_if(TheDesktop().timers, [id](const Timer& timer) { return timer.id == id; });
-}
-
-// Accelerators. ----------------------------------------------------------------------------------
-
-bool TranslateAccelerator(HWND window, std::span<const ACCEL> table, const MSG& message) {
-    static_assert(FSHIFT == int{kModShift} && FCONTROL == int{kModControl} && FALT == int{kModAlt});
-    if (!window || (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN))
-        return false;
-    const std::uint8_t held = TheDesktop().modifiers;
-    for (const ACCEL& entry : table) {
-        if (entry.key != message.wParam || entry.modifiers != held) continue;
-        SendMessage(window, WM_COMMAND, MakeParam(entry.command, 1), 0);
-        return true;
-    }
-    return false;
-}
-
-// Message boxes. ---------------------------------------------------------------------------------
-
-void MessageBox(HWND /*owner*/, const std::string& text, const std::string& caption,
-                std::uint32_t /*flags*/) {
-    TheHost().Report(caption, text);
 }
 
 }  // namespace korvane

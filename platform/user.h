@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 
+#include "platform/menu.h"
 #include "platform/types.h"
 #include "platform/virtual_keys.h"
 
@@ -38,14 +39,15 @@ inline constexpr std::uint32_t SWP_NOACTIVATE = 0x0010;
 struct WNDCLASS {
     std::string className;
     WNDPROC procedure = nullptr;
+    MENUTEMPLATE menu = {};  ///< empty: none
 };
 
 /// Makes a class known by its name; false without a name or a procedure.
 bool RegisterClass(const WNDCLASS& windowClass);
 
 /// Makes the one main window, hidden: outer position (CW_USEDEFAULT: the desktop chooses) and outer
-/// size with frame and caption, in pixels. Null when the class is unknown, a window exists already
-/// or the machine has no display.
+/// size with frame, caption and menu bar, in pixels. Null when the class is unknown, a window
+/// exists already or the machine has no display.
 HWND CreateWindowEx(std::uint32_t exStyle, const std::string& className, const std::string& title,
                     std::uint32_t style, POINT position, SIZE size);
 /// Sends WM_DESTROY, then closes the window and drops its timers and waiting messages.
@@ -58,7 +60,7 @@ void SetWindowLong(HWND window, int index, std::uint32_t value);
 /// Places and sizes the outer window, as far as the SWP_ flags let it.
 void SetWindowPos(HWND window, POINT position, SIZE size, std::uint32_t flags);
 RECT GetWindowRect(HWND window);
-/// The client area with its corner at 0, 0.
+/// The client area below the menu bar, with its corner at 0, 0.
 RECT GetClientRect(HWND window);
 POINT ClientToScreen(HWND window, POINT point);
 /// The outer rectangle of a window of this style with this client rectangle.
@@ -100,6 +102,7 @@ enum WindowMessage : std::uint32_t {
     WM_COMMAND = 0x0111,
     WM_SYSCOMMAND = 0x0112,
     WM_TIMER = 0x0113,
+    WM_INITMENUPOPUP = 0x0117,  ///< the menu in wParam, the popup's index in lParam
     WM_LBUTTONDOWN = 0x0201,
 };
 
@@ -173,8 +176,10 @@ struct ACCEL {
     std::uint16_t command;
 };
 
-/// Sends WM_COMMAND for a key press that the table lists; true when it did. The modifiers are those
-/// held when the message's key was pressed.
+/// Sends WM_COMMAND for a key press that the table lists; true when the table lists it. The
+/// modifiers are those held when the message's key was pressed. A command that stands in the
+/// window's menu goes by the menu: WM_INITMENUPOPUP is sent first, and a command that is greyed
+/// then is not delivered.
 bool TranslateAccelerator(HWND window, std::span<const ACCEL> table, const MSG& message);
 
 // Message boxes. ---------------------------------------------------------------------------------
@@ -182,7 +187,9 @@ bool TranslateAccelerator(HWND window, std::span<const ACCEL> table, const MSG& 
 inline constexpr std::uint32_t MB_OK = 0x00;
 inline constexpr std::uint32_t MB_ICONERROR = 0x10;
 
-/// Tells the user something and returns when it has been read.
+/// Tells the user something over the window's picture and returns when it has been read. The owner
+/// is deactivated meanwhile. Messages go on to the window, keys and mouse do not; whoever asks the
+/// program to end ends the box, too. A window that was never shown is shown as the box alone.
 void MessageBox(HWND owner, const std::string& text, const std::string& caption,
                 std::uint32_t flags);
 

@@ -9,8 +9,10 @@ namespace korvane {
 
 /// Resource 103: the keys that give commands.
 inline constexpr std::array kAccelerators = {
+    ACCEL{FCONTROL | FSHIFT, 'A', kCmdAdvancedSettings},
     ACCEL{FCONTROL | FSHIFT, 'G', kCmdShowFps},
     ACCEL{FCONTROL | FSHIFT, 'H', kCmdHighScores},
+    ACCEL{FCONTROL | FSHIFT, 'S', kCmdSfxSettings},
     ACCEL{0, VK_ESCAPE, kCmdGotoMenu},
     ACCEL{0, VK_F1, kCmdLeftRestart},
     ACCEL{0, VK_F12, kCmdGotoMenu},

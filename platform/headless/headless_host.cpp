@@ -53,8 +53,12 @@ void HeadlessHost::PushKey(std::uint8_t key, bool down, std::uint8_t modifiers) 
     Push(event);
 }
 
+SIZE HeadlessHost::PictureSize() const {
+    return {clientSize_.cx * ShownScale(), clientSize_.cy * ShownScale()};
+}
+
 std::uint32_t HeadlessHost::PixelAt(int x, int y) const {
-    const auto width = static_cast<std::size_t>(clientSize_.cx);
+    const auto width = static_cast<std::size_t>(PictureSize().cx);
     return picture_.at(static_cast<std::size_t>(y) * width + static_cast<std::size_t>(x));
 }
 
@@ -154,34 +158,43 @@ HRESULT HeadlessHost::Present(const PictureView& picture, const RECT& target,
     if (!presentResults_.empty()) {
         const HRESULT result = presentResults_.front();
         presentResults_.pop_front();
+        if (result == DDERR_SURFACELOST) std::fill(picture_.begin(), picture_.end(), 0);
         if (Failed(result)) return result;
     }
     ++presents_;
-    const RECT place = fullScreen_ ? RECT{0, 0, picture.width, picture.height} : target;
     for (const RECT& part : changed)
         presentedPixels_ +=
             static_cast<std::uint64_t>(part.Width()) * static_cast<std::uint64_t>(part.Height());
-    // A stretched picture is sampled anew as a whole; one shown 1:1 takes only what changed, so
-    // that a change that was not announced shows as a fault in the picture.
-    const bool stretched = place.Width() != picture.width || place.Height() != picture.height;
-    const RECT all{0, 0, place.Width(), place.Height()};
-    const std::span<const RECT> parts = stretched ? std::span(&all, 1) : changed;
-    const RECT client{0, 0, clientSize_.cx, clientSize_.cy};
-    for (RECT part : parts) {
-        part = Intersect({part.left + place.left, part.top + place.top, part.right + place.left,
-                          part.bottom + place.top},
-                         client);
-        for (int y = part.top; y < part.bottom; ++y) {
-            for (int x = part.left; x < part.right; ++x) {
-                const int sourceX = (x - place.left) * picture.width / place.Width();
-                const int sourceY = (y - place.top) * picture.height / place.Height();
-                picture_[static_cast<std::size_t>(y) * static_cast<std::size_t>(clientSize_.cx) +
-                         static_cast<std::size_t>(x)] =
-                    picture.pixels[static_cast<std::ptrdiff_t>(sourceY) * picture.pitch + sourceX];
-            }
+    const int scale = ShownScale();
+    RECT place{0, 0, picture.width, picture.height};
+    if (!fullScreen_)
+        place = {target.left * scale, target.top * scale, target.right * scale,
+                 target.bottom * scale};
+    // A picture stretched by no whole number is sampled anew as a whole; any other takes only what
+    // changed, so that a change that was not announced shows as a fault in the picture.
+    const RECT all{0, 0, picture.width, picture.height};
+    const bool exact = place.Width() % picture.width == 0 && place.Height() % picture.height == 0;
+    for (const RECT& part : exact ? changed : std::span(&all, 1))
+        CopyPart(picture, place, part);
+    return S_OK;
+}
+
+void HeadlessHost::CopyPart(const PictureView& picture, const RECT& place, const RECT& part) {
+    const SIZE size = PictureSize();
+    const auto stretchX = [&](int x) { return place.left + x * place.Width() / picture.width; };
+    const auto stretchY = [&](int y) { return place.top + y * place.Height() / picture.height; };
+    const RECT shown = Intersect(
+        {stretchX(part.left), stretchY(part.top), stretchX(part.right), stretchY(part.bottom)},
+        {0, 0, size.cx, size.cy});
+    for (int y = shown.top; y < shown.bottom; ++y) {
+        for (int x = shown.left; x < shown.right; ++x) {
+            const int sourceX = (x - place.left) * picture.width / place.Width();
+            const int sourceY = (y - place.top) * picture.height / place.Height();
+            picture_[static_cast<std::size_t>(y) * static_cast<std::size_t>(size.cx) +
+                     static_cast<std::size_t>(x)] =
+                picture.pixels[static_cast<std::ptrdiff_t>(sourceY) * picture.pitch + sourceX];
         }
     }
-    return S_OK;
 }
 
 void HeadlessHost::Report(const std::string& caption, const std::string& text) {
@@ -213,7 +226,8 @@ Files& HeadlessHost::GameFiles() {
 
 void HeadlessHost::Resize(SIZE size) {
     clientSize_ = size;
-    picture_.assign(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy), 0);
+    const SIZE shown = PictureSize();
+    picture_.assign(static_cast<std::size_t>(shown.cx) * static_cast<std::size_t>(shown.cy), 0);
 }
 
 }  // namespace korvane

@@ -38,9 +38,9 @@ class HeadlessHost final : public Host {
     /// that nobody can wake again is a fault and ends the process).
     void WhenWaiting(std::function<void()> wake) { wake_ = std::move(wake); }
 
-    /// The client area as it is shown now, 0x00RRGGBB, row by row.
+    /// The client area as it is shown now, in screen pixels, 0x00RRGGBB, row by row.
     const std::vector<std::uint32_t>& Picture() const { return picture_; }
-    SIZE PictureSize() const { return clientSize_; }
+    SIZE PictureSize() const;
     std::uint32_t PixelAt(int x, int y) const;
     /// How often something was sent to the display, and how many pixels in all.
     int Presents() const { return presents_; }
@@ -57,7 +57,7 @@ class HeadlessHost final : public Host {
     int SoundOpenings() const { return soundOpenings_; }
 
     // Faults on request. -------------------------------------------------------------------------
-    /// The results of the next presents, then 0 again.
+    /// The results of the next presents, then 0 again. DDERR_SURFACELOST makes the picture black.
     void FailPresents(std::initializer_list<HRESULT> results);
     /// What DisplayState returns from now on.
     void SetDisplayState(HRESULT state) { displayState_ = state; }
@@ -69,6 +69,9 @@ class HeadlessHost final : public Host {
     void LoseSound(bool lost) { soundLost_ = lost; }
     void SetDisplayModes(std::vector<DisplayMode> modes) { modes_ = std::move(modes); }
     void SetScreen(SIZE screen, const RECT& workArea);
+    /// Screen pixels for each layer pixel of a window opened or resized from now on; full screen
+    /// shows its picture 1:1.
+    void SetScale(int scale) { scale_ = scale; }
 
     // Host. --------------------------------------------------------------------------------------
     std::uint32_t Milliseconds() override { return milliseconds_; }
@@ -86,7 +89,7 @@ class HeadlessHost final : public Host {
     RECT ClientArea() override;
     SIZE ScreenSize() override { return screen_; }
     RECT WorkArea() override { return workArea_; }
-    int Scale() override { return 1; }
+    int Scale() override { return scale_; }
     bool NextEvent(HostEvent& event) override;
     void WaitForEvent(std::optional<std::uint32_t> milliseconds) override;
     bool EnterFullScreen(SIZE pictureSize) override;
@@ -103,7 +106,9 @@ class HeadlessHost final : public Host {
     const std::string& Title() const { return title_; }
 
   private:
+    int ShownScale() const { return fullScreen_ ? 1 : scale_; }
     void Resize(SIZE size);
+    void CopyPart(const PictureView& picture, const RECT& place, const RECT& part);
 
     std::uint32_t milliseconds_ = 0;
     std::uint64_t counterFrequency_ = 1'000'000;
@@ -118,6 +123,7 @@ class HeadlessHost final : public Host {
     std::string title_;
     POINT clientOrigin_{100, 100};
     SIZE clientSize_;
+    int scale_ = 1;
     SIZE windowedSize_;
     SIZE screen_{1280, 1024};
     RECT workArea_{0, 0, 1280, 1024};

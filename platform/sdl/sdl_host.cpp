@@ -169,10 +169,13 @@ void SdlHost::SetClientSize(SIZE size) {
 }
 
 void SdlHost::SetClientOrigin(POINT origin) {
-    SDL_Rect area = fullScreen_ ? windowed_ : WindowArea();
+    const SDL_Rect before = fullScreen_ ? windowed_ : WindowArea();
+    SDL_Rect area = before;
     area.x = origin.x * scale_;
     area.y = origin.y * scale_;
+    if (area.x == before.x && area.y == before.y) return;
     MoveWindow(area);
+    Push(HostEventType::Moved);  // SDL only tells of moves by others
 }
 
 RECT SdlHost::ClientArea() {
@@ -266,15 +269,16 @@ void SdlHost::LeaveFullScreen() {
     picture_.Forget();
 }
 
-/// The client area in layer pixels; in full screen the picture's own size.
+/// The client area's whole layer pixels, in screen pixels, so that pictures drawn at the scale lose
+/// nothing; in full screen the picture's own size.
 SIZE SdlHost::ShownSize() const {
     if (fullScreen_) return fullScreenPicture_;
     const SDL_Rect area = WindowArea();
-    return {area.w / scale_, area.h / scale_};
+    return {area.w / scale_ * scale_, area.h / scale_ * scale_};
 }
 
 Placement SdlHost::CurrentPlacement() const {
-    if (!fullScreen_) return {scale_, {0, 0}};
+    if (!fullScreen_) return {1, {0, 0}};
     const SDL_Rect screen = WindowArea();
     const SIZE picture = fullScreenPicture_;
     // A screen smaller than the picture shows its top left corner.
@@ -309,7 +313,9 @@ HRESULT SdlHost::Present(const PictureView& picture, const RECT& target,
     if (!window_) return E_FAIL;
     const RECT whole{0, 0, picture.width, picture.height};
     const bool isBlank = picture_.Resize(ShownSize());
-    picture_.Draw(picture, fullScreen_ ? whole : target, changed);
+    const RECT inWindow{target.left * scale_, target.top * scale_, target.right * scale_,
+                        target.bottom * scale_};
+    picture_.Draw(picture, fullScreen_ ? whole : inWindow, changed);
     if (!picture_.Show(window_.get(), CurrentPlacement())) return DDERR_SURFACELOST;
     // The window changed size since the last present: a part is not enough then.
     const bool isWhole = std::ranges::find(changed, whole) != changed.end();

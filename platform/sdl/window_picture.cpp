@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace korvane {
 namespace {
@@ -56,6 +57,7 @@ void WindowPicture::DrawPart(const PictureView& picture, const RECT& target, con
                                   target.top + StretchedEdge(part.bottom, picture.height, height)},
                                  {0, 0, size_.cx, size_.cy});
     if (place.IsEmpty()) return;
+    int lastSourceY = -1;
     for (int y = place.top; y < place.bottom; ++y) {
         const int sourceY = (y - target.top) * picture.height / height;
         const std::uint32_t* from =
@@ -63,6 +65,8 @@ void WindowPicture::DrawPart(const PictureView& picture, const RECT& target, con
         std::uint32_t* to = pixels_.data() + std::ptrdiff_t{y} * std::ptrdiff_t{size_.cx};
         if (width == picture.width) {
             std::copy_n(from + (place.left - target.left), place.Width(), to + place.left);
+        } else if (std::exchange(lastSourceY, sourceY) == sourceY) {
+            std::copy_n(to - size_.cx + place.left, place.Width(), to + place.left);
         } else {
             for (int x = place.left; x < place.right; ++x)
                 to[x] = from[(x - target.left) * picture.width / width];

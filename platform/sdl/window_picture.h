@@ -18,9 +18,9 @@ struct Placement {
     POINT origin;
 };
 
-/// What the window shows, kept in picture pixels, so that it can be sent again without asking the
-/// game: the screen forgets a window that was covered, and SDL forgets its surface when the window
-/// changes size.
+/// What the window shows, kept so that it can be sent again without asking the game: the screen
+/// forgets a window that was covered, and SDL forgets its surface when the window changes size.
+/// A window's picture is kept in screen pixels, that of full screen in its own.
 ///
 /// There is no way through the graphics card: only changed parts are sent, so scaling in software
 /// costs less than a renderer's whole frames do.

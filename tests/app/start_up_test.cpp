@@ -11,6 +11,7 @@
 #include "game/game_frame.h"
 #include "platform/headless/headless_host.h"
 #include "tests/support/bmp_writer.h"
+#include "tests/support/shown_box.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_skin.h"
 
@@ -144,12 +145,15 @@ TEST_F(StartUpTest, AFullScreenThatCannotBeHadIsToldAndEndsTheProgram) {
         theSettings.windowed = false;
         theSettings.fullscreenBpp = c.depth;
         Headless().RefuseFullScreen(c.refused);
+        const std::vector<std::string> told = {"This display card does not support 640x480x8. ",
+                                               "DirectDraw init failed. Korvane will now exit. "};
+        const BoxAnswerer boxes(told);
         EXPECT_EQ(RunProgram(), 0);
-        EXPECT_EQ(
-            Headless().Reports(),
-            (std::vector<std::string>{"Korvane: This display card does not support 640x480x8. ",
-                                      "Korvane: DirectDraw init failed. Korvane will now exit. "}));
+        EXPECT_EQ(boxes.Read(), told);
+        EXPECT_FALSE(Headless().IsVisible());
         DestroyWindow(mainWindow);
+        MSG quit;
+        EXPECT_TRUE(PeekMessage(quit, PM_REMOVE));
     }
 }
 
@@ -190,10 +194,11 @@ TEST_F(StartUpTest, AnyOtherDisplayFailureIsFatalAndTold) {
     ASSERT_TRUE(StartUp());
     Passes(10);
     Headless().SetDisplayState(E_FAIL);
+    const std::vector<std::string> told = {
+        "Displaying the next frame failed. Korvane will now exit. "};
+    const BoxAnswerer boxes(told);
     EXPECT_EQ(Passes(5), 0);
-    EXPECT_EQ(Headless().Reports(),
-              (std::vector<std::string>{
-                  "Korvane: Displaying the next frame failed. Korvane will now exit. "}));
+    EXPECT_EQ(boxes.Read(), told);
     DestroyWindow(mainWindow);
 }
 
@@ -232,7 +237,7 @@ TEST_F(StartUpTest, FullScreenComesAndGoesWithTheSamePicture) {
         Headless().PushKey(VK_RETURN, true, kModAlt);
         Passes(6);
         EXPECT_FALSE(Headless().IsFullScreen());
-        EXPECT_EQ(Headless().PixelAt(336, 200), 0x5B6B8Cu);
+        EXPECT_EQ(Headless().PixelAt(336, 200 + GetSystemMetrics(SM_CYMENU)), 0x5B6B8Cu);
     }
     End();
 }

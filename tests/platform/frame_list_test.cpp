@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <span>
 #include <vector>
 
 #include "tests/platform/test_pictures.h"
@@ -44,7 +46,7 @@ struct Call {
     void DrawNaively(PixelBuffer& target) const {
         if (picture == nullptr) return NaiveFill(target, area, fill);
         NaiveCopy(target, {area.left, area.top}, picture->pixels, Part(),
-                  keyed ? std::optional(kKey) : std::nullopt);
+                  keyed ? std::optional<std::uint32_t>(kKey) : std::nullopt);
     }
 };
 
@@ -171,28 +173,33 @@ TEST_F(FrameListTest, NeedsTheSourcesOfWhatWasNotDrawnYet) {
 /// Draws random frames through a FrameList and pixel by pixel, side by side.
 class RandomFrames {
   public:
-    RandomFrames(unsigned seed, SIZE size, int depth)
+    RandomFrames(unsigned seed, int depth)
         : random_(seed),
-          size_(size),
           depth_(depth),
-          target_(size, depth),
-          wanted_(size, depth),
-          shown_(size, depth) {
+          target_(kScreen, depth),
+          wanted_(kScreen, depth),
+          shown_(kScreen, depth) {
         for (int i = 0; i < 5; ++i)
             pictures_.push_back(NewPicture());
-        frame_.push_back({.area = target_.Bounds(), .fill = 1});
+        frame_.push_back({.area = kWholeScreen, .fill = 1});
         for (int i = 0; i < 40; ++i)
             frame_.push_back(RandomCall());
     }
 
+    /// Mostly the frame with a few changes, sometimes a few calls on top of what is shown.
     void ShowNext() {
         ChangeFrame();
-        const bool whole = Between(random_, 0, 5) != 0;
-        firstWaiting_ = whole ? 0 : frame_.size() - 4;
-        for (std::size_t i = firstWaiting_; i < frame_.size(); ++i) {
+        calls_ = frame_;
+        if (Between(random_, 0, 5) == 0) {
+            calls_.clear();
+            for (int count = Between(random_, 0, 4); count > 0; --count)
+                calls_.push_back(RandomCall());
+        }
+        firstWaiting_ = 0;
+        for (std::size_t i = 0; i < calls_.size(); ++i) {
             if (Between(random_, 0, 300) == 0) Interrupt(i);
-            frame_[i].Record(list_);
-            frame_[i].DrawNaively(wanted_);
+            calls_[i].Record(list_);
+            calls_[i].DrawNaively(wanted_);
         }
         Check(list_.Compose(target_));
     }
@@ -202,24 +209,25 @@ class RandomFrames {
         EXPECT_TRUE(Show(list_, target_, frame_).empty());
         for (const Call& call : frame_)
             call.DrawNaively(wanted_);
-        NaiveCopy(shown_, {0, 0}, target_, target_.Bounds(), std::nullopt);
+        NaiveCopy(shown_, {0, 0}, target_, kWholeScreen, std::nullopt);
     }
 
   private:
     std::unique_ptr<Picture> NewPicture() {
-        const SIZE size = {Between(random_, 1, size_.cx * 3 / 4), Between(random_, 1, size_.cy)};
+        const SIZE size = {Between(random_, 1, kScreen.cx * 3 / 4),
+                           Between(random_, 1, kScreen.cy)};
         return std::make_unique<Picture>(random_, size, depth_, ++versions_);
     }
 
     Call RandomCall() {
         if (Between(random_, 0, 9) == 0) {
-            return {.area = RandomPart(random_, size_),
+            return {.area = RandomPart(random_, kScreen),
                     .fill = static_cast<std::uint32_t>(random_())};
         }
         const Picture& picture = *pictures_[Pick(pictures_.size())];
         const RECT part = RandomPart(random_, picture.pixels.Size());
-        const int x = Between(random_, 0, size_.cx - part.Width());
-        const int y = Between(random_, 0, size_.cy - part.Height());
+        const int x = Between(random_, 0, kScreen.cx - part.Width());
+        const int y = Between(random_, 0, kScreen.cy - part.Height());
         return {.area = {x, y, x + part.Width(), y + part.Height()},
                 .picture = &picture,
                 .from = {part.left, part.top},
@@ -290,10 +298,10 @@ class RandomFrames {
 
     /// The calls that wait are carried out on what the buffer holds from now on.
     void LoseBuffer(std::size_t next) {
-        target_ = RandomPicture(random_, size_, depth_, kKey);
-        NaiveCopy(wanted_, {0, 0}, target_, target_.Bounds(), std::nullopt);
+        target_ = RandomPicture(random_, kScreen, depth_, kKey);
+        NaiveCopy(wanted_, {0, 0}, target_, kWholeScreen, std::nullopt);
         for (std::size_t i = firstWaiting_; i < next; ++i)
-            frame_[i].DrawNaively(wanted_);
+            calls_[i].DrawNaively(wanted_);
         list_.Invalidate();
     }
 
@@ -301,46 +309,70 @@ class RandomFrames {
         ASSERT_LE(changed.size(), DirtyRegion::kMaxRects);
         for (const RECT& rect : changed) {
             ASSERT_FALSE(rect.IsEmpty());
-            ASSERT_EQ(Intersect(rect, target_.Bounds()), rect);
+            ASSERT_EQ(Intersect(rect, kWholeScreen), rect);
         }
         ASSERT_EQ(FirstDifference(target_, wanted_), std::nullopt);
         ASSERT_EQ(FirstDifference(target_, shown_, changed), std::nullopt);
-        NaiveCopy(shown_, {0, 0}, target_, target_.Bounds(), std::nullopt);
+        NaiveCopy(shown_, {0, 0}, target_, kWholeScreen, std::nullopt);
     }
 
     Random random_;
-    SIZE size_;
     int depth_;
     std::uint64_t versions_ = 0;
     std::vector<std::unique_ptr<Picture>> pictures_;
     std::vector<Call> frame_;
-    std::size_t firstWaiting_ = 0;  ///< the first call of the frame that was not flushed
+    std::vector<Call> calls_;       ///< what is drawn at present: frame_, or calls on top of it
+    std::size_t firstWaiting_ = 0;  ///< the first of calls_ that was not flushed
     FrameList list_;
     PixelBuffer target_;
     PixelBuffer wanted_;  ///< what the target must hold when all recorded calls were carried out
     PixelBuffer shown_;   ///< the target after the last Compose
 };
 
-TEST(FrameListRandomly, EveryFrameEqualsAFullRedraw) {
+/// Large pictures split the screen into parts that begin at different operations of the list.
+TEST(FrameListLarge, PicturesThatHideMuchLeaveARightPicture) {
+    constexpr SIZE kLarge = {640, 480};
+    constexpr RECT kCorner = {320, 180, 640, 480};
+    Random random(6);
+    const Picture picture(random, {320, 300}, 4, 1);
     const struct {
-        SIZE size;
-        unsigned seeds;
-        int frames;
+        const char* what;
+        std::vector<POINT> places;
     } cases[] = {
-        {{160, 120}, 10, 60},
-        {{640, 360}, 2, 15},  // room for pictures that hide much of what was drawn before
+        {"in the middle", {{100, 90}}},
+        {"in a corner", {{320, 180}}},
+        {"side by side", {{320, 50}, {0, 50}}},
+        {"overlapping", {{10, 20}, {200, 100}, {300, 10}}},
     };
-    for (const auto& [size, seeds, frames] : cases) {
-        for (const int depth : {1, 2, 4}) {
-            for (unsigned seed = 0; seed < seeds; ++seed) {
-                SCOPED_TRACE(testing::Message()
-                             << size.cx << " pixels wide, depth " << depth << ", seed " << seed);
-                RandomFrames screen(seed, size, depth);
-                for (int frame = 0; frame < frames; ++frame) {
-                    screen.ShowNext();
-                    if (frame % 7 == 0) screen.ShowSameTwice();
-                    if (testing::Test::HasFailure()) return;
-                }
+    for (const auto& [what, places] : cases) {
+        std::vector<Call> frame = {{.area = {0, 0, kLarge.cx, kLarge.cy}, .fill = 5}};
+        for (const POINT at : places) {
+            frame.push_back({.area = {at.x + 7, at.y + 7, at.x + 27, at.y + 27}, .fill = 6});
+            frame.push_back({.area = {at.x, at.y, at.x + 320, at.y + 300}, .picture = &picture});
+            frame.push_back({.area = {at.x + 5, at.y + 5, at.x + 25, at.y + 25},
+                             .picture = &picture,
+                             .keyed = true});
+        }
+        frame.push_back({.area = kCorner, .picture = &picture, .keyed = true});
+        PixelBuffer target(kLarge, 4);
+        PixelBuffer wanted(kLarge, 4);
+        FrameList list;
+        Show(list, target, frame);
+        for (const Call& call : frame)
+            call.DrawNaively(wanted);
+        EXPECT_EQ(FirstDifference(target, wanted), std::nullopt) << what;
+    }
+}
+
+TEST(FrameListRandomly, EveryFrameEqualsAFullRedraw) {
+    for (const int depth : {1, 2, 4}) {
+        for (unsigned seed = 0; seed < 10; ++seed) {
+            SCOPED_TRACE(testing::Message() << "depth " << depth << ", seed " << seed);
+            RandomFrames screen(seed, depth);
+            for (int frame = 0; frame < 60; ++frame) {
+                screen.ShowNext();
+                if (frame % 7 == 0) screen.ShowSameTwice();
+                if (testing::Test::HasFailure()) return;
             }
         }
     }

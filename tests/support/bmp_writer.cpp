@@ -7,9 +7,11 @@ namespace {
 
 class Bytes {
   public:
-    void Put(std::uint32_t value, int count) {
-        for (int i = 0; i < count; ++i)
-            bytes_.push_back(static_cast<std::byte>(value >> (8 * i)));
+    void Put(std::uint64_t value, int count) {
+        for (int i = 0; i < count; ++i) {
+            bytes_.push_back(static_cast<std::byte>(value & 0xFF));
+            value >>= 8;
+        }
     }
     void PadTo(std::size_t multiple) {
         while (bytes_.size() % multiple != 0)

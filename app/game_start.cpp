@@ -1,0 +1,40 @@
+#include "app/game_start.h"
+
+#include "app/process_state.h"
+#include "app/settings.h"
+#include "game/game_frame.h"
+#include "screens/menu_screen.h"
+
+namespace korvane {
+namespace {
+
+void Start(Player& player) {
+    player.StartGame(theMenuScreen->IsTimeBased(player.PlayerSide()));
+}
+
+}  // namespace
+
+void StartPlayers(Starters starters) {
+    highScoresShowing = false;
+    menuShowing = false;
+    if (starters != Starters::Left) Start(*rightPlayer);
+    if (starters != Starters::Right) Start(*leftPlayer);
+}
+
+void StartMatch() {
+    if (theSettings.players == 1) StartPlayers(Starters::Right);
+    if (theSettings.players != 2) return;
+    rightPlayer->ResetWins();
+    leftPlayer->ResetWins();
+    StartPlayers(Starters::Both);
+}
+
+void ShowMenu() {
+    theSettings.players = theMenuScreen->PlayersFromButtons();
+    rightPlayer->SetJoined(false);
+    leftPlayer->SetJoined(false);
+    menuShowing = true;
+    highScoresShowing = false;
+}
+
+}  // namespace korvane

@@ -1,0 +1,154 @@
+#include "screens/high_score_screen.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "gfx/bitmap_font.h"
+#include "platform/virtual_keys.h"
+#include "screens/screen_background.h"
+
+namespace korvane {
+
+std::unique_ptr<HighScoreScreen> theHighScoreScreen;
+
+namespace {
+
+constexpr const char* kTitleFile = "HighScore\\highscore.bmp";
+constexpr const char* kCursorFile = "HighScore\\cursor.bmp";
+
+constexpr std::uint32_t kHeadingY = 104;
+constexpr std::uint32_t kFirstRowY = 138;
+constexpr std::uint32_t kRowPitch = 28;
+constexpr std::uint32_t kNameX = 64;
+constexpr std::uint32_t kLinesX = 272;
+constexpr std::uint32_t kLevelX = 393;
+constexpr std::uint32_t kScoreX = 496;
+constexpr std::uint32_t kScoreHeadingX = 491;
+constexpr std::uint32_t kNameColumn = 16;
+constexpr std::uint32_t kCongratulationsY = 415;
+
+/// The cursor can stand behind the last character that can be typed; that column stays a space.
+constexpr std::size_t kTypedLimit = 12;
+constexpr std::string_view kBlankName = "             ";
+static_assert(kBlankName.size() == kTypedLimit + 1 && kBlankName.size() < kNameBytes);
+
+std::uint32_t RowY(std::size_t row) {
+    return kFirstRowY + kRowPitch * static_cast<std::uint32_t>(row);
+}
+
+/// Letters arrive as their capitals. The digit key 0 is not taken.
+bool IsNameKey(std::uint8_t key) {
+    return (key >= '1' && key <= 'Z') || key == VK_SPACE;
+}
+
+}  // namespace
+
+HighScoreScreen::HighScoreScreen()
+    : title_(kTitleFile),
+      cursorPicture_(kCursorFile),
+      menuButton_("HighScore\\menubutt.bmp", "HighScore\\menuButt2.bmp", 208, 439),
+      playButton_("HighScore\\playButt.bmp", "HighScore\\playButt2.bmp", 328, 439) {}
+
+int HighScoreScreen::Submit(Side side, std::int32_t score, std::int32_t lines, std::int32_t level) {
+    editRow_ = table_.FindRank(score);
+    if (!editRow_) return -1;
+    congratulatedSide_ = side;
+    HighScoreEntry entry{.lines = lines, .score = score, .level = level};
+    entry.SetName(kBlankName);
+    table_.Insert(*editRow_, entry);
+    return static_cast<int>(*editRow_);
+}
+
+bool HighScoreScreen::OnNameKey(std::uint8_t key) {
+    if (!editRow_) return false;
+    switch (key) {
+        case VK_RETURN:
+            congratulatedSide_.reset();
+            editRow_.reset();
+            cursor_ = 0;
+            return true;
+        case VK_BACK:
+            StepBack();
+            table_.Row(*editRow_).name[cursor_] = ' ';
+            return false;
+        case VK_LEFT:
+            StepBack();
+            return false;
+        case VK_RIGHT:
+            StepOn();
+            return false;
+        default:
+            if (IsNameKey(key)) TypeCharacter(static_cast<char>(key));
+            return false;
+    }
+}
+
+void HighScoreScreen::TypeCharacter(char character) {
+    if (cursor_ < kTypedLimit) table_.Row(*editRow_).name[cursor_] = character;
+    StepOn();
+}
+
+void HighScoreScreen::StepBack() {
+    if (cursor_ > 0) --cursor_;
+}
+
+void HighScoreScreen::StepOn() {
+    cursor_ = std::min(cursor_ + 1, kTypedLimit);
+}
+
+HighScoreAction HighScoreScreen::ClickHighScore(std::int32_t x, std::int32_t y) {
+    if (menuButton_.HitTest(x, y, /*toggle=*/true)) return kHighScoreToMenu;
+    if (playButton_.HitTest(x, y, /*toggle=*/true)) return kHighScorePlayAgain;
+    return kHighScoreNothing;
+}
+
+void HighScoreScreen::ReleaseButtons() {
+    menuButton_.SetSelected(false);
+    playButton_.SetSelected(false);
+}
+
+void HighScoreScreen::Draw() {
+    DrawScreenBackground();
+    title_.Draw(54, 0, 0, 0, 0, 0, DDBLTFAST_SRCCOLORKEY);
+    theFont->DrawTextWide("NAME", kNameX, kHeadingY);
+    theFont->DrawTextWide("LINES", kLinesX, kHeadingY);
+    theFont->DrawTextWide("LEVEL", kLevelX, kHeadingY);
+    theFont->DrawTextWide("SCORE", kScoreHeadingX, kHeadingY);
+    for (std::size_t row = 0; row < kHighScoreRows; ++row)
+        DrawRow(row);
+    if (editRow_) {
+        cursorPicture_.Draw(kNameX + kNameColumn * static_cast<std::uint32_t>(cursor_),
+                            RowY(*editRow_), 0, 0, 0, 0, DDBLTFAST_SRCCOLORKEY);
+    }
+    DrawCongratulations();
+    for (Button* button : {&menuButton_, &playButton_}) {
+        button->SetEnabled(!congratulatedSide_);
+        button->Draw();
+    }
+}
+
+void HighScoreScreen::DrawRow(std::size_t row) const {
+    const HighScoreEntry& entry = table_.Row(row);
+    const std::uint32_t y = RowY(row);
+    theFont->DrawTextWide(entry.Name(), kNameX, y);
+    theFont->DrawText(std::to_string(entry.lines), kLinesX, y);
+    theFont->DrawText(std::to_string(entry.level), kLevelX, y);
+    theFont->DrawText(std::to_string(entry.score), kScoreX, y);
+}
+
+void HighScoreScreen::DrawCongratulations() const {
+    if (congratulatedSide_ == Side::Right)
+        theFont->DrawText("CONGRATULATIONS RIGHT PLAYER", 117, kCongratulationsY);
+    if (congratulatedSide_ == Side::Left)
+        theFont->DrawText("CONGRATULATIONS LEFT PLAYER", 124, kCongratulationsY);
+}
+
+void HighScoreScreen::ReloadPictures() {
+    title_.Load(kTitleFile);
+    cursorPicture_.Load(kCursorFile);
+    menuButton_.Reload();
+    playButton_.Reload();
+}
+
+}  // namespace korvane

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace korvane {
+
+inline constexpr std::size_t kHighScoreRows = 10;
+inline constexpr std::size_t kNameBytes = 14;
+
+struct HighScoreEntry {
+    /// Text up to the first zero; all of it when there is none, as only a file can make it.
+    std::array<char, kNameBytes> name{};
+    std::int32_t lines = 0;
+    std::int32_t score = 0;
+    std::int32_t level = 0;
+
+    std::string_view Name() const;
+    void SetName(std::string_view text);
+
+    bool operator==(const HighScoreEntry&) const = default;
+};
+
+/// The ten best results, the best on top. It is loaded from data\hs.dat when it is made and goes
+/// back there only by `Save`.
+class HighScoreTable {
+  public:
+    HighScoreTable();
+
+    /// The row that a score would take, above those that it equals; nothing when it is below all.
+    std::optional<std::size_t> FindRank(std::int32_t score) const;
+    /// Puts an entry in a row; those from there on move down and the last one drops out.
+    void Insert(std::size_t row, const HighScoreEntry& entry);
+
+    /// Replaces the file; a failure goes unnoticed.
+    void Save() const;
+
+    HighScoreEntry& Row(std::size_t row) { return rows_[row]; }
+    const HighScoreEntry& Row(std::size_t row) const { return rows_[row]; }
+
+  private:
+    bool Load();
+    void SetDefaults();
+
+    std::array<HighScoreEntry, kHighScoreRows> rows_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,129 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "app/settings.h"
+#include "gfx/button.h"
+#include "gfx/surface.h"
+#include "screens/key_config_screen.h"
+#include "screens/menu_action.h"
+
+namespace korvane {
+
+/// The menu's buttons: first those of the main view in the order in which it draws them.
+enum class MenuButton : std::uint8_t {
+    OnePlayer,
+    TwoPlayers,
+    RightEasy,
+    RightMedium,
+    RightHard,
+    LeftEasy,
+    LeftMedium,
+    LeftHard,
+    RightTime,
+    LeftTime,
+    RightCounterClockwise,
+    RightClockwise,
+    LeftCounterClockwise,
+    LeftClockwise,
+    Battle,
+    Quakes,
+    Music,
+    SoundEffects,
+    ConfigureKeys,
+    Start,
+    Quit,
+    About,
+    CreditsBack,
+    KeyConfigBack,
+    Reset,
+    Count,
+};
+
+/// The graphical main menu: its main view, the credits and the key configuration.
+///
+/// Its buttons mirror the settings without a copy of their own: `theSettings` is read when the menu
+/// is made, and from then on whoever changes a value also calls the operation that changes the
+/// button. Looks and view outlast the times when something else shows.
+class MenuScreen {
+  public:
+    /// Loads the key bindings and all pictures; the buttons show the settings.
+    MenuScreen();
+    virtual ~MenuScreen() = default;
+
+    void Draw();
+    /// A press at a point of the frame: changes the looks of what was pressed, and in the
+    /// key-configuration view arms slots and resets keys. The caller carries out the rest.
+    MenuAction Click(std::int32_t x, std::int32_t y);
+
+    void ToggleCreditsView();
+    void ToggleKeyConfigView() { keyConfigView_ = !keyConfigView_; }
+    bool IsKeyConfigView() const { return keyConfigView_; }
+    /// A key press in the key-configuration view.
+    void OnKeyConfigKey(std::uint8_t key);
+
+    /// 1 or 2.
+    std::uint8_t PlayersFromButtons() const;
+    bool IsTimeBased(Side side) const;
+
+    /// Also ends battle mode, which needs two.
+    void SelectOnePlayer();
+    void SelectTwoPlayers();
+    void ToggleMusicButton() { At(MenuButton::Music).Toggle(); }
+    void ToggleSfxButton() { At(MenuButton::SoundEffects).Toggle(); }
+    void ToggleQuakesButton() { At(MenuButton::Quakes).Toggle(); }
+    void ToggleBattleButton() { At(MenuButton::Battle).Toggle(); }
+    void ToggleTimeButton(Side side);
+    void SetRotationButtons(Side side, bool clockwise);
+    /// Levels 0 to 2; any other, as a settings file can hold, changes nothing.
+    void SetDifficultyButtons(Side side, std::int32_t level);
+    void ReleaseStartButton() { Release(MenuButton::Start); }
+
+    void ReloadPictures();
+
+    bool IsSelected(MenuButton button) const { return At(button).IsSelected(); }
+    bool IsEnabled(MenuButton button) const { return At(button).IsEnabled(); }
+
+  private:
+    using Buttons =
+        std::array<std::unique_ptr<Button>, static_cast<std::size_t>(MenuButton::Count)>;
+
+    static Buttons MakeButtons();
+    Button& At(MenuButton button) { return *buttons_[static_cast<std::size_t>(button)]; }
+    const Button& At(MenuButton button) const {
+        return *buttons_[static_cast<std::size_t>(button)];
+    }
+    void Select(MenuButton button, bool selected) { At(button).SetSelected(selected); }
+    void Release(MenuButton button) { Select(button, false); }
+    void ApplySettings();
+    void SetPlayerButtons(bool two);
+    void SetKeyConfigEnabled(bool enabled);
+
+    MenuAction ClickMainView(std::int32_t x, std::int32_t y);
+    MenuAction ClickKeyConfigView(std::int32_t x, std::int32_t y);
+    MenuAction ClickCreditsView(std::int32_t x, std::int32_t y);
+    /// Hits and flips a button.
+    bool Press(MenuButton button, std::int32_t x, std::int32_t y);
+    MenuAction PressReset();
+
+    void DrawButton(MenuButton button) const { At(button).Draw(); }
+    void DrawMainView() const;
+    void DrawKeyConfigView() const;
+    void DrawCreditsView() const;
+
+    KeyConfigScreen keyConfig_;
+    Surface logo_;
+    Surface leftHeading_;
+    Surface rightHeading_;
+    Buttons buttons_;
+    bool creditsView_ = false;
+    bool keyConfigView_ = false;
+};
+
+/// The one menu; null before the start-up has made it and after the window is gone.
+extern std::unique_ptr<MenuScreen> theMenuScreen;
+
+}  // namespace korvane

@@ -1,0 +1,363 @@
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/process_state.h"
+#include "app/settings.h"
+#include "game/game_frame.h"
+#include "game/key_bindings.h"
+#include "gfx/display.h"
+#include "platform/headless/headless_host.h"
+#include "platform/virtual_keys.h"
+#include "res/commands.h"
+#include "screens/high_score_screen.h"
+#include "screens/menu_screen.h"
+#include "tests/support/program_fixture.h"
+
+namespace korvane {
+namespace {
+
+constexpr POINT kStartButton{160, 410};
+constexpr POINT kQuitButton{285, 410};
+constexpr POINT kAboutButton{160, 350};
+constexpr POINT kKeysButton{160, 230};
+constexpr POINT kNowhere{60, 470};
+constexpr POINT kMenuButton{215, 445};
+constexpr POINT kPlayButton{335, 445};
+
+class InputTest : public ProgramFixture {
+  protected:
+    void ClickAt(POINT point) { Click(point.x, point.y); }
+
+    void ShowScores() {
+        Command(kCmdHighScores);
+        Frame();
+    }
+
+    static bool GameShows() { return !menuShowing && !highScoresShowing; }
+
+    /// A table that every result reaches.
+    void WriteLowScores() { folder.Write("data/hs.dat", std::vector<std::byte>(260)); }
+
+    static std::string TopName() {
+        const std::string_view name = theHighScoreScreen->Table().Row(0).Name();
+        return std::string(name.substr(0, name.find_last_not_of(' ') + 1));
+    }
+};
+
+// Presses. ---------------------------------------------------------------------------------------
+
+TEST_F(InputTest, APressedButtonIsSeenForAWhileBeforeItActs) {
+    Start();
+    ClickAt(kStartButton);
+    Run(150);
+    EXPECT_EQ(Seen(kStartButton.x, kStartButton.y), "menu/startbutt 1");
+    EXPECT_TRUE(menuShowing);
+    Run(80);
+    EXPECT_TRUE(GameShows());
+    EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::Start));
+    EXPECT_EQ(pendingClick, kMenuStart) << "kept, but its timer is gone";
+    Command(kCmdGotoMenu);
+    Run(1000);
+    EXPECT_TRUE(menuShowing);
+}
+
+TEST_F(InputTest, ALaterPressReplacesTheOneThatWaits) {
+    struct Case {
+        const char* what;
+        POINT later;
+        bool starts, credits;
+    };
+    for (const Case& c :
+         {Case{"nowhere", kNowhere, false, false}, Case{"a switch", {280, 350}, false, false},
+          Case{"another delayed button", kAboutButton, false, true},
+          Case{"the same again", kStartButton, true, false}}) {
+        SCOPED_TRACE(c.what);
+        Start();
+        ClickAt(kStartButton);
+        Run(100);
+        ClickAt(c.later);
+        Run(2 * kPressedLookPassed);
+        EXPECT_EQ(GameShows(), c.starts);
+        EXPECT_EQ(Text(110, 116, 7, 16) == "KORVANE", c.credits);
+        End();
+        menuShowing = true;
+    }
+}
+
+TEST_F(InputTest, QuitEndsTheProgramAfterItsLook) {
+    Start();
+    ClickAt(kQuitButton);
+    Run(150);
+    EXPECT_TRUE(IsRunning());
+    Run(100);
+    EXPECT_FALSE(IsRunning());
+    EXPECT_EQ(theMenuScreen, nullptr);
+    EXPECT_EQ(currentDisplay, nullptr);
+}
+
+TEST_F(InputTest, QuitCanBeCalledOff) {
+    Start();
+    ClickAt(kQuitButton);
+    ClickAt(kNowhere);
+    Run(1000);
+    EXPECT_TRUE(IsRunning());
+}
+
+TEST_F(InputTest, ViewsOpenAndCloseWithTheirButtons) {
+    Start();
+    ClickAt(kKeysButton);
+    Run(kPressedLookPassed);
+    EXPECT_TRUE(theMenuScreen->IsKeyConfigView());
+    Click(190, 450);
+    Run(kPressedLookPassed);
+    EXPECT_FALSE(theMenuScreen->IsKeyConfigView());
+    ClickAt(kAboutButton);
+    Run(kPressedLookPassed);
+    EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::About));
+    Click(280, 445);
+    Run(kPressedLookPassed);
+    Frame();
+    EXPECT_EQ(Seen(kAboutButton.x, kAboutButton.y), "menu/aboutbutt 0");
+}
+
+TEST_F(InputTest, AnyOtherNumberOfPlayersStartsNothing) {
+    theSettings.players = 3;
+    Start();
+    ClickAt(kStartButton);
+    Run(kPressedLookPassed);
+    EXPECT_TRUE(menuShowing);
+    EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::Start)) << "it is let go all the same";
+}
+
+TEST_F(InputTest, TheHighScoresLeadToTheMenuAndToAnotherGame) {
+    theSettings.players = 2;
+    Start();
+    ShowScores();
+    ClickAt(kPlayButton);
+    Frame();
+    EXPECT_EQ(Seen(kPlayButton.x, kPlayButton.y), "HighScore/playButt 1");
+    Run(kPressedLookPassed);
+    EXPECT_TRUE(GameShows() && rightPlayer->IsRunning() && leftPlayer->IsRunning());
+    Command(kCmdGotoMenu);
+    ShowScores();
+    EXPECT_EQ(Seen(kPlayButton.x, kPlayButton.y), "HighScore/playButt 0");
+    ClickAt(kMenuButton);
+    Run(kPressedLookPassed);
+    EXPECT_TRUE(menuShowing);
+    EXPECT_FALSE(highScoresShowing);
+}
+
+TEST_F(InputTest, LeavingTheHighScoresResetsThePlayersOfTheMatch) {
+    for (const int players : {1, 2}) {
+        theSettings.players = static_cast<std::uint8_t>(players);
+        Start();
+        rightPlayer->DeclareWinner();
+        leftPlayer->DeclareWinner();
+        ShowScores();
+        ClickAt(kMenuButton);
+        Run(kPressedLookPassed);
+        EXPECT_EQ(rightPlayer->Wins(), players == 1 ? 0 : 1);
+        EXPECT_EQ(leftPlayer->Wins(), players == 1 ? 1 : 0);
+        End();
+        menuShowing = true;
+    }
+}
+
+TEST_F(InputTest, DuringAGamePressesDoNothing) {
+    Start();
+    Command(kCmdRightRestart);
+    pendingClick = 77;
+    for (const POINT& point : {kStartButton, kQuitButton, kMenuButton, kPlayButton})
+        ClickAt(point);
+    Run(1000);
+    EXPECT_EQ(pendingClick, 77);
+    EXPECT_TRUE(GameShows());
+}
+
+TEST_F(InputTest, PressesOutsideTheFrameHitNothing) {
+    Start();
+    for (const auto& [x, y] : {std::pair{-1, -1},
+                               {-32768, 32767},
+                               {32767, -32768},
+                               {640, 480},
+                               {160 - 65536 / 2, 410}}) {
+        SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(x, y)));
+        EXPECT_EQ(pendingClick, kMenuNothing) << x << ", " << y;
+    }
+}
+
+TEST_F(InputTest, InFullScreenPressesCountFromInsideTheFrame) {
+    Start();
+    theSettings.windowed = false;
+    SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(152 + 1, 380 + 1)));
+    EXPECT_EQ(pendingClick, kMenuStart) << "4 and 23 pixels further: the very first pixel";
+    SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(152, 380 + 1)));
+    EXPECT_EQ(pendingClick, kMenuNothing);
+    SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(-3, -20)));
+    EXPECT_EQ(pendingClick, kMenuNothing);
+}
+
+TEST_F(InputTest, OtherTimersAreNobodys) {
+    Start();
+    ClickAt(kStartButton);
+    SendMessage(mainWindow, WM_TIMER, 4, 0);
+    EXPECT_TRUE(menuShowing);
+    SendMessage(mainWindow, WM_TIMER, 3, 0);
+    EXPECT_TRUE(GameShows());
+}
+
+// Keys. ------------------------------------------------------------------------------------------
+
+TEST_F(InputTest, APauseKeyIsItsOwnersButInBattleBoths) {
+    struct Case {
+        bool battle;
+        std::uint8_t key;
+        bool right, left;  ///< paused afterwards
+    };
+    for (const Case& c : {Case{false, 'P', true, false}, Case{false, 'T', false, true},
+                          Case{true, 'P', true, true}, Case{true, 'T', true, true}}) {
+        theSettings.battle = c.battle;
+        Start();
+        Command(kCmdNewGame);
+        Press(c.key);
+        EXPECT_EQ(rightPlayer->IsPaused(), c.right) << c.key << c.battle;
+        EXPECT_EQ(leftPlayer->IsPaused(), c.left) << c.key << c.battle;
+        End();
+        menuShowing = true;
+    }
+}
+
+TEST_F(InputTest, AKeyThatPausesBothIsTheLeftPlayersFirst) {
+    Start();
+    keyBindings.Key(Action::Pause, Side::Left) = 'P';
+    Command(kCmdNewGame);
+    Press('P');
+    EXPECT_TRUE(leftPlayer->IsPaused());
+    EXPECT_FALSE(rightPlayer->IsPaused());
+}
+
+TEST_F(InputTest, HomeIsACheatExceptInTheKeyConfiguration) {
+    Start();
+    Press(VK_HOME);
+    EXPECT_TRUE(nextFigureCheat);
+    ShowScores();
+    Press(VK_HOME);
+    EXPECT_FALSE(nextFigureCheat);
+    Command(kCmdHighScores);
+    Command(kCmdRightRestart);
+    Press(VK_HOME);
+    EXPECT_TRUE(nextFigureCheat);
+    theMenuScreen->ToggleKeyConfigView();
+    Press(VK_HOME);
+    EXPECT_TRUE(nextFigureCheat);
+}
+
+TEST_F(InputTest, ASlotThatWaitsTakesKeysDuringAGameToo) {
+    Start();
+    theMenuScreen->ToggleKeyConfigView();
+    Click(340, 110);
+    Press(VK_F3);
+    ASSERT_TRUE(GameShows());
+    Press('P');
+    EXPECT_TRUE(rightPlayer->IsPaused()) << "a pause key goes no further";
+    EXPECT_FALSE(theMenuScreen->IsEnabled(MenuButton::Reset));
+    Press('J');
+    EXPECT_EQ(keyBindings.Key(Action::Rotate, Side::Right), 'J');
+    EXPECT_TRUE(theMenuScreen->IsEnabled(MenuButton::Reset));
+}
+
+TEST_F(InputTest, ActivationAndDeactivationPauseGames) {
+    Start();
+    Command(kCmdNewGame);
+    Press('P');
+    Headless().Push({.type = HostEventType::Deactivated});
+    Headless().WhenWaiting([] { Headless().Push({.type = HostEventType::Activated}); });
+    Run(100);
+    EXPECT_TRUE(rightPlayer->IsPaused() && leftPlayer->IsPaused());
+    EXPECT_TRUE(appActive);
+    Press('T');
+    EXPECT_FALSE(leftPlayer->IsPaused());
+}
+
+// The end of a match. ----------------------------------------------------------------------------
+
+TEST_F(InputTest, AGoodResultIsNamedAndKept) {
+    WriteLowScores();
+    Start();
+    ClickAt(kStartButton);
+    Run(kPressedLookPassed);
+    EndGame(*rightPlayer, 1);
+    Frame();
+    Frame();
+    ASSERT_TRUE(highScoresShowing && rightPlayer->HighScoreEntered());
+    ClickAt(kMenuButton);
+    EXPECT_EQ(pendingClick, kHighScoreNothing);
+    for (const std::uint8_t key : {'W', 'A', 'P'})
+        Press(key);
+    Press(VK_HOME);
+    EXPECT_FALSE(nextFigureCheat) << "every key is for the name";
+    Press(VK_RETURN);
+    EXPECT_EQ(TopName(), "WAP");
+    EXPECT_FALSE(rightPlayer->HighScoreEntered());
+    const int score = rightPlayer->Score();
+    EXPECT_EQ(theHighScoreScreen->Table().Row(0).score, score);
+    EXPECT_EQ(theHighScoreScreen->Table().Row(1).score, 0) << "taken in once";
+    End();
+    const std::vector<std::byte> file = folder.Read("data/hs.dat");
+    ASSERT_EQ(file.size(), 260U);
+    EXPECT_EQ(file[0], std::byte{'W'});
+    EXPECT_EQ(file[22], static_cast<std::byte>(score));
+}
+
+TEST_F(InputTest, OfTwoGoodResultsTheBetterIsNamedFirst) {
+    WriteLowScores();
+    Start();
+    Command(kCmdNewGame);
+    EndGame(*leftPlayer, 1);
+    EndGame(*rightPlayer, 5);
+    ASSERT_GT(rightPlayer->Score(), leftPlayer->Score());
+    Frame();
+    Frame();
+    EXPECT_TRUE(rightPlayer->HighScoreEntered());
+    EXPECT_FALSE(leftPlayer->HighScoreEntered());
+    Press('R');
+    Press(VK_RETURN);
+    Frame();
+    EXPECT_FALSE(rightPlayer->HighScoreEntered());
+    ASSERT_TRUE(leftPlayer->HighScoreEntered());
+    Press('L');
+    Press(VK_RETURN);
+    Frame();
+    EXPECT_EQ(TopName(), "R");
+    EXPECT_EQ(theHighScoreScreen->Table().Row(1).Name().front(), 'L');
+    EXPECT_EQ(theHighScoreScreen->Table().Row(2).score, 0);
+}
+
+TEST_F(InputTest, ARefusedResultKeepsTheOtherOutAndTheTableAsItWas) {
+    Start();
+    Command(kCmdNewGame);
+    EndGame(*leftPlayer, 1);
+    EndGame(*rightPlayer, 2);
+    Run(100);
+    EXPECT_TRUE(highScoresShowing);
+    EXPECT_FALSE(rightPlayer->HighScoreEntered() || leftPlayer->HighScoreEntered());
+    EXPECT_EQ(theHighScoreScreen->Table().Row(9).score, 100);
+    ClickAt(kMenuButton);
+    EXPECT_EQ(pendingClick, kHighScoreToMenu) << "nobody types a name";
+}
+
+TEST_F(InputTest, WhatEndsOnADisplayErrorLeavesScoresAndKeysAsTheyWere) {
+    Start();
+    theHighScoreScreen->Submit(Side::Right, 5000, 1, 1);
+    Headless().SetDisplayState(E_FAIL);
+    Frame();
+    EXPECT_FALSE(IsRunning());
+    theHighScoreScreen.reset();  // as when the process ends
+    theMenuScreen.reset();
+    EXPECT_TRUE(folder.Read("data/hs.dat").empty());
+    EXPECT_TRUE(folder.Read("data/keys.dat").empty());
+}
+
+}  // namespace
+}  // namespace korvane

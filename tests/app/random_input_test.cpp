@@ -1,0 +1,156 @@
+#include <array>
+#include <cstdint>
+#include <random>
+
+#include "app/process_state.h"
+#include "app/settings.h"
+#include "game/game_frame.h"
+#include "game/key_bindings.h"
+#include "platform/headless/headless_host.h"
+#include "platform/user.h"
+#include "res/commands.h"
+#include "screens/high_score_screen.h"
+#include "screens/menu_screen.h"
+#include "tests/support/program_fixture.h"
+
+namespace korvane {
+namespace {
+
+/// Sends the window procedure anything that can come from outside, in any order.
+class RandomInputTest : public ProgramFixture {
+  protected:
+    int Below(int limit) { return std::uniform_int_distribution(0, limit - 1)(random_); }
+
+    void SendAnything() {
+        switch (Below(8)) {
+            case 0:
+                SendClick();
+                break;
+            case 1:
+                SendMessage(mainWindow, WM_KEYDOWN, static_cast<WPARAM>(Below(256)), 0);
+                break;
+            case 2:
+                SendMessage(mainWindow, WM_KEYUP, static_cast<WPARAM>(Below(256)), 0);
+                break;
+            case 3:
+                SendCommand();
+                break;
+            case 4:
+                // Not while Quit waits: that would be the end of it.
+                if (pendingClick != kMenuQuit) SendMessage(mainWindow, WM_TIMER, 3, 0);
+                break;
+            case 5:
+                if (Below(20) == 0) SendMessage(mainWindow, WM_ACTIVATE, MakeParam(Below(3), 0), 0);
+                break;
+            case 6:
+                if (Below(100) == 0) PlayAGame();
+                break;
+            default:
+                if (Below(20) == 0) LetTimePass(20);
+                break;
+        }
+    }
+
+    void SendClick() {
+        const bool far = Below(50) == 0;
+        const int x = far ? Below(65536) : Below(640);
+        const int y = far ? Below(65536) : Below(480);
+        SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(x, y)));
+    }
+
+    void SendCommand() {
+        constexpr int kExit = 1001;
+        constexpr int kFullScreen = 1002;
+        const int id = Below(40) == 0 ? 1000 + Below(3) : 40001 + Below(27);
+        if (id == kExit || (id == kFullScreen && Below(10) != 0)) return;
+        Command(static_cast<std::uint16_t>(id));
+    }
+
+    /// Somebody starts; the one or the other locks a figure perhaps and finds no more room.
+    void PlayAGame() {
+        constexpr std::array kStarts = {kCmdRightRestart, kCmdLeftRestart, kCmdNewGame};
+        SendMessage(mainWindow, WM_ACTIVATE, WA_ACTIVE, 0);
+        Command(kStarts[static_cast<std::size_t>(Below(3))]);
+        const auto players = BothPlayers();
+        Player& player = *players[static_cast<std::size_t>(Below(2))];
+        player.KeyDown(keyBindings.Key(Action::Drop, player.PlayerSide()));
+        LetTimePass(static_cast<std::uint32_t>(Below(1000)));
+        for (Player* packed : players)
+            PackBoard(*packed);
+        LetTimePass(1500);
+    }
+
+    /// Time goes on; a Quit that waits would end it all.
+    void LetTimePass(std::uint32_t milliseconds) {
+        if (pendingClick == kMenuQuit) pendingClick = kMenuNothing;
+        Run(milliseconds);
+    }
+
+    static void ExpectButtonsAgreeWithSettings() {
+        using enum MenuButton;
+        const MenuScreen& menu = *theMenuScreen;
+        ASSERT_EQ(menu.IsSelected(Quakes), theSettings.quakes);
+        ASSERT_EQ(menu.IsSelected(Music), theSettings.music);
+        ASSERT_EQ(menu.IsSelected(SoundEffects), theSettings.soundEffects);
+        ASSERT_EQ(menu.IsSelected(Battle), theSettings.battle);
+        ASSERT_NE(menu.IsSelected(OnePlayer), menu.IsSelected(TwoPlayers));
+        ASSERT_EQ(menu.IsEnabled(LeftEasy), menu.IsSelected(TwoPlayers));
+        for (const auto& [clockwise, counter, time, easy, side] :
+             {std::tuple{RightClockwise, RightCounterClockwise, RightTime, RightEasy, Side::Right},
+              std::tuple{LeftClockwise, LeftCounterClockwise, LeftTime, LeftEasy, Side::Left}}) {
+            const std::size_t i = IndexOf(side);
+            ASSERT_EQ(menu.IsSelected(clockwise), theSettings.clockwise[i]);
+            ASSERT_NE(menu.IsSelected(counter), menu.IsSelected(clockwise));
+            ASSERT_EQ(menu.IsTimeBased(side), theSettings.timeBased[i]);
+            for (int level = 0; level < 3; ++level)
+                ASSERT_EQ(menu.IsSelected(static_cast<MenuButton>(static_cast<int>(easy) + level)),
+                          theSettings.difficulty[i] == level);
+        }
+        ASSERT_EQ(menu.IsEnabled(KeyConfigBack), menu.IsEnabled(Reset));
+    }
+
+    static void ExpectTableIsInOrder() {
+        const HighScoreTable& table = theHighScoreScreen->Table();
+        for (std::size_t row = 1; row < kHighScoreRows; ++row)
+            ASSERT_GE(table.Row(row - 1).score, table.Row(row).score);
+    }
+
+    /// One key is enough to end the waiting, so that there never was more than one slot.
+    static void ExpectAtMostOneSlotWaits() {
+        if (!theMenuScreen->IsKeyConfigView()) return;
+        theMenuScreen->OnKeyConfigKey('K');
+        const MenuAction armed = theMenuScreen->Click(340, 110);
+        ASSERT_EQ(armed, kMenuSlotArmed);
+        theMenuScreen->OnKeyConfigKey('K');
+    }
+
+  private:
+    std::mt19937 random_{20021105};
+};
+
+TEST_F(RandomInputTest, NothingThatComesInMakesScreensAndSettingsDisagree) {
+    folder.Write("data/hs.dat", std::vector<std::byte>(260));
+    Start();
+    audioReady = true;
+    Headless().WhenWaiting([] { Headless().Push({.type = HostEventType::Activated}); });
+    int games = 0;
+    int scores = 0;
+    for (int i = 0; i < 100'000; ++i) {
+        SendAnything();
+        ASSERT_TRUE(IsRunning()) << i;
+        SCOPED_TRACE(i);
+        ASSERT_NO_FATAL_FAILURE(ExpectButtonsAgreeWithSettings());
+        ASSERT_NO_FATAL_FAILURE(ExpectTableIsInOrder());
+        if (i % 1000 == 0) {
+            ASSERT_NO_FATAL_FAILURE(ExpectAtMostOneSlotWaits());
+        }
+        games += !menuShowing && !highScoresShowing;
+        scores += highScoresShowing;
+    }
+    EXPECT_GT(games, 1000) << "the screens all have had their turn";
+    EXPECT_GT(scores, 1000);
+    EXPECT_GT(theHighScoreScreen->Table().Row(0).score, 0);
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,162 @@
+#include "screens/high_score_table.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "platform/headless/headless_host.h"
+#include "tests/support/temporary_folder.h"
+
+namespace korvane {
+namespace {
+
+using Bytes = std::vector<std::byte>;
+
+constexpr const char* kFile = "data/hs.dat";
+constexpr std::size_t kRecordBytes = 26;
+constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+
+void Append(Bytes& bytes, std::int32_t value) {
+    for (int shift = 0; shift < 32; shift += 8)
+        bytes.push_back(static_cast<std::byte>(static_cast<std::uint32_t>(value) >> shift));
+}
+
+Bytes Record(std::string name, std::int32_t lines, std::int32_t level, std::int32_t score) {
+    name.resize(kNameBytes, '\0');
+    const auto text = std::as_bytes(std::span(name));
+    Bytes bytes(text.begin(), text.end());
+    for (const std::int32_t value : {lines, level, score})
+        Append(bytes, value);
+    return bytes;
+}
+
+/// Ten rows in which every field is another number.
+Bytes UnusualFile() {
+    Bytes file;
+    for (int row = 0; row < 10; ++row) {
+        const Bytes record = Record("NAME " + std::string(1, static_cast<char>('A' + row)),
+                                    0x01020304 + row, -5 - row, 0x7A000000 - row);
+        file.insert(file.end(), record.begin(), record.end());
+    }
+    return file;
+}
+
+class HighScoreTableTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        Headless().Reset();
+        Headless().UseFolder(folder_.Path());
+        folder_.Write("data/other", {});
+    }
+
+    HighScoreTable Load(const Bytes& bytes) const {
+        folder_.Write(kFile, bytes);
+        return HighScoreTable();
+    }
+
+    Bytes Saved(const HighScoreTable& table) const {
+        table.Save();
+        return folder_.Read(kFile);
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(HighScoreTableTest, AScoreGoesAboveThoseThatItEquals) {
+    struct Case {
+        std::int32_t score;
+        int row;  ///< -1 for none
+    };
+    const HighScoreTable table;
+    for (const auto& [score, row] :
+         {Case{kMost, 0}, Case{1001, 0}, Case{1000, 0}, Case{999, 1}, Case{500, 5}, Case{101, 9},
+          Case{100, 9}, Case{99, -1}, Case{0, -1}, Case{-1, -1}, Case{kLeast, -1}})
+        EXPECT_EQ(static_cast<int>(table.FindRank(score).value_or(std::size_t(-1))), row) << score;
+}
+
+TEST_F(HighScoreTableTest, RanksHoldAtTheEndsOfTheNumbers) {
+    HighScoreTable table;
+    for (int i = 0; i < 10; ++i)
+        table.Row(static_cast<std::size_t>(i)).score = i < 5 ? kMost : kLeast;
+    EXPECT_EQ(table.FindRank(kMost), 0U);
+    EXPECT_EQ(table.FindRank(kMost - 1), 5U);
+    EXPECT_EQ(table.FindRank(kLeast), 5U);
+    for (int i = 0; i < 10; ++i)
+        table.Row(static_cast<std::size_t>(i)).score = kMost;
+    EXPECT_EQ(table.FindRank(kMost - 1), std::nullopt);
+}
+
+TEST_F(HighScoreTableTest, AnEntryPushesThoseBelowItDownAndTheLastOut) {
+    for (const std::size_t row : {0U, 4U, 9U}) {
+        const HighScoreTable before;
+        HighScoreTable after;
+        after.Insert(row, {.lines = 1, .score = 2, .level = 3});
+        for (std::size_t i = 0; i < kHighScoreRows; ++i) {
+            SCOPED_TRACE(testing::Message() << "inserted at " << row << ", looking at " << i);
+            const HighScoreEntry want = i < row ? before.Row(i)
+                                        : i == row
+                                            ? HighScoreEntry{.lines = 1, .score = 2, .level = 3}
+                                            : before.Row(i - 1);
+            EXPECT_EQ(after.Row(i), want);
+        }
+    }
+}
+
+TEST_F(HighScoreTableTest, TheFileHoldsTenRecordsOfTwentySixBytes) {
+    Bytes want;
+    for (int i = 10; i > 0; --i) {
+        const Bytes record = Record("MORLAX", i, i, 100 * i);
+        want.insert(want.end(), record.begin(), record.end());
+    }
+    EXPECT_EQ(Saved(HighScoreTable()), want);
+    const Bytes unusual = UnusualFile();
+    const HighScoreTable table = Load(unusual);
+    EXPECT_EQ(table.Row(1).Name(), "NAME B");
+    EXPECT_EQ(table.Row(1).lines, 0x01020305);
+    EXPECT_EQ(table.Row(1).level, -6);
+    EXPECT_EQ(table.Row(1).score, 0x79FFFFFF);
+    EXPECT_EQ(Saved(table), unusual);
+}
+
+TEST_F(HighScoreTableTest, AFileCutAnywhereLeavesEmptyWhatItDoesNotReach) {
+    const Bytes defaults = Saved(HighScoreTable());
+    const Bytes unusual = UnusualFile();
+    ASSERT_EQ(unusual.size(), 10 * kRecordBytes);
+    for (std::size_t length = 0; length <= unusual.size(); ++length) {
+        const Bytes cut(unusual.begin(), unusual.begin() + static_cast<std::ptrdiff_t>(length));
+        Bytes want(unusual.size(), std::byte{0});
+        if (length < kNameBytes) want = defaults;
+        std::size_t end = 0;
+        for (int record = 0; length >= kNameBytes && record < 10; ++record) {
+            for (const std::size_t size :
+                 {kNameBytes, std::size_t{4}, std::size_t{4}, std::size_t{4}}) {
+                end += size;
+                if (end > length) break;
+                std::copy_n(unusual.begin() + static_cast<std::ptrdiff_t>(end - size), size,
+                            want.begin() + static_cast<std::ptrdiff_t>(end - size));
+            }
+            if (end > length) break;
+        }
+        EXPECT_EQ(Saved(Load(cut)), want) << length;
+    }
+}
+
+TEST_F(HighScoreTableTest, NoFileGivesTheDefaultsAndNonsenseIsTakenAsItStands) {
+    EXPECT_EQ(HighScoreTable().Row(0).Name(), "MORLAX");
+    Bytes longer = UnusualFile();
+    longer.resize(5000, std::byte{0x5A});
+    EXPECT_EQ(Saved(Load(longer)), UnusualFile());
+
+    const Bytes ones(10 * kRecordBytes, std::byte{0xFF});
+    const HighScoreTable table = Load(ones);
+    EXPECT_EQ(table.Row(9).Name(), std::string(kNameBytes, '\xFF')) << "a name without an end";
+    EXPECT_EQ(table.Row(9).score, -1);
+    EXPECT_EQ(Saved(table), ones);
+}
+
+}  // namespace
+}  // namespace korvane

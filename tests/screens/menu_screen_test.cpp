@@ -1,0 +1,290 @@
+#include "screens/menu_screen.h"
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "app/process_state.h"
+#include "app/settings.h"
+#include "game/key_bindings.h"
+#include "tests/support/flat_skin.h"
+#include "tests/support/program_fixture.h"
+
+namespace korvane {
+namespace {
+
+using enum MenuButton;
+
+struct Place {
+    MenuButton button;
+    MenuAction action;
+    const char* picture;
+    int x, y, width, height;
+    bool needsTwoPlayers = false;
+    bool isPressed = false;  ///< a hit flips its look
+};
+
+// The main view for two players with audio, in which every button is in use.
+const Place kMainView[] = {
+    {OnePlayer, kMenuOnePlayer, "menu/1playerbutt", 156, 143, 118, 36},
+    {TwoPlayers, kMenuTwoPlayers, "menu/2playerbutt", 156, 183, 118, 36},
+    {ConfigureKeys, kMenuConfigureKeys, "menu/confbutt", 156, 223, 118, 36, false, true},
+    {Music, kMenuMusic, "menu/musicbutt", 156, 263, 118, 36},
+    {SoundEffects, kMenuSoundEffects, "menu/sfxbutt", 156, 303, 118, 36},
+    {About, kMenuCredits, "menu/aboutbutt", 156, 343, 118, 36, false, true},
+    {MenuButton::Start, kMenuStart, "menu/startbutt", 156, 403, 118, 36, false, true},
+    {Quit, kMenuQuit, "menu/quitbutt", 278, 403, 118, 36, false, true},
+    {Quakes, kMenuQuakes, "menu/quakebutt", 278, 343, 118, 36},
+    {Battle, kMenuBattle, "menu/battlebutt", 400, 343, 118, 36, true},
+    {RightEasy, kMenuRightEasy, "menu/easybutt", 391, 140, 109, 32},
+    {RightMedium, kMenuRightMedium, "menu/mediumbutt", 391, 174, 109, 32},
+    {RightHard, kMenuRightHard, "menu/hardbutt", 391, 208, 109, 32},
+    {LeftEasy, kMenuLeftEasy, "menu/easybutt", 278, 140, 109, 32, true},
+    {LeftMedium, kMenuLeftMedium, "menu/mediumbutt", 278, 174, 109, 32, true},
+    {LeftHard, kMenuLeftHard, "menu/hardbutt", 278, 208, 109, 32, true},
+    {RightCounterClockwise, kMenuRightCounterClockwise, "menu/ccwrotbutt", 391, 259, 44, 32},
+    {RightClockwise, kMenuRightClockwise, "menu/cwrotbutt", 437, 259, 44, 32},
+    {LeftCounterClockwise, kMenuLeftCounterClockwise, "menu/ccwrotbutt", 278, 259, 44, 32, true},
+    {LeftClockwise, kMenuLeftClockwise, "menu/cwrotbutt", 324, 259, 44, 32, true},
+    {RightTime, kMenuRightTime, "menu/timebutt", 391, 293, 109, 32},
+    {LeftTime, kMenuLeftTime, "menu/timebutt", 278, 293, 109, 32, true},
+};
+static_assert(std::size(kMainView) == static_cast<std::size_t>(CreditsBack));
+
+class MenuScreenTest : public ProgramFixture {
+  protected:
+    /// With every button of the main view in use.
+    void StartWithEverything() {
+        theSettings.players = 2;
+        Start();
+        audioReady = true;
+        Frame();
+    }
+
+    static MenuAction At(const Place& place, int dx, int dy) {
+        return theMenuScreen->Click(place.x + dx, place.y + dy);
+    }
+
+    static std::string Look(const Place& place) {
+        return Seen(place.x + place.width - 1, place.y + place.height - 1);
+    }
+
+    static void ExpectSelected(std::initializer_list<MenuButton> selected) {
+        for (int i = 0; i < static_cast<int>(Count); ++i) {
+            const auto button = static_cast<MenuButton>(i);
+            const bool want = std::find(selected.begin(), selected.end(), button) != selected.end();
+            EXPECT_EQ(theMenuScreen->IsSelected(button), want) << "button " << i;
+        }
+    }
+};
+
+TEST_F(MenuScreenTest, AButtonIsHitInsideItsFrameAndNotOnItsBorder) {
+    StartWithEverything();
+    for (const Place& place : kMainView) {
+        SCOPED_TRACE(place.picture);
+        const int w = place.width;
+        const int h = place.height;
+        for (const auto& [dx, dy] : {std::pair{0, 1}, {w, 1}, {1, 0}, {1, h}, {0, 0}, {w, h}})
+            EXPECT_EQ(At(place, dx, dy), kMenuNothing) << dx << ", " << dy;
+        const bool before = theMenuScreen->IsSelected(place.button);
+        EXPECT_EQ(At(place, 1, 1), place.action);
+        EXPECT_EQ(theMenuScreen->IsSelected(place.button), before != place.isPressed);
+        EXPECT_EQ(At(place, w - 1, h - 1), place.action);
+        EXPECT_EQ(theMenuScreen->IsSelected(place.button), before);
+    }
+}
+
+TEST_F(MenuScreenTest, WhatOnePlayerDoesNotNeedIsOutOfUse) {
+    Start();
+    audioReady = true;
+    Frame();
+    for (const Place& place : kMainView) {
+        EXPECT_EQ(theMenuScreen->IsEnabled(place.button), !place.needsTwoPlayers) << place.picture;
+        const MenuAction want = place.needsTwoPlayers ? kMenuNothing : place.action;
+        EXPECT_EQ(At(place, 5, 5), want) << place.picture;
+    }
+}
+
+TEST_F(MenuScreenTest, MusicAndSoundEffectsAreOutOfUseWithoutAudio) {
+    Start();
+    EXPECT_EQ(theMenuScreen->Click(160, 270), kMenuNothing);
+    EXPECT_EQ(theMenuScreen->Click(160, 310), kMenuNothing);
+    EXPECT_EQ(Seen(160, 270), "menu/musicbutt2 1") << "on, and out of use";
+    theMenuScreen->ToggleSfxButton();
+    Frame();
+    EXPECT_EQ(Seen(160, 310), "menu/sfxbutt2 0");
+    audioReady = true;
+    Frame();
+    EXPECT_EQ(theMenuScreen->Click(160, 270), kMenuMusic);
+    EXPECT_EQ(Seen(160, 270), "menu/musicbutt 1");
+}
+
+TEST_F(MenuScreenTest, ButtonsAreDrawnWhereTheyAreHit) {
+    StartWithEverything();
+    for (const bool two : {true, false}) {
+        if (!two) theMenuScreen->SelectOnePlayer();
+        Frame();
+        for (const Place& place : kMainView) {
+            const bool disabled = place.needsTwoPlayers && !two;
+            const bool selected = theMenuScreen->IsSelected(place.button);
+            EXPECT_EQ(Look(place),
+                      place.picture + std::string(disabled ? "2 " : " ") + (selected ? "1" : "0"));
+        }
+        EXPECT_EQ(Seen(278, 128), "menu/LeftPlayer 0");
+        EXPECT_EQ(Seen(499, 139), "menu/RightPlayer 0");
+        EXPECT_EQ(Seen(8, 0), "menu/logo 0");
+    }
+    EXPECT_EQ(Seen(55, 479), "Background 0");
+    EXPECT_EQ(Seen(574, 479), "Background 0");
+    EXPECT_EQ(Seen(54, 479), "-");
+    EXPECT_EQ(Seen(575, 479), "-");
+}
+
+TEST_F(MenuScreenTest, OfOverlappingButtonsTheFirstInTheOrderIsHit) {
+    struct Case {
+        const char* first;
+        const char* second;
+        MenuAction want;
+    };
+    // A skin whose two pictures are as large as the frame; the other buttons cannot be hit.
+    const Case kCases[] = {
+        {"menu/quitbutt", "menu/1playerbutt", kMenuQuit},
+        {"menu/1playerbutt", "menu/2playerbutt", kMenuOnePlayer},
+        {"menu/2playerbutt", "menu/startbutt", kMenuTwoPlayers},
+        {"menu/startbutt", "menu/musicbutt", kMenuStart},
+        {"menu/musicbutt", "menu/sfxbutt", kMenuMusic},
+        {"menu/sfxbutt", "menu/easybutt", kMenuSoundEffects},
+        {"menu/easybutt", "menu/mediumbutt", kMenuRightEasy},
+        {"menu/mediumbutt", "menu/hardbutt", kMenuRightMedium},
+        {"menu/hardbutt", "menu/quakebutt", kMenuRightHard},
+        {"menu/quakebutt", "menu/aboutbutt", kMenuQuakes},
+        {"menu/aboutbutt", "menu/confbutt", kMenuCredits},
+        {"menu/confbutt", "menu/battlebutt", kMenuConfigureKeys},
+        {"menu/battlebutt", "menu/ccwrotbutt", kMenuBattle},
+        {"menu/ccwrotbutt", "menu/cwrotbutt", kMenuRightCounterClockwise},
+        {"menu/cwrotbutt", "menu/timebutt", kMenuRightClockwise},
+        {"menu/timebutt", "menu/timebutt", kMenuRightTime},
+    };
+    StartWithEverything();
+    for (const Place& place : kMainView)
+        RemoveFlatPicture(folder, "Original", place.picture);
+    for (const Case& c : kCases) {
+        for (const char* name : {c.first, c.second})
+            WriteFlatPicture(folder, "Original", name, 600, 460);
+        theMenuScreen->ReloadPictures();
+        EXPECT_EQ(theMenuScreen->Click(520, 450), c.want) << c.first;
+        for (const char* name : {c.first, c.second})
+            RemoveFlatPicture(folder, "Original", name);
+    }
+    theMenuScreen->ReloadPictures();
+    EXPECT_EQ(theMenuScreen->Click(520, 450), kMenuNothing) << "no picture, no hit";
+}
+
+TEST_F(MenuScreenTest, ButtonsShowTheSettingsFromTheStart) {
+    theSettings.players = 2;
+    theSettings.difficulty = {2, 1};
+    theSettings.clockwise = {true, false};
+    theSettings.timeBased = {false, true};
+    theSettings.music = theSettings.quakes = false;
+    theSettings.battle = true;
+    Start();
+    ExpectSelected({TwoPlayers, RightHard, LeftMedium, RightClockwise, LeftCounterClockwise,
+                    LeftTime, SoundEffects, Battle});
+    EXPECT_FALSE(theMenuScreen->IsTimeBased(Side::Right));
+    EXPECT_TRUE(theMenuScreen->IsTimeBased(Side::Left));
+}
+
+TEST_F(MenuScreenTest, NonsenseInTheSettingsGivesOnePlayerAndNoDifficulty) {
+    theSettings.players = 7;
+    theSettings.difficulty = {3, -1};
+    Start();
+    ExpectSelected(
+        {OnePlayer, RightCounterClockwise, LeftCounterClockwise, Music, SoundEffects, Quakes});
+    EXPECT_FALSE(theMenuScreen->IsEnabled(LeftEasy));
+    EXPECT_EQ(theMenuScreen->PlayersFromButtons(), 1);
+}
+
+TEST_F(MenuScreenTest, OnePlayerEndsBattleForGood) {
+    theSettings.players = 2;
+    theSettings.battle = true;
+    Start();
+    theMenuScreen->SelectOnePlayer();
+    EXPECT_FALSE(theSettings.battle);
+    theMenuScreen->SelectTwoPlayers();
+    EXPECT_FALSE(theMenuScreen->IsSelected(Battle));
+    EXPECT_TRUE(theMenuScreen->IsEnabled(Battle));
+    EXPECT_EQ(theMenuScreen->PlayersFromButtons(), 2);
+}
+
+TEST_F(MenuScreenTest, CreditsShowAndOnlyTheirBackButtonIsHit) {
+    Start();
+    theMenuScreen->ToggleCreditsView();
+    Frame();
+    EXPECT_EQ(Text(110, 116, 20, 16), "KORVANE VERSION 1:53");
+    EXPECT_EQ(Text(225, 148, 10, 16), "11:05:2002");
+    EXPECT_EQ(Text(225, 260, 14, 16), "MORLAX; TIBREN");
+    EXPECT_EQ(Text(165, 372, 15, 16), "KORVANE:EXAMPLE");
+    for (const Place& place : kMainView)
+        EXPECT_EQ(At(place, 5, 5), kMenuNothing) << place.picture;
+    EXPECT_EQ(theMenuScreen->Click(170, 110), kMenuNothing) << "a key slot's place";
+    EXPECT_EQ(theMenuScreen->Click(270, 436), kMenuCredits);
+    EXPECT_TRUE(theMenuScreen->IsSelected(CreditsBack));
+    theMenuScreen->ToggleCreditsView();
+    EXPECT_FALSE(theMenuScreen->IsSelected(CreditsBack));
+}
+
+TEST_F(MenuScreenTest, ResetStaysPressedUntilASlotOrTheWayBackIs) {
+    Start();
+    EXPECT_EQ(theMenuScreen->Click(160, 230), kMenuConfigureKeys);
+    theMenuScreen->ToggleKeyConfigView();
+    EXPECT_TRUE(theMenuScreen->IsSelected(ConfigureKeys)) << "until the way back is pressed";
+    for (const bool bySlot : {true, false}) {
+        keyBindings.Key(Action::Drop, Side::Left) = 'Q';
+        EXPECT_EQ(theMenuScreen->Click(330, 450), kMenuKeysReset);
+        EXPECT_EQ(keyBindings, KeyBindings());
+        keyBindings.Key(Action::Drop, Side::Left) = 'Q';
+        EXPECT_EQ(theMenuScreen->Click(330, 450), kMenuNothing);
+        EXPECT_EQ(keyBindings.Key(Action::Drop, Side::Left), 'Q') << "the second press is none";
+        EXPECT_TRUE(theMenuScreen->IsSelected(Reset));
+        EXPECT_EQ(theMenuScreen->Click(bySlot ? 170 : 190, bySlot ? 110 : 450),
+                  bySlot ? kMenuSlotArmed : kMenuKeyConfigBack);
+        EXPECT_FALSE(theMenuScreen->IsSelected(Reset));
+        if (bySlot) theMenuScreen->OnKeyConfigKey('W');
+    }
+    EXPECT_FALSE(theMenuScreen->IsSelected(ConfigureKeys));
+    EXPECT_TRUE(theMenuScreen->IsSelected(KeyConfigBack)) << "until the keys are configured again";
+    theMenuScreen->ToggleKeyConfigView();
+    theMenuScreen->Click(160, 230);
+    EXPECT_FALSE(theMenuScreen->IsSelected(KeyConfigBack));
+}
+
+TEST_F(MenuScreenTest, WhileASlotWaitsThereIsNoWayBackAndNoReset) {
+    Start();
+    theMenuScreen->ToggleKeyConfigView();
+    EXPECT_EQ(theMenuScreen->Click(340, 110), kMenuSlotArmed);
+    Frame();
+    EXPECT_EQ(Seen(185, 445), "menu/backbutt2 0");
+    EXPECT_EQ(Seen(330, 445), "menu/resetbutt2 0");
+    EXPECT_EQ(theMenuScreen->Click(185, 445), kMenuNothing);
+    EXPECT_EQ(theMenuScreen->Click(330, 445), kMenuNothing);
+    theMenuScreen->OnKeyConfigKey('I');
+    Frame();
+    EXPECT_EQ(Seen(185, 445), "menu/backbutt 0");
+    EXPECT_EQ(theMenuScreen->Click(330, 445), kMenuKeysReset);
+}
+
+TEST_F(MenuScreenTest, AnotherSkinReplacesEveryPicture) {
+    WriteFlatSkin(folder, "Empty");
+    for (const Place& place : kMainView)
+        RemoveFlatPicture(folder, "Empty", place.picture);
+    Start();
+    theSettings.skinName = "Empty";
+    theMenuScreen->ReloadPictures();
+    for (const Place& place : kMainView)
+        EXPECT_EQ(At(place, 5, 5), kMenuNothing) << place.picture;
+    Frame();
+    EXPECT_EQ(Seen(160, 150), "Background 0");
+}
+
+}  // namespace
+}  // namespace korvane
