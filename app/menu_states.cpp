@@ -85,8 +85,6 @@ void SetMenuStates(HMENU menu) {
     Enable(menu, kCmdMusic, audioReady);
     Enable(menu, kCmdSoundEffects, audioReady);
     Enable(menu, kCmdToggleFullScreen, theSettings.fullscreenBpp != 0);
-    Enable(menu, kCmdMusic, audioReady);
-    Enable(menu, kCmdSoundEffects, audioReady);
 }
 
 }  // namespace korvane
