@@ -24,13 +24,13 @@ struct Chunk {
 };
 
 /// Rows of the same class are copied by the same moves. Class c holds the widths of 2^c + 1 to
-/// 2^(c + 1) bytes (class 0 also 1), the last one all greater ones too.
-constexpr std::size_t kRowClasses = 8;
+/// 2^(c + 1) bytes (class 0 also 1); from the last one on they are copied in a loop.
+constexpr int kLastRowClass = 7;
 
 /// The class of a row of `bytes` bytes, at least 1.
-constexpr std::size_t RowClass(std::size_t bytes) {
-    const auto bits = static_cast<std::size_t>(std::bit_width(bytes - 1));
-    return bits == 0 ? 0 : bits > kRowClasses ? kRowClasses - 1 : bits - 1;
+constexpr int RowClass(std::size_t bytes) {
+    // The lowest bit decides nothing but spares the question whether any bit is set.
+    return static_cast<int>(std::bit_width((bytes - 1) | 1)) - 1;
 }
 
 template <std::size_t N>
@@ -52,13 +52,13 @@ template <std::size_t kWide, std::size_t kBytes>
 
 /// One row of the class: half the class's greatest width from the front and as much that ends at
 /// the row's end. The two overlap as needed, so that every width takes the same moves.
-template <std::size_t kWide, std::size_t kClass>
+template <std::size_t kWide, int kClass>
 [[gnu::always_inline]] inline void CopyRow(std::byte* to, const std::byte* from,
                                            std::size_t bytes) {
     constexpr std::size_t kHalf = std::size_t{1} << kClass;
     const std::size_t last = bytes - kHalf;
     CopyFixed<kWide, kHalf>(to, from);
-    if constexpr (kClass == kRowClasses - 1) {
+    if constexpr (kClass == kLastRowClass) {
         for (std::size_t at = kHalf; at < last; at += kHalf) {
             CopyFixed<kWide, kHalf>(to + at, from + at);
         }
@@ -66,7 +66,7 @@ template <std::size_t kWide, std::size_t kClass>
     CopyFixed<kWide, kHalf>(to + last, from + last);
 }
 
-template <std::size_t kWide, std::size_t kClass>
+template <std::size_t kWide, int kClass>
 [[gnu::always_inline]] inline void CopyRowsOfClass(CopyRoute route, std::size_t bytes, int rows) {
     for (; rows > 0; --rows) {
         CopyRow<kWide, kClass>(route.to, route.from, bytes);
@@ -94,7 +94,7 @@ template <std::size_t kWide>
         case 6:
             return CopyRowsOfClass<kWide, 6>(route, bytes, rows);
         default:
-            return CopyRowsOfClass<kWide, 7>(route, bytes, rows);
+            return CopyRowsOfClass<kWide, kLastRowClass>(route, bytes, rows);
     }
 }
 

@@ -32,6 +32,11 @@ std::array<RECT, 4> Around(const RECT& inner, const RECT& outer) {
              {inner.right, inner.top, outer.right, inner.bottom}}};
 }
 
+/// True when two rectangles that are not empty share a pixel.
+bool Touch(const RECT& a, const RECT& b) {
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
 bool Covers(const RECT& outer, const RECT& inner) {
     return Intersect(outer, inner) == inner;
 }
@@ -39,14 +44,13 @@ bool Covers(const RECT& outer, const RECT& inner) {
 }  // namespace
 
 bool FrameList::Operation::operator==(const Operation& other) const {
-    static_assert(std::has_unique_object_representations_v<Operation>);
-    return std::memcmp(this, &other, sizeof(*this)) == 0;
+    static_assert(std::has_unique_object_representations_v<Effect>);
+    return std::memcmp(&effect, &other.effect, sizeof(effect)) == 0;
 }
 
 void FrameList::Fill(const RECT& area, std::uint32_t value) {
     if (area.IsEmpty()) return;
-    frame_.push_back({area, kFill, value});
-    sources_.push_back({nullptr, nullptr});
+    frame_.push_back({{area, kFill, value}, nullptr, nullptr});
 }
 
 void FrameList::Copy(const PictureSource& source, POINT at, const RECT& part) {
@@ -54,8 +58,8 @@ void FrameList::Copy(const PictureSource& source, POINT at, const RECT& part) {
     if (part.IsEmpty()) return;
     const RECT area = {at.x, at.y, at.x + part.Width(), at.y + part.Height()};
     const std::uint64_t keyed = source.runs != nullptr ? 1 : 0;
-    frame_.push_back({area, {part.left, part.top}, source.version << 1 | keyed});
-    sources_.push_back({source.pixels, source.runs});
+    const Effect effect = {area, {part.left, part.top}, source.version << 1 | keyed};
+    frame_.push_back({effect, source.pixels, source.runs});
 }
 
 std::span<const RECT> FrameList::Compose(PixelBuffer& target) {
@@ -79,39 +83,36 @@ std::span<const RECT> FrameList::Compose(PixelBuffer& target) {
     } else {
         Flush(target);
         for (const Operation& operation : frame_)
-            changed_.Add(operation.area);
+            changed_.Add(operation.effect.area);
         if (invalid_) changed_.Add(target.Bounds());
         drawnOver_.Add(changed_);
     }
     frame_.clear();
-    sources_.clear();
     drawn_ = 0;
     return changed_.Rects();
 }
 
 void FrameList::Flush(PixelBuffer& target) {
     for (; drawn_ < frame_.size(); ++drawn_)
-        Draw(target, drawn_, frame_[drawn_].area);
+        Draw(target, frame_[drawn_], frame_[drawn_].effect.area);
 }
 
 bool FrameList::Needs(const PixelBuffer& pixels) const {
-    return std::any_of(sources_.begin() + static_cast<std::ptrdiff_t>(drawn_), sources_.end(),
-                       [&](const Source& source) { return source.pixels == &pixels; });
+    return std::any_of(frame_.begin() + static_cast<std::ptrdiff_t>(drawn_), frame_.end(),
+                       [&](const Operation& operation) { return operation.pixels == &pixels; });
 }
 
 void FrameList::Invalidate() {
     // Their sources may be gone, so they cannot be drawn again: the rest of the frame builds on
     // whatever the buffer holds.
-    const auto drawn = static_cast<std::ptrdiff_t>(drawn_);
-    frame_.erase(frame_.begin(), frame_.begin() + drawn);
-    sources_.erase(sources_.begin(), sources_.begin() + drawn);
+    frame_.erase(frame_.begin(), frame_.begin() + static_cast<std::ptrdiff_t>(drawn_));
     drawn_ = 0;
     invalid_ = true;
 }
 
 bool FrameList::FillsAll(const PixelBuffer& target) const {
-    return !frame_.empty() && frame_.front().from == kFill &&
-           Covers(frame_.front().area, target.Bounds());
+    return !frame_.empty() && frame_.front().effect.from == kFill &&
+           Covers(frame_.front().effect.area, target.Bounds());
 }
 
 void FrameList::AddDifferences() {
@@ -152,7 +153,7 @@ FrameList::Skip FrameList::ToNextAgreement(std::span<const Operation> before,
 std::span<const FrameList::Operation> FrameList::AddAreas(std::span<const Operation> operations,
                                                           std::size_t count) {
     for (const Operation& operation : operations.first(count))
-        changed_.Add(operation.area);
+        changed_.Add(operation.effect.area);
     return operations.subspan(count);
 }
 
@@ -161,8 +162,8 @@ void FrameList::ComposeArea(PixelBuffer& target, const RECT& area) const {
     std::size_t first = frame_.size();
     for (;;) {
         --first;
-        if (sources_[first].runs != nullptr) continue;
-        const RECT hidden = Intersect(frame_[first].area, area);
+        if (frame_[first].runs != nullptr) continue;
+        const RECT hidden = Intersect(frame_[first].effect.area, area);
         if (hidden == area) break;
         if (PixelCount(hidden) >= kWorthSplitting) {
             for (const RECT& rest : Around(hidden, area)) {
@@ -172,23 +173,21 @@ void FrameList::ComposeArea(PixelBuffer& target, const RECT& area) const {
         }
     }
     for (std::size_t i = first; i < frame_.size(); ++i) {
-        const RECT clip = Intersect(frame_[i].area, area);
-        if (!clip.IsEmpty()) Draw(target, i, clip);
+        if (!Touch(frame_[i].effect.area, area)) continue;
+        Draw(target, frame_[i], Intersect(frame_[i].effect.area, area));
     }
 }
 
-void FrameList::Draw(PixelBuffer& target, std::size_t index, const RECT& clip) const {
-    const Operation& operation = frame_[index];
-    const Source& source = sources_[index];
-    if (source.pixels == nullptr) {
-        return FillArea(target, clip, static_cast<std::uint32_t>(operation.contents));
+void FrameList::Draw(PixelBuffer& target, const Operation& operation, const RECT& clip) {
+    if (operation.pixels == nullptr) {
+        return FillArea(target, clip, static_cast<std::uint32_t>(operation.effect.contents));
     }
-    const std::int32_t x = operation.from.x + clip.left - operation.area.left;
-    const std::int32_t y = operation.from.y + clip.top - operation.area.top;
+    const std::int32_t x = operation.effect.from.x + clip.left - operation.effect.area.left;
+    const std::int32_t y = operation.effect.from.y + clip.top - operation.effect.area.top;
     const RECT part = {x, y, x + clip.Width(), y + clip.Height()};
-    if (source.runs == nullptr)
-        return CopyPlain(target, {clip.left, clip.top}, *source.pixels, part);
-    CopyKeyed(target, {clip.left, clip.top}, *source.pixels, *source.runs, part);
+    if (operation.runs == nullptr)
+        return CopyPlain(target, {clip.left, clip.top}, *operation.pixels, part);
+    CopyKeyed(target, {clip.left, clip.top}, *operation.pixels, *operation.runs, part);
 }
 
 }  // namespace korvane

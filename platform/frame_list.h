@@ -61,19 +61,19 @@ class FrameList {
     void Invalidate();
 
   private:
-    /// Everything that decides what an operation draws, and nothing else: operations are compared
-    /// byte by byte.
-    struct Operation {
+    /// What an operation draws, and nothing else: compared byte by byte.
+    struct Effect {
         RECT area;               ///< in the target
         POINT from;              ///< the source's pixel that goes to the area's corner, or kFill
         std::uint64_t contents;  ///< version and whether keyed; of a fill the value
-
-        bool operator==(const Operation& other) const;
     };
-    /// How to draw an operation: needed only until it was carried out.
-    struct Source {
-        const PixelBuffer* pixels;  ///< null: a fill
-        const OpaqueRuns* runs;
+    struct Operation {
+        Effect effect;
+        const PixelBuffer* pixels;  ///< null: a fill. Good until the operation was carried out
+        const OpaqueRuns* runs;     ///< null: not keyed. Good as long
+
+        /// True when both have the same effect.
+        bool operator==(const Operation& other) const;
     };
     struct Skip {
         std::size_t before;
@@ -89,10 +89,9 @@ class FrameList {
     /// Adds the areas of the first `count` operations to changed_ and returns the rest.
     std::span<const Operation> AddAreas(std::span<const Operation> operations, std::size_t count);
     void ComposeArea(PixelBuffer& target, const RECT& area) const;
-    void Draw(PixelBuffer& target, std::size_t index, const RECT& clip) const;
+    static void Draw(PixelBuffer& target, const Operation& operation, const RECT& clip);
 
     std::vector<Operation> frame_;  ///< recorded since the last Compose
-    std::vector<Source> sources_;   ///< of each of frame_
     std::size_t drawn_ = 0;         ///< so many of frame_ were carried out by Flush
     std::vector<Operation> shown_;  ///< the last frame that began by filling the whole target
     DirtyRegion drawnOver_;         ///< where later frames were drawn over the picture of shown_

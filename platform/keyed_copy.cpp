@@ -2,21 +2,18 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cassert>
 
 namespace korvane {
 namespace {
 
-// Strips hold cells about as wide as they are high, so a tile as wide as the picture is high keeps
-// a cell's blocks apart from its neighbours'. The upper limits keep a small part of a large
+// Strips hold cells about as wide as they are high, so a tile about as wide as the picture is high
+// keeps a cell's blocks apart from its neighbours'. The upper limits keep a small part of a large
 // picture from walking all of it; at 256 pixels a row is long enough to copy at full speed.
-constexpr std::int32_t kMinTileSide = 16;
-constexpr std::int32_t kMaxTileWidth = 256;
-constexpr std::int32_t kMaxTileHeight = 64;
-
-constexpr std::int32_t RoundUp(std::int32_t value, std::int32_t step) {
-    return (value + step - 1) / step * step;
-}
+constexpr std::uint32_t kMinTileWidth = 16;
+constexpr std::uint32_t kMaxTileWidth = 256;
+constexpr int kTileHeightShift = 6;
 
 [[maybe_unused]] bool IsInside(const RECT& inner, const RECT& outer) {
     return Intersect(inner, outer) == inner;
@@ -113,13 +110,15 @@ void CopyClipped(const CopyKernels& kernels, const CopyRoute& route,
 }  // namespace
 
 OpaqueRuns::OpaqueRuns(const PixelBuffer& pixels, std::uint32_t key) : size_(pixels.Size()) {
-    tile_.cx = std::clamp(RoundUp(size_.cy, kMinTileSide), kMinTileSide, kMaxTileWidth);
-    tile_.cy = std::clamp(size_.cy, 1, kMaxTileHeight);
-    tileColumns_ = (size_.cx + tile_.cx - 1) / tile_.cx;
+    const auto height = static_cast<std::uint32_t>(size_.cy);
+    const std::uint32_t width = std::clamp(std::bit_ceil(height), kMinTileWidth, kMaxTileWidth);
+    tileShift_.x = std::countr_zero(width);
+    tileShift_.y = kTileHeightShift;
+    tileColumns_ = (size_.cx + TileSize().cx - 1) >> tileShift_.x;
     key &= PixelMask(pixels.BytesPerPixel());
-    for (std::int32_t y = 0; y < size_.cy; y += tile_.cy) {
-        for (std::int32_t x = 0; x < size_.cx; x += tile_.cx) {
-            const RECT tile = {x, y, x + tile_.cx, y + tile_.cy};
+    for (std::int32_t y = 0; y < size_.cy; y += TileSize().cy) {
+        for (std::int32_t x = 0; x < size_.cx; x += TileSize().cx) {
+            const RECT tile = {x, y, x + TileSize().cx, y + TileSize().cy};
             firstBlock_.push_back(static_cast<std::uint32_t>(blocks_.size()));
             AddTile(pixels, Intersect(tile, pixels.Bounds()), key);
         }
@@ -167,9 +166,10 @@ void CopyKeyed(PixelBuffer& target, POINT at, const PixelBuffer& source, const O
     assert(runs.Size() == source.Size());
     const CopyKernels& kernels = ActiveCopyKernels();
     const SIZE size = runs.TileSize();
+    const POINT shift = runs.TileShift();
     const int bytesPerPixel = source.BytesPerPixel();
-    for (int row = part.top / size.cy; row * size.cy < part.bottom; ++row) {
-        for (int column = part.left / size.cx; column * size.cx < part.right; ++column) {
+    for (int row = part.top >> shift.y; row * size.cy < part.bottom; ++row) {
+        for (int column = part.left >> shift.x; column * size.cx < part.right; ++column) {
             const POINT corner = {column * size.cx, row * size.cy};
             const RECT tile = Intersect(
                 {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy}, source.Bounds());

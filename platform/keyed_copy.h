@@ -27,8 +27,11 @@ class OpaqueRuns {
 
     /// The size of the picture.
     SIZE Size() const { return size_; }
-    /// Tiles have this size but for the last column and row, which end with the picture.
-    SIZE TileSize() const { return tile_; }
+    /// Tiles have this size, powers of two, but for the last column and row, which end with the
+    /// picture.
+    SIZE TileSize() const { return {1 << tileShift_.x, 1 << tileShift_.y}; }
+    /// The exponents of both.
+    POINT TileShift() const { return tileShift_; }
     /// The blocks of one tile, from top to bottom, placed from the tile's top left corner.
     std::span<const OpaqueBlock> Blocks(int tileColumn, int tileRow) const;
 
@@ -36,7 +39,7 @@ class OpaqueRuns {
     void AddTile(const PixelBuffer& pixels, const RECT& tile, std::uint32_t key);
 
     SIZE size_;
-    SIZE tile_ = {1, 1};
+    POINT tileShift_;
     int tileColumns_ = 0;
     std::vector<OpaqueBlock> blocks_;
     /// Index of each tile's first block, row of tiles by row of tiles, and one past the last.

@@ -20,6 +20,9 @@
 
 namespace korvane {
 
+/// What the signal watch pushes into SDL's queue.
+inline constexpr std::uint32_t kTerminateEvent = SDL_USEREVENT;
+
 /// The desktop: one SDL window whose surface takes the picture, the system's clock, and the files
 /// of the working directory.
 ///
@@ -100,7 +103,7 @@ class SdlHost final : public Host {
     SDL_DisplayMode fullScreenMode_{};
     /// Where the window was, or is to be, outside full screen; in screen pixels.
     SDL_Rect windowed_{};
-    bool isManaged_ = false;
+    bool isManaged_ = false;  ///< a window manager had framed it then
 
     SdlSound sound_;
 
@@ -111,8 +114,5 @@ class SdlHost final : public Host {
     std::array<std::uint8_t, SDL_NUM_SCANCODES> held_{};
     std::optional<SignalWatch> signals_;
 };
-
-/// What the signal watch pushes.
-inline constexpr std::uint32_t kTerminateEvent = SDL_USEREVENT;
 
 }  // namespace korvane

@@ -13,6 +13,7 @@
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
 #include "tests/support/program_fixture.h"
+#include "tests/support/shown_box.h"
 
 namespace korvane {
 namespace {
@@ -350,8 +351,10 @@ TEST_F(InputTest, ARefusedResultKeepsTheOtherOutAndTheTableAsItWas) {
 TEST_F(InputTest, WhatEndsOnADisplayErrorLeavesScoresAndKeysAsTheyWere) {
     Start();
     theHighScoreScreen->Submit(Side::Right, 5000, 1, 1);
+    const BoxAnswerer answerer({"Displaying the next frame failed. Korvane will now exit. "});
     Headless().SetDisplayState(E_FAIL);
     Frame();
+    EXPECT_EQ(answerer.Read().size(), 1u);
     EXPECT_FALSE(IsRunning());
     theHighScoreScreen.reset();  // as when the process ends
     theMenuScreen.reset();

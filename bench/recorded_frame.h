@@ -1,0 +1,102 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "platform/frame_list.h"
+#include "platform/keyed_copy.h"
+#include "platform/pixel_buffer.h"
+
+namespace korvane::bench {
+
+/// A picture of 4-byte pixels with its colour key, found once.
+struct KeyedPicture {
+    PixelBuffer pixels;
+    std::uint32_t key;
+    OpaqueRuns runs;
+
+    KeyedPicture(PixelBuffer picture, std::uint32_t keyValue)
+        : pixels(std::move(picture)), key(keyValue), runs(pixels, keyValue) {}
+};
+
+/// One drawing call of a frame: a fill, or a copy of the picture's part that begins at `from`.
+struct Operation {
+    RECT area;                              ///< in the target, within it
+    const KeyedPicture* picture = nullptr;  ///< null: a fill
+    POINT from = {};
+    bool keyed = false;
+    std::uint32_t fill = 0;
+
+    RECT Part() const { return {from.x, from.y, from.x + area.Width(), from.y + area.Height()}; }
+};
+
+/// Everything that one frame draws, in order. The pictures must outlive it.
+using RecordedFrame = std::vector<Operation>;
+
+/// One way to draw a recorded frame in full, with everything prepared that a program would prepare
+/// once.
+class FrameDrawer {
+  public:
+    virtual ~FrameDrawer() = default;
+    virtual void Draw() = 0;
+    /// Pixel of what was drawn, without the bits that are no colour.
+    virtual std::uint32_t Pixel(POINT point) const = 0;
+};
+
+/// Each operation at once by the layer's own copies.
+class DirectDrawer : public FrameDrawer {
+  public:
+    DirectDrawer(SIZE size, const RecordedFrame& frame) : frame_(frame), target_(size, 4) {}
+    void Draw() override;
+    std::uint32_t Pixel(POINT point) const override;
+
+  private:
+    const RecordedFrame& frame_;
+    PixelBuffer target_;
+};
+
+/// Through a FrameList that has lost its buffer, so that nothing is left out for being the same.
+class ListDrawer : public FrameDrawer {
+  public:
+    ListDrawer(SIZE size, const RecordedFrame& frame) : frame_(frame), target_(size, 4) {}
+    void Draw() override;
+    std::uint32_t Pixel(POINT point) const override;
+
+  private:
+    const RecordedFrame& frame_;
+    PixelBuffer target_;
+    FrameList list_;
+};
+
+/// Records a frame's operations; a picture's version is its place in memory.
+void Record(FrameList& list, const RecordedFrame& frame);
+
+/// Moves as many bytes as the frame writes and decides nothing: for each operation and each of its
+/// rows one memcpy of 4 bytes per pixel that the operation writes there (of a keyed copy only the
+/// opaque ones, as if they stood side by side), from the row's place in the picture to its place
+/// in the target. A fill is a memset, which reads nothing, in one piece where the rows adjoin. All
+/// lengths are found beforehand. This is the floor for drawing the operations one by one with
+/// library copies; it draws no picture.
+class MemcpyFloor {
+  public:
+    MemcpyFloor(SIZE size, const RecordedFrame& frame);
+    void Draw();
+    /// Bytes that one frame writes.
+    std::size_t BytesWritten() const { return bytesWritten_; }
+
+  private:
+    struct Move {
+        std::byte* to;
+        const std::byte* from;  ///< null: memset
+        std::size_t bytes;
+    };
+
+    void AddRow(const Operation& operation, int y, std::size_t bytes);
+
+    PixelBuffer target_;
+    std::vector<Move> moves_;
+    std::size_t bytesWritten_ = 0;
+};
+
+}  // namespace korvane::bench
