@@ -1,4 +1,5 @@
 // The objects that the rules read and the program defines elsewhere, without the program.
+#include "tests/support/globals_for_rules.h"
 #include "app/settings.h"
 #include "game/level_sound.h"
 #include "game/level_table.h"
@@ -8,6 +9,10 @@ namespace korvane {
 Settings theSettings;
 LevelTable theLevelTable;
 
-void PlayLevelSound() {}
+int levelSoundsPlayed = 0;
+
+void PlayLevelSound() {
+    ++levelSoundsPlayed;
+}
 
 }  // namespace korvane
