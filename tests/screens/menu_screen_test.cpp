@@ -7,8 +7,10 @@
 #include "app/process_state.h"
 #include "app/settings.h"
 #include "game/key_bindings.h"
+#include "platform/headless/headless_host.h"
 #include "tests/support/flat_skin.h"
 #include "tests/support/program_fixture.h"
+#include "tests/support/shown_box.h"
 
 namespace korvane {
 namespace {
@@ -106,6 +108,8 @@ TEST_F(MenuScreenTest, WhatOnePlayerDoesNotNeedIsOutOfUse) {
 }
 
 TEST_F(MenuScreenTest, MusicAndSoundEffectsAreOutOfUseWithoutAudio) {
+    Headless().RefuseSound(true);
+    const BoxAnswerer boxes({"Can't initialize digital sound system\n(error code: 3)"});
     Start();
     EXPECT_EQ(theMenuScreen->Click(160, 270), kMenuNothing);
     EXPECT_EQ(theMenuScreen->Click(160, 310), kMenuNothing);
