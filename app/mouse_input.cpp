@@ -82,7 +82,8 @@ void ToggleKeyConfig(HWND) {
     theMenuScreen->ToggleKeyConfigView();
 }
 
-/// From the high scores to the menu; only the players of the last match are reset.
+/// From the high scores to the menu. The number of players is then what the menu's buttons say; of
+/// two only the left one is reset, the right one's counts stay.
 void LeaveHighScores(HWND) {
     ShowMenu();
     if (theSettings.players != 2) rightPlayer->ResetPlayer();

@@ -24,7 +24,8 @@ extern bool audioReady;
 /// The keys F5 and F9 turn the next figure into a bar.
 extern bool nextFigureCheat;
 
-/// The code of the click that waits for its pressed button to have been seen; -1 for none.
+/// What the last press hit, -1 for nothing; the timer that lets a pressed button be seen acts on
+/// it.
 extern std::int32_t pendingClick;
 
 // The game clock.

@@ -23,8 +23,7 @@ namespace {
 constexpr std::int32_t kFramePauseMs = 10;
 
 HRESULT InitDisplay(HWND window) {
-    const HRESULT result = SwitchDisplayMode(window, theSettings.windowed);
-    return Failed(result) ? result : S_OK;
+    return SwitchDisplayMode(window, theSettings.windowed);
 }
 
 void ChooseGameClock() {

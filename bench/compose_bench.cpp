@@ -1,11 +1,14 @@
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "bench/contest.h"
+#include "bench/game_match.h"
 #include "bench/recorded_frame.h"
 #include "bench/sample_frame.h"
 #include "bench/sdl_drawer.h"
@@ -83,6 +86,51 @@ void DrawChangedFrame(benchmark::State& state, const RecordedFrame& one, const R
     state.counters["of_full"] = contest.Median(0) / contest.Median(1);
 }
 
+/// Consecutive frames of a real match, as the program composes them: each from its list, only where
+/// it differs from the one before. Beside it SDL and the memcpy floor, which draw every frame in
+/// full. Columns: our time as multiples of theirs.
+void DrawMatch(benchmark::State& state, GameMatch& match) {
+    constexpr std::size_t kFrames = 32;
+    std::vector<RecordedFrame> frames;
+    for (std::size_t i = 0; i < kFrames; ++i) {
+        match.Advance();
+        frames.push_back(match.Capture());
+    }
+    std::vector<std::unique_ptr<SdlDrawer>> sdl;
+    std::vector<std::unique_ptr<MemcpyFloor>> floors;
+    for (const RecordedFrame& frame : frames) {
+        sdl.push_back(std::make_unique<SdlDrawer>(kScreenSize, frame, SdlKey::RunLength));
+        floors.push_back(std::make_unique<MemcpyFloor>(kScreenSize, frame));
+    }
+    FrameList list;
+    PixelBuffer target(kScreenSize, 4);
+    std::array<std::size_t, 3> next{};
+
+    Contest contest;
+    contest.Enter([&] {
+        Record(list, frames[next[0]++ % kFrames]);
+        benchmark::DoNotOptimize(list.Compose(target).data());
+    });
+    contest.Enter([&] { sdl[next[1]++ % kFrames]->Draw(); });
+    contest.Enter([&] { floors[next[2]++ % kFrames]->Draw(); });
+    for (auto _ : state) {
+        contest.Round();
+        state.SetIterationTime(contest.Last(0));
+    }
+    state.counters["us_ours"] = contest.Median(0) * 1e6;
+    state.counters["us_sdl_runs"] = contest.Median(1) * 1e6;
+    state.counters["us_memcpy"] = contest.Median(2) * 1e6;
+    state.counters["ours/sdl_runs"] = contest.Median(0) / contest.Median(1);
+    state.counters["ours/memcpy"] = contest.Median(0) / contest.Median(2);
+}
+
+/// The rules of a match of two random players, without drawing.
+void AdvanceMatch(benchmark::State& state, GameMatch& match) {
+    for (auto _ : state)
+        match.Advance();
+    state.SetItemsProcessed(state.iterations());
+}
+
 /// The frames that all measurements draw, kept while the program runs.
 struct Samples {
     SampleSkin wholeSkin{{320, 372}};
@@ -100,9 +148,15 @@ void Register(const std::string& name, const std::function<void(benchmark::State
         ->MinTime(0.05);
 }
 
-void RegisterAll(const Samples& samples) {
+void RegisterAll(const Samples& samples, GameMatch& match) {
+    static const RecordedFrame game = match.Capture();
+    benchmark::RegisterBenchmark("Rules/AdvanceGame",
+                                 [&](benchmark::State& state) { AdvanceMatch(state, match); });
+    Register("MatchFrames", [&](benchmark::State& state) { DrawMatch(state, match); });
     for (const CopyKernels& kernels : AvailableCopyKernels()) {
         const std::string set = std::string("/") + kernels.name;
+        Register("FullFrame/game" + set,
+                 [&](benchmark::State& state) { DrawFullFrame(state, kernels, game); });
         Register("FullFrame/background320x372" + set,
                  [&](benchmark::State& state) { DrawFullFrame(state, kernels, samples.whole); });
         Register("FullFrame/background64x64" + set,
@@ -124,7 +178,8 @@ void RegisterAll(const Samples& samples) {
 
 int main(int argc, char** argv) {
     const korvane::bench::Samples samples;
-    korvane::bench::RegisterAll(samples);
+    korvane::bench::GameMatch match;
+    korvane::bench::RegisterAll(samples, match);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
     benchmark::RunSpecifiedBenchmarks();

@@ -44,7 +44,6 @@ class GameArt {
 
     /// Only after Load.
     const Surface& Picture(Art art) const { return *pictures_[static_cast<std::size_t>(art)]; }
-    bool IsLoaded() const { return loaded_; }
     /// Null before LoadLevelSound.
     SoundEffect* LevelSound() const { return levelSound_.get(); }
 

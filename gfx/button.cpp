@@ -21,8 +21,7 @@ Button::Button(const Surface& sharedPicture, std::int32_t x, std::int32_t y)
 
 void Button::Draw() const {
     const Surface* look = enabled_ ? picture_ : disabledPicture_.get();
-    // A frame width of 0 would ask for the whole picture.
-    if (!look || FrameWidth() < 1) return;
+    if (!look) return;
     look->Draw(static_cast<std::uint32_t>(x_), static_cast<std::uint32_t>(y_),
                selected_ ? FrameWidth() : 0, 0, FrameWidth(), FrameHeight(), DDBLTFAST_SRCCOLORKEY);
 }

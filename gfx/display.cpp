@@ -19,7 +19,8 @@ void ShapeWindow(HWND window, std::int32_t width, std::int32_t height) {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-/// Moves a window whose top left corner is hidden to where it shows; right and bottom may be.
+/// Moves a window whose top left corner lies outside the work area to its edge; what the window
+/// loses at the right and below does not matter.
 void KeepCornerInWorkArea(HWND window) {
     RECT workArea;
     if (!SystemParametersInfoA(SPI_GETWORKAREA, workArea)) return;

@@ -69,7 +69,9 @@ std::optional<Header> ReadHeader(std::span<const std::byte> file) {
 
     header.rowBytes = (static_cast<std::size_t>(width) * header.bits + 31) / 32 * 4;
     header.pixelOffset = Long(file, 10);
-    if (header.pixelOffset > file.size()) return std::nullopt;
+    if (header.pixelOffset < kFileHeaderSize + infoSize || header.pixelOffset > file.size())
+        return std::nullopt;
+    if (width * rows * 4 > kMaxDecodedBytes) return std::nullopt;
     if (header.rowBytes * static_cast<std::size_t>(rows) > file.size() - header.pixelOffset)
         return std::nullopt;
 

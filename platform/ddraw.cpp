@@ -58,7 +58,6 @@ HRESULT DirectDraw::SetCooperativeLevel(HWND window, std::uint32_t flags) {
     const bool exclusive = flags == (DDSCL_EXCLUSIVE | DDSCL_FULLSCREEN);
     if (!exclusive && flags != DDSCL_NORMAL) return E_INVALIDARG;
     if (exclusive && !window) return E_INVALIDARG;
-    share_->window = window;
     level_ = flags;
     if (!exclusive) LeaveFullScreen();
     return S_OK;

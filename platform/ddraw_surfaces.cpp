@@ -1,6 +1,7 @@
 #include "platform/ddraw_surfaces.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "platform/shown_picture.h"
 
@@ -27,11 +28,19 @@ class SurfaceContext final : public DeviceContext {
     SIZE Size() const override { return pixels_.Size(); }
 
     void ReadRow(int y, std::span<std::uint32_t> colours) const override {
+        if (format_.bits == 32) {
+            std::memcpy(colours.data(), pixels_.Row(y), colours.size_bytes());
+            return;
+        }
         for (int x = 0; x < static_cast<int>(colours.size()); ++x)
             colours[static_cast<std::size_t>(x)] = UnpackPixel(format_, pixels_.Pixel({x, y}));
     }
 
     void WriteRow(int y, std::span<const std::uint32_t> colours) override {
+        if (format_.bits == 32) {
+            std::memcpy(pixels_.Row(y), colours.data(), colours.size_bytes());
+            return;
+        }
         for (int x = 0; x < static_cast<int>(colours.size()); ++x)
             pixels_.SetPixel({x, y}, PackPixel(format_, colours[static_cast<std::size_t>(x)]));
     }
@@ -144,7 +153,7 @@ HRESULT PictureSurface::GetSurfaceDesc(DDSURFACEDESC2& description) {
 }
 
 HRESULT PictureSurface::Lock(DDSURFACEDESC2& description, std::uint32_t /*flags*/) {
-    if (locked_ || context_) return E_FAIL;
+    if (IsOpenForDrawing()) return E_FAIL;
     const HRESULT result = Describe(pixels_, description);
     if (Failed(result)) return result;
     BeforeChange();
@@ -162,7 +171,7 @@ HRESULT PictureSurface::Unlock() {
 }
 
 HRESULT PictureSurface::GetDC(HDC& context) {
-    if (locked_ || context_) return E_FAIL;
+    if (IsOpenForDrawing()) return E_FAIL;
     BeforeChange();
     context_ = std::make_unique<SurfaceContext>(pixels_, format_);
     context = context_.get();
@@ -213,7 +222,7 @@ HRESULT BackSurface::BltFast(std::uint32_t x, std::uint32_t y, IDirectDrawSurfac
     if (lost_) return DDERR_SURFACELOST;
     auto* base = static_cast<SurfaceBase*>(source);
     PictureSurface* picture = base ? base->AsPicture() : nullptr;
-    if (!picture) return E_INVALIDARG;
+    if (!picture || picture->IsOpenForDrawing()) return E_INVALIDARG;
     const auto width = static_cast<std::uint32_t>(pixels_.Size().cx);
     const auto height = static_cast<std::uint32_t>(pixels_.Size().cy);
     // Compared without adding to x and y, which come unsigned and may be huge.

@@ -18,7 +18,6 @@ class SurfaceBase;
 
 /// What the surfaces of one display object share. It lives as long as any of them.
 struct DisplayShare {
-    HWND window = nullptr;
     bool fullScreen = false;
     PixelFormat format;                  ///< of every surface made from now on
     std::vector<SurfaceBase*> surfaces;  ///< all that live
@@ -38,7 +37,6 @@ class SurfaceBase : public IDirectDrawSurface7 {
 
     virtual PictureSurface* AsPicture() { return nullptr; }
     virtual BackSurface* AsBack() { return nullptr; }
-    bool IsLost() const { return lost_; }
     void Lose() { lost_ = true; }
 
     void AddRef() override { ++references_; }
@@ -78,6 +76,8 @@ class PictureSurface final : public SurfaceBase {
 
     PictureSurface* AsPicture() override { return this; }
     SIZE Size() const { return pixels_.Size(); }
+    /// While it is open its pixels may change at any moment.
+    bool IsOpenForDrawing() const { return locked_ || context_; }
     /// What a copy takes: the pixels, and with `keyed` the opaque runs if a key is set.
     PictureSource Source(bool keyed);
 
@@ -113,6 +113,7 @@ class BackSurface final : public SurfaceBase {
     /// Nothing is sent when nothing changed.
     HRESULT Show(const RECT& target);
     void FlushDrawing() { frame_.Flush(pixels_); }
+    const FrameList& Frame() const { return frame_; }
 
     HRESULT Blt(const RECT* destination, IDirectDrawSurface7* source, const RECT* sourceArea,
                 std::uint32_t flags, const DDBLTFX* effects) override;

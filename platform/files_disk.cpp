@@ -90,12 +90,21 @@ bool MayWrite(const Place& place) {
     return faccessat(place.folder.Number(), place.name.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
+void LockForAWhile(int folder) {
+    constexpr int kTries = 50;
+    constexpr timespec kPause = {0, 10'000'000};
+    for (int i = 0; i < kTries && flock(folder, LOCK_EX | LOCK_NB) != 0; ++i) {
+        if (errno != EWOULDBLOCK && errno != EINTR) return;
+        nanosleep(&kPause, nullptr);
+    }
+}
+
 bool ReplaceAt(const Place& place, std::span<const std::byte> bytes) {
     const Descriptor folder(openat(place.folder.Number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     // Another instance of the program that saves the same file at this moment uses the same
-    // temporary name; the lock makes it wait, and ends with its holder. A file system without
-    // locks does without.
-    if (folder) flock(folder.Number(), LOCK_EX);
+    // temporary name; the lock makes it wait, but not for ever: a stopped program must not keep
+    // this one from ending. A file system without locks does without.
+    if (folder) LockForAWhile(folder.Number());
 
     const std::optional<struct stat> old = StatusOf(place);
     if (!old && errno != ENOENT) return false;
@@ -103,7 +112,8 @@ bool ReplaceAt(const Place& place, std::span<const std::byte> bytes) {
 
     TemporaryFile file(place);
     if (!file || !WriteAll(file.Number(), bytes)) return false;
-    if (old && fchmod(file.Number(), old->st_mode & 0777) != 0) return false;
+    // Some file systems know no permissions; the bytes matter more.
+    if (old) static_cast<void>(fchmod(file.Number(), old->st_mode & 0777));
     if (fsync(file.Number()) != 0 || !file.PutInPlace()) return false;
     // From here on the new bytes stand; the name reaching the disk early only saves them from a
     // power cut, so a folder that cannot be flushed is no failure.

@@ -102,6 +102,17 @@ bool FrameList::Needs(const PixelBuffer& pixels) const {
                        [&](const Operation& operation) { return operation.pixels == &pixels; });
 }
 
+std::vector<FrameList::Recorded> FrameList::RecordedOperations() const {
+    std::vector<Recorded> recorded;
+    recorded.reserve(frame_.size());
+    for (const Operation& operation : frame_) {
+        const Effect& effect = operation.effect;
+        recorded.push_back({effect.area, operation.pixels, operation.runs, effect.from,
+                            static_cast<std::uint32_t>(effect.contents)});
+    }
+    return recorded;
+}
+
 void FrameList::Invalidate() {
     // Their sources may be gone, so they cannot be drawn again: the rest of the frame builds on
     // whatever the buffer holds.

@@ -55,6 +55,17 @@ class FrameList {
     /// True when a recorded copy that was not yet carried out takes its pixels from the buffer.
     bool Needs(const PixelBuffer& pixels) const;
 
+    /// One operation as it was recorded.
+    struct Recorded {
+        RECT area;                  ///< in the target
+        const PixelBuffer* pixels;  ///< null: a fill with `value`
+        const OpaqueRuns* runs;     ///< null: not keyed
+        POINT from;                 ///< the source's pixel that goes to the area's corner
+        std::uint32_t value;
+    };
+    /// What was recorded since the last Compose, for measurements.
+    std::vector<Recorded> RecordedOperations() const;
+
     /// The contents of the target are not what Compose and Flush left. What was flushed in this
     /// frame is gone with them. Every Compose reports the whole target until a frame that begins
     /// by filling it.

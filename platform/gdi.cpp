@@ -88,15 +88,18 @@ bool StretchBlt(HDC destination, const RECT& destinationArea, HDC source, const 
         return false;
     std::vector<std::uint32_t> sourceRow(static_cast<std::size_t>(sourceArea.right));
     std::vector<std::uint32_t> row(static_cast<std::size_t>(destinationArea.right));
+    // Found once: a division for every pixel would be most of the work.
+    std::vector<std::size_t> columns(static_cast<std::size_t>(destinationArea.Width()));
+    for (std::size_t x = 0; x < columns.size(); ++x)
+        columns[x] = static_cast<std::size_t>(sourceArea.left) +
+                     x * static_cast<std::size_t>(sourceArea.Width()) / columns.size();
     for (int y = 0; y < destinationArea.Height(); ++y) {
         const int from = sourceArea.top + y * sourceArea.Height() / destinationArea.Height();
         source->ReadRow(from, sourceRow);
         if (destinationArea.left > 0) destination->ReadRow(destinationArea.top + y, row);
-        for (int x = 0; x < destinationArea.Width(); ++x) {
-            const int column = sourceArea.left + x * sourceArea.Width() / destinationArea.Width();
-            row[static_cast<std::size_t>(destinationArea.left + x)] =
-                sourceRow[static_cast<std::size_t>(column)];
-        }
+        std::uint32_t* to = row.data() + destinationArea.left;
+        for (const std::size_t column : columns)
+            *to++ = sourceRow[column];
         destination->WriteRow(destinationArea.top + y, row);
     }
     return true;

@@ -74,7 +74,9 @@ void OnHostEvent(Window& window, const HostEvent& event) {
             window.minimized = false;
             return OnResized(window);
         case HostEventType::Resized:
-            return OnResized(window);
+            // A size that comes late must not wake a window that is gone from the screen.
+            if (!window.minimized) OnResized(window);
+            return;
         case HostEventType::Moved:
             return OnMoved(window);
         case HostEventType::CloseRequested:

@@ -60,8 +60,9 @@ struct MenuPopup {
 struct Menu {
     explicit Menu(MENUTEMPLATE source);
 
-    /// The first item of this command, and the popup that it stands in; null for none.
+    /// The first item of this command; null for none.
     MenuItem* Find(std::uint16_t command);
+    /// The popup that it stands in; popups.size() for none.
     std::size_t PopupOf(std::uint16_t command) const;
 
     std::vector<MenuPopup> popups;

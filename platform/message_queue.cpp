@@ -66,8 +66,9 @@ bool GetMessage(MSG& message) {
 }
 
 void WaitMessage() {
+    // What the host holds is not taken here: it could be the very thing that is waited for.
     MSG waiting;
-    if (!PeekMessage(waiting, PM_NOREMOVE)) TheHost().WaitForEvent(TimeToNextTimer());
+    if (!FindMessage(waiting, PM_NOREMOVE)) TheHost().WaitForEvent(TimeToNextTimer());
 }
 
 LRESULT DispatchMessage(const MSG& message) {

@@ -1,5 +1,6 @@
 #include "platform/pixel_format.h"
 
+#include <algorithm>
 #include <array>
 
 namespace korvane {
@@ -47,15 +48,21 @@ unsigned SquaredDistance(std::uint32_t a, std::uint32_t b) {
     return square(Red(a), Red(b)) + square(Green(a), Green(b)) + square(Blue(a), Blue(b));
 }
 
+/// The nearest entry of the cube and the greys on both sides of the colour's mean; of equals the
+/// first.
 std::uint32_t NearestInPalette(std::uint32_t rgb) {
     const auto step = [](unsigned level) { return (level + kCubeStep / 2) / kCubeStep; };
     const unsigned cube =
         (step(Red(rgb)) * kCubeSide + step(Green(rgb))) * kCubeSide + step(Blue(rgb));
     const unsigned mean = (Red(rgb) + Green(rgb) + Blue(rgb)) / 3;
-    const unsigned ramp = mean * (kGreys + 1) / 255;
-    const unsigned grey = kCubeSize + (ramp == 0 ? 0 : ramp > kGreys ? kGreys - 1 : ramp - 1);
-    return SquaredDistance(rgb, kPalette[grey]) < SquaredDistance(rgb, kPalette[cube]) ? grey
-                                                                                       : cube;
+    const unsigned ramp = std::min(mean * (kGreys + 1) / 255, kGreys - 1);
+    unsigned nearest = cube;
+    for (unsigned i = ramp > 0 ? ramp - 1 : 0; i <= std::min(ramp + 1, kGreys - 1); ++i) {
+        const unsigned grey = kCubeSize + i;
+        if (SquaredDistance(rgb, kPalette[grey]) < SquaredDistance(rgb, kPalette[nearest]))
+            nearest = grey;
+    }
+    return nearest;
 }
 
 }  // namespace

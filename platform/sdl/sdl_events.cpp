@@ -134,7 +134,8 @@ void SdlHost::OnKey(const SDL_KeyboardEvent& event) {
 }
 
 void SdlHost::PushMouse(HostEventType type, int x, int y, int amount) {
-    const Placement placement = CurrentPlacement();
+    // In a window the picture is kept in screen pixels already, while points count layer pixels.
+    const Placement placement = fullScreen_ ? CurrentPlacement() : Placement{scale_, {0, 0}};
     pending_.push_back({.type = type,
                         .modifiers = ModifiersOf(static_cast<unsigned>(SDL_GetModState())),
                         .x = FloorDivide(x - placement.origin.x, placement.scale),

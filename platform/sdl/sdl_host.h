@@ -87,7 +87,6 @@ class SdlHost final : public Host {
     void Translate(const SDL_Event& event);
     void OnWindowEvent(const SDL_WindowEvent& event);
     void OnKey(const SDL_KeyboardEvent& event);
-    void OnWheel(const SDL_MouseWheelEvent& event);
     void PushMouse(HostEventType type, int x, int y, int amount = 0);
     void Push(HostEventType type) { pending_.push_back({.type = type}); }
     void ReadKeyboardLayout();

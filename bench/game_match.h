@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <random>
+
+#include "bench/recorded_frame.h"
+#include "platform/user.h"
+
+namespace korvane::bench {
+
+/// A match of two players who press random keys, on the headless machine with the Original skin of
+/// the working directory. There can be one at a time.
+class GameMatch {
+  public:
+    /// Both boards have been played on for half a minute.
+    GameMatch();
+    ~GameMatch();
+    GameMatch(const GameMatch&) = delete;
+    GameMatch& operator=(const GameMatch&) = delete;
+
+    /// One frame of the rules, 10 ms after the last; a finished game starts anew.
+    void Advance();
+    /// What the game draws for the present frame. The pictures live as long as the match.
+    RecordedFrame Capture();
+
+  private:
+    const KeyedPicture& PictureOf(const PixelBuffer& pixels);
+
+    HWND window_ = nullptr;
+    std::mt19937 random_{1};
+    std::map<const PixelBuffer*, std::unique_ptr<KeyedPicture>> pictures_;
+};
+
+}  // namespace korvane::bench
