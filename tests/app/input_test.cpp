@@ -21,6 +21,7 @@ namespace {
 constexpr POINT kStartButton{160, 410};
 constexpr POINT kQuitButton{285, 410};
 constexpr POINT kAboutButton{160, 350};
+constexpr POINT kKeysButton{160, 230};
 constexpr POINT kNowhere{60, 470};
 constexpr POINT kMenuButton{215, 445};
 constexpr POINT kPlayButton{335, 445};
@@ -28,6 +29,11 @@ constexpr POINT kPlayButton{335, 445};
 class InputTest : public ProgramFixture {
   protected:
     void ClickAt(POINT point) { Click(point.x, point.y); }
+
+    void ShowScores() {
+        Command(kCmdHighScores);
+        Frame();
+    }
 
     static bool GameShows() { return !menuShowing && !highScoresShowing; }
 
@@ -80,6 +86,85 @@ TEST_F(InputTest, ALaterPressReplacesTheOneThatWaits) {
     }
 }
 
+TEST_F(InputTest, QuitEndsTheProgramAfterItsLook) {
+    Start();
+    ClickAt(kQuitButton);
+    Run(150);
+    EXPECT_TRUE(IsRunning());
+    Run(100);
+    EXPECT_FALSE(IsRunning());
+    EXPECT_EQ(theMenuScreen, nullptr);
+    EXPECT_EQ(currentDisplay, nullptr);
+}
+
+TEST_F(InputTest, QuitCanBeCalledOff) {
+    Start();
+    ClickAt(kQuitButton);
+    ClickAt(kNowhere);
+    Run(1000);
+    EXPECT_TRUE(IsRunning());
+}
+
+TEST_F(InputTest, ViewsOpenAndCloseWithTheirButtons) {
+    Start();
+    ClickAt(kKeysButton);
+    Run(kPressedLookPassed);
+    EXPECT_TRUE(theMenuScreen->IsKeyConfigView());
+    Click(190, 450);
+    Run(kPressedLookPassed);
+    EXPECT_FALSE(theMenuScreen->IsKeyConfigView());
+    ClickAt(kAboutButton);
+    Run(kPressedLookPassed);
+    EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::About));
+    Click(280, 445);
+    Run(kPressedLookPassed);
+    Frame();
+    EXPECT_EQ(Seen(kAboutButton.x, kAboutButton.y), "menu/aboutbutt 0");
+}
+
+TEST_F(InputTest, AnyOtherNumberOfPlayersStartsNothing) {
+    theSettings.players = 3;
+    Start();
+    ClickAt(kStartButton);
+    Run(kPressedLookPassed);
+    EXPECT_TRUE(menuShowing);
+    EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::Start)) << "it is let go all the same";
+}
+
+TEST_F(InputTest, TheHighScoresLeadToTheMenuAndToAnotherGame) {
+    theSettings.players = 2;
+    Start();
+    ShowScores();
+    ClickAt(kPlayButton);
+    Frame();
+    EXPECT_EQ(Seen(kPlayButton.x, kPlayButton.y), "HighScore/playButt 1");
+    Run(kPressedLookPassed);
+    EXPECT_TRUE(GameShows() && rightPlayer->IsRunning() && leftPlayer->IsRunning());
+    Command(kCmdGotoMenu);
+    ShowScores();
+    EXPECT_EQ(Seen(kPlayButton.x, kPlayButton.y), "HighScore/playButt 0");
+    ClickAt(kMenuButton);
+    Run(kPressedLookPassed);
+    EXPECT_TRUE(menuShowing);
+    EXPECT_FALSE(highScoresShowing);
+}
+
+TEST_F(InputTest, LeavingTheHighScoresResetsThePlayersOfTheMatch) {
+    for (const int players : {1, 2}) {
+        theSettings.players = static_cast<std::uint8_t>(players);
+        Start();
+        rightPlayer->DeclareWinner();
+        leftPlayer->DeclareWinner();
+        ShowScores();
+        ClickAt(kMenuButton);
+        Run(kPressedLookPassed);
+        EXPECT_EQ(rightPlayer->Wins(), players == 1 ? 0 : 1);
+        EXPECT_EQ(leftPlayer->Wins(), players == 1 ? 1 : 0);
+        End();
+        menuShowing = true;
+    }
+}
+
 TEST_F(InputTest, DuringAGamePressesDoNothing) {
     Start();
     Command(kCmdRightRestart);
@@ -114,6 +199,15 @@ TEST_F(InputTest, InFullScreenPressesCountFromInsideTheFrame) {
     EXPECT_EQ(pendingClick, kMenuNothing);
 }
 
+TEST_F(InputTest, OtherTimersAreNobodys) {
+    Start();
+    ClickAt(kStartButton);
+    SendMessage(mainWindow, WM_TIMER, 4, 0);
+    EXPECT_TRUE(menuShowing);
+    SendMessage(mainWindow, WM_TIMER, 3, 0);
+    EXPECT_TRUE(GameShows());
+}
+
 // Keys. ------------------------------------------------------------------------------------------
 
 TEST_F(InputTest, APauseKeyIsItsOwnersButInBattleBoths) {
@@ -133,6 +227,58 @@ TEST_F(InputTest, APauseKeyIsItsOwnersButInBattleBoths) {
         End();
         menuShowing = true;
     }
+}
+
+TEST_F(InputTest, AKeyThatPausesBothIsTheLeftPlayersFirst) {
+    Start();
+    keyBindings.Key(Action::Pause, Side::Left) = 'P';
+    Command(kCmdNewGame);
+    Press('P');
+    EXPECT_TRUE(leftPlayer->IsPaused());
+    EXPECT_FALSE(rightPlayer->IsPaused());
+}
+
+TEST_F(InputTest, HomeIsACheatExceptInTheKeyConfiguration) {
+    Start();
+    Press(VK_HOME);
+    EXPECT_TRUE(nextFigureCheat);
+    ShowScores();
+    Press(VK_HOME);
+    EXPECT_FALSE(nextFigureCheat);
+    Command(kCmdHighScores);
+    Command(kCmdRightRestart);
+    Press(VK_HOME);
+    EXPECT_TRUE(nextFigureCheat);
+    theMenuScreen->ToggleKeyConfigView();
+    Press(VK_HOME);
+    EXPECT_TRUE(nextFigureCheat);
+}
+
+TEST_F(InputTest, ASlotThatWaitsTakesKeysDuringAGameToo) {
+    Start();
+    theMenuScreen->ToggleKeyConfigView();
+    Click(340, 110);
+    Press(VK_F3);
+    ASSERT_TRUE(GameShows());
+    Press('P');
+    EXPECT_TRUE(rightPlayer->IsPaused()) << "a pause key goes no further";
+    EXPECT_FALSE(theMenuScreen->IsEnabled(MenuButton::Reset));
+    Press('J');
+    EXPECT_EQ(keyBindings.Key(Action::Rotate, Side::Right), 'J');
+    EXPECT_TRUE(theMenuScreen->IsEnabled(MenuButton::Reset));
+}
+
+TEST_F(InputTest, ActivationAndDeactivationPauseGames) {
+    Start();
+    Command(kCmdNewGame);
+    Press('P');
+    Headless().Push({.type = HostEventType::Deactivated});
+    Headless().WhenWaiting([] { Headless().Push({.type = HostEventType::Activated}); });
+    Run(100);
+    EXPECT_TRUE(rightPlayer->IsPaused() && leftPlayer->IsPaused());
+    EXPECT_TRUE(appActive);
+    Press('T');
+    EXPECT_FALSE(leftPlayer->IsPaused());
 }
 
 // The end of a match. ----------------------------------------------------------------------------
@@ -163,6 +309,43 @@ TEST_F(InputTest, AGoodResultIsNamedAndKept) {
     ASSERT_EQ(file.size(), 260U);
     EXPECT_EQ(file[0], std::byte{'W'});
     EXPECT_EQ(file[22], static_cast<std::byte>(score));
+}
+
+TEST_F(InputTest, OfTwoGoodResultsTheBetterIsNamedFirst) {
+    WriteLowScores();
+    Start();
+    Command(kCmdNewGame);
+    EndGame(*leftPlayer, 1);
+    EndGame(*rightPlayer, 5);
+    ASSERT_GT(rightPlayer->Score(), leftPlayer->Score());
+    Frame();
+    Frame();
+    EXPECT_TRUE(rightPlayer->HighScoreEntered());
+    EXPECT_FALSE(leftPlayer->HighScoreEntered());
+    Press('R');
+    Press(VK_RETURN);
+    Frame();
+    EXPECT_FALSE(rightPlayer->HighScoreEntered());
+    ASSERT_TRUE(leftPlayer->HighScoreEntered());
+    Press('L');
+    Press(VK_RETURN);
+    Frame();
+    EXPECT_EQ(TopName(), "R");
+    EXPECT_EQ(theHighScoreScreen->Table().Row(1).Name().front(), 'L');
+    EXPECT_EQ(theHighScoreScreen->Table().Row(2).score, 0);
+}
+
+TEST_F(InputTest, ARefusedResultKeepsTheOtherOutAndTheTableAsItWas) {
+    Start();
+    Command(kCmdNewGame);
+    EndGame(*leftPlayer, 1);
+    EndGame(*rightPlayer, 2);
+    Run(100);
+    EXPECT_TRUE(highScoresShowing);
+    EXPECT_FALSE(rightPlayer->HighScoreEntered() || leftPlayer->HighScoreEntered());
+    EXPECT_EQ(theHighScoreScreen->Table().Row(9).score, 100);
+    ClickAt(kMenuButton);
+    EXPECT_EQ(pendingClick, kHighScoreToMenu) << "nobody types a name";
 }
 
 TEST_F(InputTest, WhatEndsOnADisplayErrorLeavesScoresAndKeysAsTheyWere) {

@@ -191,5 +191,57 @@ TEST_F(StartUpTest, AChangedDisplayIsOpenedAnewWithAllPictures) {
     End();
 }
 
+TEST_F(StartUpTest, AnyOtherDisplayFailureIsFatalAndTold) {
+    ASSERT_TRUE(StartUp());
+    Passes(10);
+    Headless().SetDisplayState(E_FAIL);
+    const std::vector<std::string> told = {
+        "Displaying the next frame failed. Korvane will now exit. "};
+    const BoxAnswerer boxes(told);
+    EXPECT_EQ(Passes(5), 0);
+    EXPECT_EQ(boxes.Read(), told);
+    DestroyWindow(mainWindow);
+}
+
+TEST_F(StartUpTest, FramesAreTenMillisecondsApartAndStopWhileMinimised) {
+    ASSERT_TRUE(StartUp());
+    Passes(10);
+    const std::uint32_t start = Headless().Milliseconds();
+    Passes(100);
+    EXPECT_EQ(Headless().Milliseconds() - start, 1000u);
+
+    Headless().Push({.type = HostEventType::Minimized});
+    int waits = 0;
+    Headless().WhenWaiting([&] {
+        ++waits;
+        Headless().Push({.type = HostEventType::Restored});
+    });
+    Passes(1);
+    EXPECT_EQ(waits, 1);
+    Passes(5);
+    EXPECT_TRUE(appActive);
+    EXPECT_EQ(waits, 1);
+    End();
+}
+
+TEST_F(StartUpTest, FullScreenComesAndGoesWithTheSamePicture) {
+    WriteTestSkin(folder, "Original");
+    ASSERT_TRUE(StartUp());
+    Tap(VK_F3);
+    for (const std::uint32_t depth : {8u, 16u, 32u}) {
+        theSettings.fullscreenBpp = depth;
+        Headless().PushKey(VK_RETURN, true, kModAlt);
+        Passes(6);
+        EXPECT_TRUE(Headless().IsFullScreen());
+        EXPECT_FALSE(theSettings.windowed);
+        EXPECT_NE(Headless().PixelAt(336, 200), 0u) << depth;
+        Headless().PushKey(VK_RETURN, true, kModAlt);
+        Passes(6);
+        EXPECT_FALSE(Headless().IsFullScreen());
+        EXPECT_EQ(Headless().PixelAt(336, 200 + GetSystemMetrics(SM_CYMENU)), 0x5B6B8Cu);
+    }
+    End();
+}
+
 }  // namespace
 }  // namespace korvane
