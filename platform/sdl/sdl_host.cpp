@@ -11,6 +11,8 @@
 #include <string_view>
 #include <thread>
 
+#include "platform/sdl/heap.h"
+
 namespace korvane {
 namespace {
 
@@ -68,7 +70,9 @@ Host& TheHost() {
     return host;
 }
 
-SdlHost::SdlHost() : files_(OpenDiskFiles("")), keys_(LayoutSymbols{}) {}
+SdlHost::SdlHost() : files_(OpenDiskFiles("")), keys_(LayoutSymbols{}) {
+    PrepareHeap();
+}
 
 SdlHost::~SdlHost() {
     signals_.reset();  // its thread talks to SDL
