@@ -8,6 +8,7 @@
 #include "app/main_window.h"
 #include "app/process_state.h"
 #include "app/settings.h"
+#include "audio/music_player.h"
 #include "game/game_frame.h"
 #include "gfx/display.h"
 #include "res/commands.h"
@@ -33,6 +34,7 @@ void ChooseOnePlayer(HWND) {
 }
 
 void NewGame(HWND window) {
+    theMusic.SetScreen(MusicScreen::Game);
     ChooseTwoPlayers(window);
     StartPlayers(Starters::Both);
 }
@@ -41,12 +43,15 @@ void NewGame(HWND window) {
 /// goes back to the number of players that they show.
 void RestartLeft(HWND) {
     if (theSettings.battle) return;
+    theMusic.SetScreen(MusicScreen::Game);
     theSettings.players = 2;
     StartPlayers(Starters::Left);
 }
 
 void RestartRight(HWND) {
-    if (!theSettings.battle) StartPlayers(Starters::Right);
+    if (theSettings.battle) return;
+    theMusic.SetScreen(MusicScreen::Game);
+    StartPlayers(Starters::Right);
 }
 
 void GotoMenu(HWND) {
@@ -59,6 +64,7 @@ void ToggleHighScores(HWND) {
     if (!menuShowing && !highScoresShowing) return;
     Flip(menuShowing);
     Flip(highScoresShowing);
+    theMusic.SetScreen(highScoresShowing ? MusicScreen::HighScores : MusicScreen::Menu);
 }
 
 // Settings. --------------------------------------------------------------------------------------
@@ -74,8 +80,13 @@ void ToggleBattle(HWND) {
 }
 
 void ToggleMusic(HWND) {
-    Flip(theSettings.music);
     theMenuScreen->ToggleMusicButton();
+    Flip(theSettings.music);
+    if (theSettings.music) {
+        theMusic.Play();
+    } else {
+        theMusic.Stop();
+    }
 }
 
 void ToggleSoundEffects(HWND) {

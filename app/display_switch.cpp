@@ -2,7 +2,9 @@
 
 #include "app/main_window.h"
 #include "app/settings.h"
+#include "audio/music_player.h"
 #include "game/game_art.h"
+#include "game/game_frame.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
 #include "res/menu.h"
@@ -54,6 +56,15 @@ bool ReloadSkinGraphics() {
     if (theHighScoreScreen) theHighScoreScreen->ReloadPictures();
     theGameArt.Reload();
     return true;
+}
+
+void ReloadSkinAudio() {
+    rightPlayer->LoadPlayerSounds();
+    leftPlayer->LoadPlayerSounds();
+    theMenuScreen->LoadButtonSound();
+    theGameArt.LoadLevelSound();
+    theMusic.Load();
+    theMusic.Play();
 }
 
 }  // namespace korvane

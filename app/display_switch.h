@@ -14,4 +14,7 @@ HRESULT SwitchDisplayMode(HWND window, bool windowed);
 /// Loads every picture of the current skin into the current display.
 bool ReloadSkinGraphics();
 
+/// Loads every sound of the current skin and starts its music; needs everything that has sounds.
+void ReloadSkinAudio();
+
 }  // namespace korvane

@@ -2,6 +2,7 @@
 
 #include "app/process_state.h"
 #include "app/settings.h"
+#include "audio/music_player.h"
 #include "game/game_frame.h"
 #include "screens/menu_screen.h"
 
@@ -22,6 +23,7 @@ void StartPlayers(Starters starters) {
 }
 
 void StartMatch() {
+    theMusic.SetScreen(MusicScreen::Game);
     if (theSettings.players == 1) StartPlayers(Starters::Right);
     if (theSettings.players != 2) return;
     rightPlayer->ResetWins();
@@ -30,6 +32,7 @@ void StartMatch() {
 }
 
 void ShowMenu() {
+    theMusic.SetScreen(MusicScreen::Menu);
     theSettings.players = theMenuScreen->PlayersFromButtons();
     rightPlayer->SetJoined(false);
     leftPlayer->SetJoined(false);

@@ -5,6 +5,8 @@
 #include "app/process_state.h"
 #include "app/screen_adapter.h"
 #include "app/settings.h"
+#include "audio/audio.h"
+#include "audio/music_player.h"
 #include "game/game_art.h"
 #include "game/game_frame.h"
 #include "gfx/bitmap_font.h"
@@ -34,6 +36,7 @@ void ChooseGameClock() {
 
 void CreateObjects() {
     theGameArt.Load();
+    theGameArt.LoadLevelSound();
     theFont = std::make_unique<BitmapFont>();
     theMenuScreen = std::make_unique<MenuScreen>();
     rightPlayer = std::make_unique<Player>(Side::Right);
@@ -85,11 +88,14 @@ bool StartUp() {
         ShowError("DirectDraw init failed. Korvane will now exit. ");
         return false;
     }
+    StartAudio();
     showFps = false;
     ChooseGameClock();
     CreateObjects();
     nextFigureCheat = false;
+    theMusic.SetScreenQuiet(MusicScreen::Menu);
     ShowWindow(mainWindow);
+    theMusic.Play();
     lastFrameTick = GetTickCount();
     return true;
 }

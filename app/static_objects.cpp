@@ -1,4 +1,5 @@
 #include "app/settings.h"
+#include "audio/music_player.h"
 #include "game/game_art.h"
 #include "game/level_table.h"
 
@@ -9,5 +10,6 @@ namespace korvane {
 Settings theSettings;
 GameArt theGameArt;
 LevelTable theLevelTable;
+MusicPlayer theMusic;
 
 }  // namespace korvane

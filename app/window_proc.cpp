@@ -10,6 +10,8 @@
 #include "app/mouse_input.h"
 #include "app/process_state.h"
 #include "app/settings.h"
+#include "audio/audio.h"
+#include "audio/music_player.h"
 #include "game/game_frame.h"
 #include "game/key_bindings.h"
 #include "gfx/display.h"
@@ -26,6 +28,11 @@ void OnActivate(WPARAM wParam) {
             if (player->IsJoined() && !player->IsPaused()) player->TogglePause();
     }
     appActive = LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0;
+    if (appActive) {
+        theMusic.Resume();
+    } else {
+        theMusic.Pause();
+    }
 }
 
 void OnSize(WPARAM wParam) {
@@ -41,6 +48,7 @@ bool IsRefusedInFullScreen(WPARAM systemCommand) {
 /// Only here are high scores and keys written: a program that ends because it cannot draw leaves
 /// both files as they were.
 void OnDestroy() {
+    StopAudio();
     if (theHighScoreScreen) theHighScoreScreen->Table().Save();
     theHighScoreScreen.reset();
     if (theMenuScreen) keyBindings.Save();

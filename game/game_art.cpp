@@ -1,5 +1,6 @@
 #include "game/game_art.h"
 
+#include "game/level_sound.h"
 #include "gfx/skin.h"
 #include "platform/ddraw.h"
 
@@ -51,6 +52,15 @@ void GameArt::Reload() {
         pictures_[i]->Load(kArtFiles[i].name);
         ApplyOwnColorKey(*pictures_[i], kArtFiles[i]);
     }
+}
+
+void GameArt::LoadLevelSound() {
+    levelSound_.reset();
+    levelSound_ = std::make_unique<SoundEffect>("NewLevel.wav");
+}
+
+void PlayLevelSound() {
+    if (SoundEffect* sound = theGameArt.LevelSound()) sound->Play();
 }
 
 void DrawBlockCell(std::uint32_t x, std::uint32_t y, int value) {

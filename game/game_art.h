@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "audio/sound_effect.h"
 #include "gfx/surface.h"
 
 namespace korvane {
@@ -27,7 +28,8 @@ enum class Art : std::uint8_t {
     Count,
 };
 
-/// Loads and holds the pictures of the game screen; there is one, empty until it is loaded.
+/// Loads and holds the pictures of the game screen and the sound of a new level; there is one,
+/// empty until it is loaded.
 class GameArt {
   public:
     virtual ~GameArt() = default;
@@ -37,12 +39,17 @@ class GameArt {
     /// Every picture again, from the current skin for the current display; the key colours stay.
     /// Does nothing before Load.
     void Reload();
+    /// The sound of a new level, from the current skin.
+    void LoadLevelSound();
 
     /// Only after Load.
     const Surface& Picture(Art art) const { return *pictures_[static_cast<std::size_t>(art)]; }
+    /// Null before LoadLevelSound.
+    SoundEffect* LevelSound() const { return levelSound_.get(); }
 
   private:
     std::array<std::unique_ptr<Surface>, static_cast<std::size_t>(Art::Count)> pictures_;
+    std::unique_ptr<SoundEffect> levelSound_;
     bool loaded_ = false;
 };
 

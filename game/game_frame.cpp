@@ -1,6 +1,7 @@
 #include "game/game_frame.h"
 
 #include "app/process_state.h"
+#include "audio/music_player.h"
 #include "game/game_art.h"
 #include "game/game_screen.h"
 #include "gfx/bitmap_font.h"
@@ -52,6 +53,7 @@ void EndMatch() {
         theMatch.secondEntry = rightFirst ? 2 : 1;
     }
     highScoresShowing = true;
+    theMusic.SetScreen(MusicScreen::HighScores);
 }
 
 /// Offers a side's result; true when it was accepted and its name is now being typed.

@@ -16,9 +16,27 @@ constexpr std::array kBoardScreenX = {365, 45};
 
 constexpr std::array<std::uint8_t, 2> kNextIsBarKeys = {VK_F9, VK_F5};
 
+// In the order of `Player::Sound`.
+constexpr std::array kSoundFiles = {"Landed.wav", "Rotate.wav", "Single.wav",
+                                    "Double.wav", "Triple.wav", "Tetris.wav"};
+
 }  // namespace
 
-Player::Player(Side side) : side_(side), boardScreenX_(kBoardScreenX[IndexOf(side)]) {}
+Player::Player(Side side) : side_(side), boardScreenX_(kBoardScreenX[IndexOf(side)]) {
+    LoadPlayerSounds();
+}
+
+void Player::LoadPlayerSounds() {
+    static_assert(kSoundFiles.size() == static_cast<std::size_t>(Sound::Count));
+    for (std::size_t i = 0; i < kSoundFiles.size(); ++i) {
+        sounds_[i].reset();
+        sounds_[i] = std::make_unique<SoundEffect>(kSoundFiles[i]);
+    }
+}
+
+void Player::PlaySoundOf(std::uint8_t event, Sound sound) {
+    if (MayPlay(event)) sounds_[static_cast<std::size_t>(sound)]->Play();
+}
 
 void Player::ResetPlayer() {
     minutes_ = seconds_ = 0;
@@ -121,11 +139,9 @@ void Player::TurnFigure() {
     if (!CanMoveFigure()) return;
     const Turn turn =
         theSettings.clockwise[IndexOf(side_)] ? Turn::Clockwise : Turn::CounterClockwise;
-    if (theSettings.scrollingPieces) {
-        current_->RotateGliding(turn, 1);
-    } else {
-        current_->Rotate(turn);
-    }
+    const bool turned =
+        theSettings.scrollingPieces ? current_->RotateGliding(turn, 1) : current_->Rotate(turn);
+    if (turned) PlaySoundOf(kSfxRotate, Sound::Rotate);
 }
 
 bool Player::TogglePause() {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "app/settings.h"
+#include "audio/sound_effect.h"
 #include "game/board.h"
 #include "game/figure.h"
 #include "gfx/figure_statistics.h"
@@ -27,6 +28,9 @@ class Player {
     virtual ~Player() = default;
     Player(const Player&) = delete;
     Player& operator=(const Player&) = delete;
+
+    /// The sounds of this player's field, from the current skin.
+    void LoadPlayerSounds();
 
     /// Begins a new game; `timed` shows the playing time. True: the first figure found room.
     bool StartGame(bool timed);
@@ -94,6 +98,8 @@ class Player {
   private:
     enum class LandState { Falling, Landed, LockNow };
     using FigureMove = bool (Figure::*)();
+    /// In the order of loading.
+    enum class Sound : std::uint8_t { Landed, Rotate, Single, Double, Triple, Tetris, Count };
 
     // Life of a game and of a figure.
     void ResetField();
@@ -113,8 +119,12 @@ class Player {
     void SoftDropStep();
     void LockFigure(std::uint32_t now);
 
+    /// Plays a sound unless the user does not want to hear its event, a kSfx... bit.
+    void PlaySoundOf(std::uint8_t event, Sound sound);
+
     // Rows, score and level.
     void ScanRows();
+    void PlayRowSound(int rows);
     void RemoveFullRows();
     void UpdateLevel();
 
@@ -130,6 +140,7 @@ class Player {
     std::unique_ptr<Figure> current_;
     std::unique_ptr<Figure> next_;
     FigureStatistics statistics_;
+    std::array<std::unique_ptr<SoundEffect>, static_cast<std::size_t>(Sound::Count)> sounds_;
 
     int score_ = 0;
     int shownScore_ = 0;

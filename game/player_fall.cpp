@@ -59,6 +59,7 @@ void Player::FallOrLand(std::uint32_t now, double seconds) {
     if (FallStep(seconds)) return;
     landState_ = LandState::Landed;
     landTick_ = now;
+    PlaySoundOf(kSfxFigureLanding, Sound::Landed);
 }
 
 /// Whether a figure found resting has been slid off what it stood on. A long glide can carry it to

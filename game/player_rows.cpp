@@ -1,3 +1,4 @@
+#include "game/level_sound.h"
 #include "game/level_table.h"
 #include "game/player.h"
 
@@ -38,9 +39,17 @@ void Player::ScanRows() {
     }
     if (rows > 0) rowsPending_ = true;
     lines_ += rows;
+    PlayRowSound(rows);
     score_ += PointsFor(rows);
     lastRows_ = rows;
     if (!gameOver_) score_ += kLandingBonus;
+}
+
+/// A board full of old rows can complete more than there are sounds for; that is silent.
+void Player::PlayRowSound(int rows) {
+    constexpr std::array kRowSounds = {Sound::Single, Sound::Double, Sound::Triple, Sound::Tetris};
+    const auto index = static_cast<std::size_t>(rows) - 1;
+    if (index < kRowSounds.size()) PlaySoundOf(kSfxRowsDone, kRowSounds[index]);
 }
 
 /// The falling figure stays where it is; the rows under it close up.
@@ -53,6 +62,7 @@ void Player::RemoveFullRows() {
 
 void Player::UpdateLevel() {
     const auto played = static_cast<std::uint32_t>(minutes_ * 60 + seconds_);
+    const int before = level_;
     level_ = theSettings.timeBased[IndexOf(side_)]
                  ? HighestLevel(theLevelTable.secondsForLevel,
                                 [&](std::uint32_t seconds) { return played >= seconds; })
@@ -62,6 +72,7 @@ void Player::UpdateLevel() {
         theSettings.scrollingPieces ? theLevelTable.scrollingPxPerSecond : theLevelTable.normalMs;
     const auto difficulty = static_cast<std::size_t>(theSettings.PlayedDifficulty(side_));
     fallInterval_ = speeds[static_cast<std::size_t>(level_)][difficulty];
+    if (level_ != before && MayPlay(kSfxLevelChange)) PlayLevelSound();
 }
 
 void Player::StepShownScore() {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/sound_source.h"
 #include "platform/types.h"
 
 namespace korvane {
@@ -61,7 +62,7 @@ struct DisplayMode {
     int refreshHz = 0;
 };
 
-/// The machine under the game: clock, the one window and its events, picture out, files.
+/// The machine under the game: clock, the one window and its events, picture and sound out, files.
 ///
 /// Every size and point is in layer pixels: screen pixels divided by Scale(), a whole number from 1
 /// (an ordinary monitor) upwards. All calls come from one thread.
@@ -72,7 +73,8 @@ class Host {
     // Clock. -------------------------------------------------------------------------------------
     /// Milliseconds since some start; wraps around after 2^32.
     virtual std::uint32_t Milliseconds() = 0;
-    /// High-resolution counter, and its frequency in counts per second (0: there is none).
+    /// High-resolution counter, and its frequency in counts per second (0: there is none). Both
+    /// may be asked from any thread.
     virtual std::uint64_t Counter() = 0;
     virtual std::uint64_t CounterFrequency() = 0;
     /// Seconds since 1970-01-01 UTC.
@@ -121,6 +123,14 @@ class Host {
     virtual HRESULT DisplayState() = 0;
     /// Tells the user something when no window can show it.
     virtual void Report(const std::string& caption, const std::string& text) = 0;
+
+    // Sound out. ---------------------------------------------------------------------------------
+    /// Opens the sound device, which from then on asks `source` for frames until CloseSound
+    /// returns. A device that vanishes meanwhile is looked for again without the caller noticing.
+    /// False: there is no device.
+    virtual bool OpenSound(SoundSource& source) = 0;
+    /// The source is not asked any more when this returns; does nothing without a device.
+    virtual void CloseSound() = 0;
 
     // Files. -------------------------------------------------------------------------------------
     virtual Files& GameFiles() = 0;

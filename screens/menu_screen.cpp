@@ -138,6 +138,7 @@ MenuScreen::MenuScreen()
       leftHeading_(kLeftHeadingFile),
       rightHeading_(kRightHeadingFile),
       buttons_(MakeButtons()) {
+    LoadButtonSound();
     ApplySettings();
 }
 
@@ -218,9 +219,21 @@ void MenuScreen::ReloadPictures() {
     keyConfig_.ReloadPictures();
 }
 
+void MenuScreen::LoadButtonSound() {
+    buttonSound_.reset();
+    buttonSound_ = std::make_unique<SoundEffect>("Button.wav");
+}
+
 // Presses and keys. ------------------------------------------------------------------------------
 
+/// The way out is silent, as a press on nothing is.
 MenuAction MenuScreen::Click(std::int32_t x, std::int32_t y) {
+    const MenuAction action = ClickView(x, y);
+    if (action > kMenuQuit && MayPlay(kSfxMenuButtons)) buttonSound_->Play();
+    return action;
+}
+
+MenuAction MenuScreen::ClickView(std::int32_t x, std::int32_t y) {
     if (keyConfigView_) return ClickKeyConfigView(x, y);
     if (creditsView_) return ClickCreditsView(x, y);
     return ClickMainView(x, y);

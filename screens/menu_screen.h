@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "app/settings.h"
+#include "audio/sound_effect.h"
 #include "gfx/button.h"
 #include "gfx/surface.h"
 #include "screens/key_config_screen.h"
@@ -83,6 +84,8 @@ class MenuScreen {
     void ReleaseStartButton() { Release(MenuButton::Start); }
 
     void ReloadPictures();
+    /// The sound of a press, from the current skin.
+    void LoadButtonSound();
 
     bool IsSelected(MenuButton button) const { return At(button).IsSelected(); }
     bool IsEnabled(MenuButton button) const { return At(button).IsEnabled(); }
@@ -102,6 +105,7 @@ class MenuScreen {
     void SetPlayerButtons(bool two);
     void SetKeyConfigEnabled(bool enabled);
 
+    MenuAction ClickView(std::int32_t x, std::int32_t y);
     MenuAction ClickMainView(std::int32_t x, std::int32_t y);
     MenuAction ClickKeyConfigView(std::int32_t x, std::int32_t y);
     MenuAction ClickCreditsView(std::int32_t x, std::int32_t y);
@@ -119,6 +123,7 @@ class MenuScreen {
     Surface leftHeading_;
     Surface rightHeading_;
     Buttons buttons_;
+    std::unique_ptr<SoundEffect> buttonSound_;
     bool creditsView_ = false;
     bool keyConfigView_ = false;
 };

@@ -201,6 +201,25 @@ void HeadlessHost::Report(const std::string& caption, const std::string& text) {
     reports_.push_back(caption + ": " + text);
 }
 
+bool HeadlessHost::OpenSound(SoundSource& source) {
+    ++soundOpenings_;
+    if (refuseSound_) return false;
+    sound_ = &source;
+    return true;
+}
+
+std::vector<std::int16_t> HeadlessHost::Hear(std::size_t frames) {
+    constexpr std::size_t kBuffer = std::size_t{kSoundBufferFrames} * kSoundChannels;
+    std::vector<std::int16_t> heard(frames * kSoundChannels);
+    if (sound_ == nullptr || soundLost_) return heard;
+    for (std::span<std::int16_t> rest = heard; !rest.empty();) {
+        const std::size_t count = std::min(kBuffer, rest.size());
+        sound_->Render(rest.first(count));
+        rest = rest.subspan(count);
+    }
+    return heard;
+}
+
 Files& HeadlessHost::GameFiles() {
     return *files_;
 }

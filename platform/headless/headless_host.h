@@ -49,6 +49,12 @@ class HeadlessHost final : public Host {
     bool IsVisible() const { return visible_; }
     bool IsOpen() const { return open_; }
     const std::vector<std::string>& Reports() const { return reports_; }
+    /// Plays for so many frames, a device's buffer at a time; returns the interleaved stereo
+    /// samples that were heard. Silence while there is no device or it is lost.
+    std::vector<std::int16_t> Hear(std::size_t frames);
+    bool IsSoundOpen() const { return sound_ != nullptr; }
+    /// How often the program asked for a sound device, in vain or not.
+    int SoundOpenings() const { return soundOpenings_; }
 
     // Faults on request. -------------------------------------------------------------------------
     /// The results of the next presents, then 0 again. DDERR_SURFACELOST makes the picture black.
@@ -57,6 +63,10 @@ class HeadlessHost final : public Host {
     void SetDisplayState(HRESULT state) { displayState_ = state; }
     void RefuseWindow(bool refuse) { refuseWindow_ = refuse; }
     void RefuseFullScreen(bool refuse) { refuseFullScreen_ = refuse; }
+    /// There is no sound device.
+    void RefuseSound(bool refuse) { refuseSound_ = refuse; }
+    /// The sound device has gone, or is back: a lost one asks for no frames.
+    void LoseSound(bool lost) { soundLost_ = lost; }
     void SetDisplayModes(std::vector<DisplayMode> modes) { modes_ = std::move(modes); }
     void SetScreen(SIZE screen, const RECT& workArea);
     /// Screen pixels for each layer pixel of a window opened or resized from now on; full screen
@@ -90,6 +100,8 @@ class HeadlessHost final : public Host {
                     std::span<const RECT> changed) override;
     HRESULT DisplayState() override { return displayState_; }
     void Report(const std::string& caption, const std::string& text) override;
+    bool OpenSound(SoundSource& source) override;
+    void CloseSound() override { sound_ = nullptr; }
     Files& GameFiles() override;
 
     const std::string& Title() const { return title_; }
@@ -129,6 +141,11 @@ class HeadlessHost final : public Host {
     HRESULT displayState_ = S_OK;
     bool refuseWindow_ = false;
     bool refuseFullScreen_ = false;
+
+    SoundSource* sound_ = nullptr;
+    int soundOpenings_ = 0;
+    bool refuseSound_ = false;
+    bool soundLost_ = false;
 };
 
 /// The machine of this process.

@@ -83,6 +83,9 @@ void SdlHost::Translate(const SDL_Event& event) {
         case SDL_MOUSEWHEEL:
             return PushMouse(HostEventType::Wheel, event.wheel.mouseX, event.wheel.mouseY,
                              event.wheel.y);
+        case SDL_AUDIODEVICEADDED:
+        case SDL_AUDIODEVICEREMOVED:
+            return sound_.OnEvent(event.adevice);
         case SDL_QUIT:
             return Push(HostEventType::CloseRequested);
         case kTerminateEvent:

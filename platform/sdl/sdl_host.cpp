@@ -75,6 +75,7 @@ SdlHost::SdlHost() : files_(OpenDiskFiles("")), keys_(LayoutSymbols{}) {
 }
 
 SdlHost::~SdlHost() {
+    sound_.Close();
     signals_.reset();  // its thread talks to SDL
     window_.reset();
     SDL_Quit();

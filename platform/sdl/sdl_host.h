@@ -14,6 +14,7 @@
 
 #include "platform/host.h"
 #include "platform/sdl/sdl_keys.h"
+#include "platform/sdl/sdl_sound.h"
 #include "platform/sdl/signal_watch.h"
 #include "platform/sdl/window_picture.h"
 
@@ -60,6 +61,9 @@ class SdlHost final : public Host {
     HRESULT DisplayState() override;
     void Report(const std::string& caption, const std::string& text) override;
 
+    bool OpenSound(SoundSource& source) override { return sound_.Open(source); }
+    void CloseSound() override { sound_.Close(); }
+
     Files& GameFiles() override { return *files_; }
 
   private:
@@ -101,6 +105,8 @@ class SdlHost final : public Host {
     /// Where the window was, or is to be, outside full screen; in screen pixels.
     SDL_Rect windowed_{};
     bool isManaged_ = false;  ///< a window manager had framed it then
+
+    SdlSound sound_;
 
     std::deque<HostEvent> pending_;
     KeyTable keys_;

@@ -13,6 +13,7 @@
 #include "tests/support/bmp_writer.h"
 #include "tests/support/shown_box.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/test_audio.h"
 #include "tests/support/test_skin.h"
 
 namespace korvane {
@@ -24,6 +25,7 @@ class StartUpTest : public testing::Test {
     void SetUp() override {
         Headless().Reset();
         Headless().UseFolder(folder.Path());
+        WriteTestAudio(folder, "Original");
         theSettings.SetDefaults();
         theSettings.showAdvancedAtStart = false;
         menuShowing = true;
@@ -72,13 +74,13 @@ class StartUpTest : public testing::Test {
         WriteTestSkin(folder, "Original");
         const std::filesystem::path skin = folder.Path() + "/Skins/Original";
         for (const auto& entry : std::filesystem::recursive_directory_iterator(skin))
-            if (entry.is_regular_file()) change(entry.path());
+            if (entry.path().extension() == ".bmp") change(entry.path());
     }
 
     TemporaryFolder folder;
 };
 
-TEST_F(StartUpTest, PlaysWithoutAnySkin) {
+TEST_F(StartUpTest, PlaysWithoutAnyPicture) {
     PlayAndEnd();
 }
 

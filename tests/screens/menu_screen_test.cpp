@@ -6,7 +6,9 @@
 
 #include "app/process_state.h"
 #include "app/settings.h"
+#include "platform/headless/headless_host.h"
 #include "tests/support/program_fixture.h"
+#include "tests/support/shown_box.h"
 
 namespace korvane {
 namespace {
@@ -97,6 +99,22 @@ TEST_F(MenuScreenTest, WhatOnePlayerDoesNotNeedIsOutOfUse) {
         const MenuAction want = place.needsTwoPlayers ? kMenuNothing : place.action;
         EXPECT_EQ(At(place, 5, 5), want) << place.picture;
     }
+}
+
+TEST_F(MenuScreenTest, MusicAndSoundEffectsAreOutOfUseWithoutAudio) {
+    Headless().RefuseSound(true);
+    const BoxAnswerer boxes({"Can't initialize digital sound system\n(error code: 3)"});
+    Start();
+    EXPECT_EQ(theMenuScreen->Click(160, 270), kMenuNothing);
+    EXPECT_EQ(theMenuScreen->Click(160, 310), kMenuNothing);
+    EXPECT_EQ(Seen(160, 270), "menu/musicbutt2 1") << "on, and out of use";
+    theMenuScreen->ToggleSfxButton();
+    Frame();
+    EXPECT_EQ(Seen(160, 310), "menu/sfxbutt2 0");
+    audioReady = true;
+    Frame();
+    EXPECT_EQ(theMenuScreen->Click(160, 270), kMenuMusic);
+    EXPECT_EQ(Seen(160, 270), "menu/musicbutt 1");
 }
 
 TEST_F(MenuScreenTest, NonsenseInTheSettingsGivesOnePlayerAndNoDifficulty) {

@@ -7,6 +7,7 @@
 #include "game/key_bindings.h"
 #include "platform/headless/headless_host.h"
 #include "tests/support/flat_skin.h"
+#include "tests/support/test_audio.h"
 
 namespace korvane {
 namespace {
@@ -22,6 +23,7 @@ void ProgramFixture::SetUp() {
     Headless().Reset();
     Headless().UseFolder(folder.Path());
     WriteFlatSkin(folder, "Original");
+    WriteTestAudio(folder, "Original");
     folder.Write("data/other", {});
     theSettings.SetDefaults();
     theSettings.scrollingPieces = false;

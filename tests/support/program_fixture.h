@@ -12,8 +12,9 @@
 
 namespace korvane {
 
-/// The whole program on the headless machine, with a skin of flat pictures and default settings,
-/// in a folder of its own. A test starts it (once its files stand) and drives it from outside.
+/// The whole program on the headless machine, with a skin of flat pictures, one tone for each
+/// order of its music, a click for every sound and default settings, in a folder of its own. A test
+/// starts it (once its files stand) and drives it from outside.
 class ProgramFixture : public testing::Test {
   protected:
     void SetUp() override;

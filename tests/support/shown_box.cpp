@@ -25,8 +25,7 @@ bool ShowsAt(const Canvas& box, POINT corner) {
 }
 
 /// Over the window's picture, or alone as the whole window.
-bool ShowsBox(const std::string& text) {
-    const BoxText said{text, "Korvane", true};
+bool Shows(const BoxText& said) {
     const SIZE shown = Headless().PictureSize();
     const BoxFace alone = LayOutBox(said, BoxFrame::Desktop, {1280, 1024}, 1);
     if (alone.size == shown) return ShowsAt(PaintBox(said, alone, ButtonLook::Up, 1), {0, 0});
@@ -34,6 +33,10 @@ bool ShowsBox(const std::string& text) {
     const int bar = shown.cy - 480;
     return ShowsAt(PaintBox(said, face, ButtonLook::Up, 1),
                    {(640 - face.size.cx) / 2, bar + (480 - face.size.cy) / 2});
+}
+
+bool ShowsBox(const std::string& text) {
+    return Shows({text, "Korvane", true}) || Shows({text, "Error", false});
 }
 
 }  // namespace

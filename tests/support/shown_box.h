@@ -8,7 +8,8 @@ namespace korvane {
 /// Answers every message box that comes up on the headless machine, while it lives.
 class BoxAnswerer {
   public:
-    /// Each box must be an error's with one of these texts and caption "Korvane".
+    /// Each box must have one of these texts and be either a fatal error's (with caption "Korvane"
+    /// and the icon) or one of the sound's (with caption "Error" and none).
     explicit BoxAnswerer(std::vector<std::string> texts);
     ~BoxAnswerer();
     BoxAnswerer(const BoxAnswerer&) = delete;

@@ -1,0 +1,41 @@
+#include "audio/audio.h"
+
+#include "app/process_state.h"
+#include "audio/audio_error.h"
+#include "audio/music_player.h"
+#include "platform/bass.h"
+#include "platform/sound_source.h"
+#include "platform/user.h"
+
+namespace korvane {
+namespace {
+
+constexpr std::uint32_t kExpectedVersion = 0x00050001;
+constexpr int kDefaultDevice = -1;
+constexpr std::uint32_t kInitFlags = 0x10;
+
+}  // namespace
+
+bool StartAudio() {
+    if (BASS_GetVersion() != kExpectedVersion) {
+        MessageBox(nullptr, "BASS version 1.5 was not loaded", "Incorrect BASS.DLL", MB_OK);
+        return false;
+    }
+    audioReady = BASS_Init(kDefaultDevice, kSoundRate, kInitFlags, mainWindow) > 0;
+    if (!audioReady) ShowAudioError("Can't initialize digital sound system");
+    BASS_Start();
+    if (!theMusic.Load()) ShowAudioError("Skins\\Original\\audio\\sniffit.xm can't be loaded!");
+    return audioReady;
+}
+
+void StopAudio() {
+    if (audioReady) {
+        theMusic.Stop();
+        theMusic.Free();
+    }
+    BASS_Stop();
+    BASS_Free();
+    audioReady = false;
+}
+
+}  // namespace korvane

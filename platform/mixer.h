@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "platform/music_stream.h"
+#include "platform/sample.h"
+#include "platform/sound_source.h"
+
+namespace korvane {
+
+/// Brings any sum of sounds into -1 to 1: unchanged up to three quarters, bent smoothly towards
+/// full scale above, so that loud moments neither wrap nor crack.
+float SoftLimit(float sample);
+
+/// Mixes one piece of music with any number of samples.
+///
+/// One thread (the game's) says what is to sound, another (the device's) calls Render. The lock
+/// between them is held for a few assignments and for the mixing of samples that lie in memory.
+/// The music's own work, jumps included, is done by the rendering thread outside of it: nobody
+/// else touches a stream that plays, and slow music holds up nothing but itself.
+class Mixer final : public SoundSource {
+  public:
+    /// So many renders in a row that take longer than their frames last end the music.
+    static constexpr int kSlowRenders = 8;
+
+    // Music. -------------------------------------------------------------------------------------
+    /// Plays a stream in the place of what played: from an order on, or without one from where it
+    /// stands. False when this stream was once too slow.
+    bool StartMusic(const std::shared_ptr<MusicStream>& stream, std::optional<int> order);
+    // Each only when this stream is the one that plays.
+    void StopMusic(const MusicStream& stream);
+    void PauseMusic(const MusicStream& stream);
+    void ResumeMusic(const MusicStream& stream);  ///< only after a pause
+    bool IsMusicPlaying(const MusicStream& stream);
+
+    // Samples. -----------------------------------------------------------------------------------
+    /// Plays a sample from its beginning, as `channel`. With `limit` playbacks of it sounding
+    /// already, the oldest ends.
+    void PlaySample(std::shared_ptr<const Sample> sample, std::uint32_t channel, std::size_t limit);
+    bool IsChannelSounding(std::uint32_t channel);
+    void StopChannel(std::uint32_t channel);
+    void StopSample(const Sample& sample);
+
+    void StopAll();
+
+    void Render(std::span<std::int16_t> samples) override;
+
+  private:
+    enum class MusicState : std::uint8_t { Stopped, Playing, Paused };
+
+    /// A sample that sounds.
+    struct Voice {
+        std::shared_ptr<const Sample> sample;
+        std::uint32_t channel = 0;
+        std::size_t frame = 0;
+    };
+
+    bool IsCurrent(const MusicStream& stream) const { return music_.get() == &stream; }
+    void RenderMusic();
+    void WatchPace(const std::shared_ptr<MusicStream>& stream, bool slow);
+    void MixVoices();
+    /// Adds what is left of a voice to the mix, as far as it goes.
+    void MixVoice(Voice& voice);
+
+    std::mutex mutex_;  // guards the next five
+    std::shared_ptr<MusicStream> music_;
+    MusicState state_ = MusicState::Stopped;
+    std::optional<int> jump_;  ///< to be done before the next frames
+    std::weak_ptr<MusicStream> tooSlow_;
+    std::vector<Voice> voices_;  ///< in the order in which they began
+
+    // The rendering thread's own.
+    std::vector<float> mix_;
+    int slowRenders_ = 0;
+};
+
+}  // namespace korvane

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace korvane {
+
+/// The largest module file that is looked at.
+inline constexpr std::size_t kMaxModuleBytes = std::size_t{16} << 20;
+inline constexpr unsigned kMaxModuleChannels = 64;
+/// The most patterns, orders, instruments and samples, each.
+inline constexpr unsigned kMaxModuleParts = 256;
+
+enum class ModuleFormat : std::uint8_t { Xm, It, S3m, Mod, Mtm };
+
+/// The format's short name in lower case, as files are named after it.
+std::string_view NameOf(ModuleFormat format);
+
+/// Tells a tracker module by its signature, whatever its file is called, and checks what its
+/// header claims: counts within the limits above, at least one channel and order, and every table
+/// that the header announces inside the file. Nothing for everything else.
+std::optional<ModuleFormat> CheckModuleHeader(std::span<const std::byte> file);
+
+}  // namespace korvane

@@ -1,0 +1,103 @@
+#include "platform/sdl/sdl_sound.h"
+
+#include <SDL.h>
+
+#include <chrono>
+#include <span>
+#include <string_view>
+#include <utility>
+
+namespace korvane {
+namespace {
+
+/// Between two looks for a device that has gone; half of the second after which it is to be heard.
+constexpr std::chrono::milliseconds kRetry{500};
+
+/// Drivers that nobody hears are only wanted by somebody who names them.
+bool DriverIsMute() {
+    const char* driver = SDL_GetCurrentAudioDriver();
+    if (driver == nullptr) return true;
+    const std::string_view name = driver;
+    return (name == "dummy" || name == "disk") && SDL_getenv("SDL_AUDIODRIVER") == nullptr;
+}
+
+void SDLCALL Fill(void* source, Uint8* bytes, int count) {
+    auto* samples = reinterpret_cast<std::int16_t*>(bytes);
+    const auto size = static_cast<std::size_t>(count) / sizeof(std::int16_t);
+    static_cast<SoundSource*>(source)->Render(std::span(samples, size));
+}
+
+}  // namespace
+
+bool SdlSound::Open(SoundSource& source) {
+    Close();
+    // Apart from video: a machine without sound still shows the game.
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
+    source_ = &source;
+    device_ = DriverIsMute() ? 0 : OpenDevice();
+    if (device_ == 0) {
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        source_ = nullptr;
+        return false;
+    }
+    lost_ = ending_ = false;
+    keeper_ = std::thread([this] { KeepDevice(); });
+    return true;
+}
+
+void SdlSound::Close() {
+    if (source_ == nullptr) return;
+    {
+        const std::lock_guard lock(mutex_);
+        ending_ = true;
+    }
+    changed_.notify_one();
+    keeper_.join();
+    if (device_ != 0) SDL_CloseAudioDevice(std::exchange(device_, 0));
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    source_ = nullptr;
+}
+
+void SdlSound::OnEvent(const SDL_AudioDeviceEvent& event) {
+    if (source_ == nullptr || event.iscapture != 0 || event.type != SDL_AUDIODEVICEREMOVED) return;
+    {
+        const std::lock_guard lock(mutex_);
+        removed_ = event.which;
+        lost_ = lost_ || event.which == device_;
+    }
+    changed_.notify_one();
+}
+
+/// 0 when there is none.
+SDL_AudioDeviceID SdlSound::OpenDevice() {
+    SDL_AudioSpec wanted{};
+    wanted.freq = kSoundRate;
+    wanted.format = AUDIO_S16SYS;
+    wanted.channels = kSoundChannels;
+    wanted.samples = kSoundBufferFrames;
+    wanted.callback = Fill;
+    wanted.userdata = source_;
+    const SDL_AudioDeviceID device = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+    if (device != 0) SDL_PauseAudioDevice(device, 0);
+    return device;
+}
+
+void SdlSound::KeepDevice() {
+    std::unique_lock lock(mutex_);
+    for (;;) {
+        changed_.wait(lock, [this] { return ending_ || lost_; });
+        if (ending_) return;
+        const SDL_AudioDeviceID gone = std::exchange(device_, 0);
+        removed_ = 0;
+        // Opening and closing may wait for the system; nobody is to wait for the lock meanwhile.
+        lock.unlock();
+        if (gone != 0) SDL_CloseAudioDevice(gone);
+        const SDL_AudioDeviceID found = OpenDevice();
+        lock.lock();
+        device_ = found;
+        lost_ = found == 0 || found == removed_;
+        if (lost_) changed_.wait_for(lock, kRetry, [this] { return ending_; });
+    }
+}
+
+}  // namespace korvane

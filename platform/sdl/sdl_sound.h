@@ -1,0 +1,47 @@
+#pragma once
+
+#include <SDL_audio.h>
+#include <SDL_events.h>
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+#include "platform/sound_source.h"
+
+namespace korvane {
+
+/// The system's default sound device. SDL asks the source for frames on a thread of its own.
+///
+/// When the device vanishes (a plug pulled, a sound server restarted), a second thread opens the
+/// default device again, twice a second until there is one; whoever opened the sound never waits.
+class SdlSound {
+  public:
+    SdlSound() = default;
+    ~SdlSound() { Close(); }
+    SdlSound(const SdlSound&) = delete;
+    SdlSound& operator=(const SdlSound&) = delete;
+
+    /// False: there is no device. The source must live until Close.
+    bool Open(SoundSource& source);
+    void Close();
+    /// To be told of every device that SDL reports as added or removed.
+    void OnEvent(const SDL_AudioDeviceEvent& event);
+
+  private:
+    SDL_AudioDeviceID OpenDevice();
+    /// Body of the second thread.
+    void KeepDevice();
+
+    SoundSource* source_ = nullptr;
+    std::thread keeper_;
+
+    std::mutex mutex_;  // guards all below
+    std::condition_variable changed_;
+    SDL_AudioDeviceID device_ = 0;
+    SDL_AudioDeviceID removed_ = 0;  ///< reported while the keeper was opening
+    bool lost_ = false;
+    bool ending_ = false;
+};
+
+}  // namespace korvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace korvane {
+
+/// The largest WAV file that is looked at: the longest sound in the richest format, and room for
+/// other chunks.
+inline constexpr std::size_t kMaxWavBytes = std::size_t{6} << 20;
+inline constexpr int kMinWavRate = 8000;
+inline constexpr int kMaxWavRate = 48000;
+inline constexpr int kMaxWavSeconds = 30;
+
+/// What a WAV file holds.
+struct WavSound {
+    int rate = 0;      ///< frames per second
+    int channels = 0;  ///< 1 or 2
+    /// Frames one after the other, left before right, from -1 to below 1.
+    std::vector<float> samples;
+};
+
+/// Takes the sound out of a RIFF file with uncompressed samples of 8 or 16 bits in one or two
+/// channels. Nothing for every other format, rates and lengths outside the limits above, a sound
+/// without frames and a file that ends before its sound does. Chunks of other kinds are skipped.
+std::optional<WavSound> ReadWav(std::span<const std::byte> file);
+
+}  // namespace korvane

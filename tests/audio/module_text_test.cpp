@@ -1,0 +1,78 @@
+#include "audio/module_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace korvane {
+namespace {
+
+const ModuleChoice kBefore = {"before.xm", 1, 2, 3};
+
+ModuleChoice After(const std::string& text) {
+    ModuleChoice choice = kBefore;
+    ApplyModuleText(text, choice);
+    return choice;
+}
+
+TEST(ModuleTextTest, KeywordsAndTheirLines) {
+    const std::string all =
+        "FILENAME:\nMy Song.it\nMENU START POSITION:\n4\nGAME START POSITION:\n5\n"
+        "HIGH SCORE START POSITION:\n6\n";
+    struct Case {
+        const char* what;
+        std::string text;
+        ModuleChoice wanted;
+    };
+    const std::string filler(253, 'x');
+    const Case cases[] = {
+        {"all four", all, {"My Song.it", 4, 5, 6}},
+        {"any order", "GAME START POSITION:\n5\nFILENAME:\na\n", {"a", 1, 5, 3}},
+        {"any letter case",
+         "fileName:\nKept Case\nGame Start position:\n9",
+         {"Kept Case", 1, 9, 3}},
+        {"line ends of other systems",
+         "FILENAME:\r\na.xm\r\nMENU START POSITION:\r\n7\r\n",
+         {"a.xm", 7, 2, 3}},
+        {"no line end at the end", "MENU START POSITION:\n7", {"before.xm", 7, 2, 3}},
+        {"nothing", "", kBefore},
+        {"a blank before or after", " FILENAME:\na\nFILENAME: \nb\n", kBefore},
+        {"the value on the same line", "FILENAME: a.xm\n", kBefore},
+        {"a blank first line pushes the last entry out", "\n" + all, {"My Song.it", 4, 5, 3}},
+        {"four strange lines push everything out", "\n\nx\ny\n" + all, kBefore},
+        {"twice: the later one", "FILENAME:\na\nFILENAME:\nb\n", {"b", 1, 2, 3}},
+        {"a keyword as a value",
+         "FILENAME:\nFILENAME:\nMENU START POSITION:\n8",
+         {"FILENAME:", 8, 2, 3}},
+        {"a value that is not there", "MENU START POSITION:", {"before.xm", 0, 2, 3}},
+        {"a name that is not there", "FILENAME:", {"", 1, 2, 3}},
+        {"a long name is cut", "FILENAME:\n" + filler + "xyz\n", {filler + "x", 1, 2, 3}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(After(c.text), c.wanted) << c.what;
+}
+
+TEST(ModuleTextTest, ALongLineUsesUpKeywordLines) {
+    const std::string line(255, 'x');
+    EXPECT_EQ(After(line + "\n\nFILENAME:\na\nFILENAME:\nb\n").fileName, "a");
+    EXPECT_EQ(After(line.substr(1) + "\n\nFILENAME:\na\nFILENAME:\nb\n").fileName, "b");
+}
+
+TEST(ModuleTextTest, Numbers) {
+    struct Case {
+        const char* text;
+        std::int32_t wanted;
+    };
+    for (const Case c :
+         {Case{"12", 12}, Case{"  \t12", 12}, Case{"-3", -3}, Case{"+3", 3}, Case{" -0", 0},
+          Case{"7 of 9", 7}, Case{"7.9", 7}, Case{"007", 7}, Case{"x7", 0}, Case{"- 7", 0},
+          Case{"--7", 0}, Case{"", 0}, Case{"2147483647", 2147483647},
+          Case{"2147483648", 2147483647}, Case{"-2147483648", -2147483647 - 1},
+          Case{"-99999999999999999999999", -2147483647 - 1}})
+        EXPECT_EQ(After(std::string("GAME START POSITION:\n") + c.text + "\n").gamePosition,
+                  c.wanted)
+            << c.text;
+}
+
+}  // namespace
+}  // namespace korvane

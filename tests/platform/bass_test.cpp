@@ -1,0 +1,241 @@
+#include "platform/bass.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "platform/headless/headless_host.h"
+#include "platform/music_stream.h"
+#include "platform/sample.h"
+#include "tests/support/heard.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/wav_writer.h"
+#include "tests/support/xm_writer.h"
+
+namespace korvane {
+namespace {
+
+HMUSIC LoadMusic(const std::string& path) {
+    return BASS_MusicLoad(false, path, 0, 0, 1);
+}
+
+HSAMPLE LoadWav(const std::string& path) {
+    return BASS_SampleLoad(false, path, 0, 0, 3, 0x20000);
+}
+
+bool PlayAt(HMUSIC music, std::int32_t position) {
+    return BASS_MusicPlayEx(music, position, 4, true);
+}
+
+class BassTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        Headless().Reset();
+        Headless().UseFolder(folder.Path());
+        folder.Write("a.xm", MakeXm({}));
+        folder.Write("click.wav", MakeWav({.frames = 1000}));
+        ASSERT_EQ(BASS_Init(-1, 44100, 0x10, nullptr), 1);
+    }
+    void TearDown() override { BASS_Free(); }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(BassTest, PlaysFromTheOrderOfThatNumber) {
+    const HMUSIC music = LoadMusic("a.xm");
+    ASSERT_NE(music, 0U);
+    EXPECT_EQ(HeardOrder(), -1) << "loaded, not started";
+    struct Case {
+        std::int32_t position;
+        int heard;
+    };
+    for (const Case c : {Case{0, 0}, Case{8, 8}, Case{54, 54 % kXmTones}, Case{59, 11}, Case{60, 0},
+                         Case{100000, 0}, Case{3, 3}, Case{-1, 3}, Case{-100000, 3}}) {
+        EXPECT_TRUE(PlayAt(music, c.position));
+        EXPECT_EQ(HeardOrder(), c.heard) << c.position;
+    }
+    EXPECT_TRUE(BASS_ChannelStop(music));
+    EXPECT_EQ(HeardOrder(), -1);
+    EXPECT_TRUE(PlayAt(music, -1));
+    EXPECT_EQ(HeardOrder(), 3) << "where it stood";
+}
+
+TEST_F(BassTest, TheSongFollowsItsJumpsAndRepeatsForEver) {
+    struct Case {
+        XmRecipe recipe;
+        std::vector<int> heard;
+    };
+    const Case cases[] = {
+        {{.orders = 3, .rows = 4}, {0, 1, 2, 0, 1, 2, 0, 1}},
+        {{.orders = 3, .rows = 4, .jump = 1}, {0, 1, 2, 1, 2, 1, 2, 1}},
+        {{.orders = 3, .rows = 4, .jump = 2}, {0, 1, 2, 2, 2, 2, 2, 2}},
+    };
+    for (const Case& c : cases) {
+        folder.Write("b.xm", MakeXm(c.recipe));
+        const HMUSIC music = LoadMusic("b.xm");
+        PlayAt(music, 0);
+        std::vector<int> heard;
+        for (std::size_t i = 0; i < c.heard.size(); ++i) {
+            heard.push_back(HeardOrder());
+            // The rest of the pattern's 0.48 seconds.
+            Headless().Hear(21168 - kSoundRate / 5 - 2 * kSoundBufferFrames);
+        }
+        EXPECT_EQ(heard, c.heard);
+    }
+}
+
+TEST_F(BassTest, StartsAndStopsAreHeardWithinTwoBuffers) {
+    const HMUSIC music = LoadMusic("a.xm");
+    PlayAt(music, 0);
+    EXPECT_GT(PeakOf(Headless().Hear(2 * kSoundBufferFrames)), 500);
+    BASS_ChannelStop(music);
+    Headless().Hear(2 * kSoundBufferFrames);
+    EXPECT_EQ(PeakOf(Headless().Hear(kSoundRate)), 0);
+    const HSAMPLE click = LoadWav("click.wav");
+    BASS_SamplePlay(click);
+    EXPECT_NEAR(PeakOf(Headless().Hear(kSoundBufferFrames)), 16384, 2);
+    BASS_ChannelStop(click);
+    EXPECT_EQ(PeakOf(Headless().Hear(kSoundBufferFrames)), 0);
+}
+
+TEST_F(BassTest, ResumedMusicContinuesAsIfItHadNeverPaused) {
+    const auto play = [](int silence) {
+        const HMUSIC music = LoadMusic("a.xm");
+        PlayAt(music, 2);
+        std::vector<std::int16_t> heard = Headless().Hear(3000);
+        if (silence != 0) {
+            EXPECT_TRUE(BASS_ChannelPause(music));
+            EXPECT_EQ(PeakOf(Headless().Hear(static_cast<std::size_t>(silence))), 0);
+            EXPECT_TRUE(BASS_ChannelResume(music));
+        }
+        const std::vector<std::int16_t> rest = Headless().Hear(3000);
+        heard.insert(heard.end(), rest.begin(), rest.end());
+        BASS_MusicFree(music);
+        return heard;
+    };
+    EXPECT_EQ(play(10000), play(0));
+}
+
+TEST_F(BassTest, AChannelIsActiveAsLongAsItSounds) {
+    const HSAMPLE click = LoadWav("click.wav");
+    const HCHANNEL first = BASS_SamplePlay(click);
+    Headless().Hear(600);
+    const HCHANNEL second = BASS_SamplePlay(click);
+    EXPECT_NE(first, second);
+    EXPECT_TRUE(BASS_ChannelIsActive(first));
+    Headless().Hear(512);
+    EXPECT_FALSE(BASS_ChannelIsActive(first));
+    EXPECT_TRUE(BASS_ChannelIsActive(second));
+    BASS_ChannelStop(click);
+    EXPECT_FALSE(BASS_ChannelIsActive(second));
+}
+
+TEST_F(BassTest, FailuresHaveTheirCodes) {
+    folder.Write("text.xm", std::vector<std::byte>(500, std::byte{'x'}));
+    folder.Write("../outside.xm", MakeXm({}));
+    struct Case {
+        const char* path;
+        int code;
+    };
+    for (const Case c :
+         {Case{"missing.xm", kAudioFile}, Case{"..\\outside.xm", kAudioFile}, Case{"", kAudioFile},
+          Case{"text.xm", kAudioFormat}, Case{"click.wav", kAudioFormat}}) {
+        EXPECT_EQ(LoadMusic(c.path), 0U) << c.path;
+        EXPECT_EQ(BASS_ErrorGetCode(), c.code) << c.path;
+    }
+    EXPECT_EQ(LoadWav("a.xm"), 0U);
+    EXPECT_EQ(BASS_ErrorGetCode(), kAudioFormat);
+    const HMUSIC music = LoadMusic("a.xm");
+    BASS_MusicFree(music);
+    EXPECT_FALSE(PlayAt(music, 0));
+    EXPECT_EQ(BASS_ErrorGetCode(), kAudioHandle);
+    EXPECT_EQ(BASS_SamplePlay(music), 0U);
+    std::filesystem::remove(folder.Path() + "/../outside.xm");
+}
+
+TEST_F(BassTest, WithoutADeviceNothingStarts) {
+    Headless().RefuseSound(true);
+    EXPECT_EQ(BASS_Init(-1, 44100, 0x10, nullptr), 0);
+    EXPECT_EQ(BASS_ErrorGetCode(), kAudioDevice);
+    EXPECT_FALSE(BASS_Start());
+    EXPECT_EQ(LoadMusic("a.xm"), 0U);
+    EXPECT_EQ(BASS_ErrorGetCode(), kAudioDevice);
+}
+
+TEST_F(BassTest, ALostDeviceIsNotMissedAndSoundComesBack) {
+    const HMUSIC music = LoadMusic("a.xm");
+    const HSAMPLE click = LoadWav("click.wav");
+    PlayAt(music, 0);
+    Headless().LoseSound(true);
+    for (int i = 0; i < 100; ++i) {
+        BASS_SamplePlay(click);
+        PlayAt(music, i % 10);
+        EXPECT_EQ(PeakOf(Headless().Hear(kSoundBufferFrames)), 0);
+    }
+    Headless().LoseSound(false);
+    Headless().Hear(1000);
+    EXPECT_EQ(HeardOrder(), 9);
+}
+
+TEST_F(BassTest, FreeingEndsEverything) {
+    const HMUSIC music = LoadMusic("a.xm");
+    PlayAt(music, 0);
+    BASS_Stop();
+    EXPECT_EQ(PeakOf(Headless().Hear(2000)), 0);
+    EXPECT_TRUE(PlayAt(music, 0)) << "still loaded";
+    BASS_Free();
+    EXPECT_FALSE(Headless().IsSoundOpen());
+    EXPECT_FALSE(PlayAt(music, 0));
+}
+
+/// A module that opens must play, whatever it plays.
+void RenderSome(const std::vector<std::byte>& file) {
+    const std::unique_ptr<MusicStream> stream = OpenModule(file);
+    if (!stream) return;
+    std::vector<float> samples(2 * 256);
+    stream->Seek(stream->Orders() - 1);
+    stream->Render(samples);
+    stream->Seek(0);
+    stream->Render(samples);
+}
+
+TEST(StrangersFilesTest, CutModulesNeverCrash) {
+    const std::vector<std::byte> whole = MakeXm({.orders = 3, .rows = 4});
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        RenderSome({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size)});
+    for (std::size_t size = 0; size < 60 + 276; ++size)
+        EXPECT_FALSE(OpenModule(std::span(whole).first(size))) << size;
+    EXPECT_TRUE(OpenModule(whole));
+}
+
+TEST(StrangersFilesTest, RandomDamageNeverCrashes) {
+    constexpr int kRounds = 20'000;
+    // Opening a module is a hundred times as dear as opening a sound.
+    constexpr int kRoundsToAModule = 8;
+    const std::vector<std::byte> xm = MakeXm({.orders = 3, .rows = 4, .jump = 0});
+    const std::vector<std::byte> wav = MakeWav({.channels = 2, .rate = 22050, .frames = 50});
+    std::minstd_rand random(7);
+    int opened = 0;
+    for (int round = 0; round < kRounds; ++round) {
+        const bool isModule = round % kRoundsToAModule == 0;
+        std::vector<std::byte> file = isModule ? xm : wav;
+        const auto changes = 1 + random() % 8;
+        for (unsigned i = 0; i < changes; ++i)
+            file[random() % file.size()] = static_cast<std::byte>(random() & 0xFF);
+        if (isModule) {
+            RenderSome(file);
+        } else if (const auto sample = LoadSample(file)) {
+            ++opened;
+            ASSERT_GT(sample->Frames(), 0U);
+            ASSERT_LE(sample->Frames(), 30U * kSoundRate + 1);
+        }
+    }
+    EXPECT_GT(opened, 100) << "not everything was refused at the door";
+}
+
+}  // namespace
+}  // namespace korvane

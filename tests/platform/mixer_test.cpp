@@ -1,0 +1,148 @@
+#include "platform/mixer.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "platform/headless/headless_host.h"
+#include "tests/support/heard.h"
+
+namespace korvane {
+namespace {
+
+/// A steady level that takes the machine's time, and notes what is asked of it.
+class FakeStream final : public MusicStream {
+  public:
+    int Orders() const override { return 10; }
+    void Seek(int order) override { seeks.push_back(order); }
+    void Render(std::span<float> samples) override {
+        std::ranges::fill(samples, level);
+        Headless().Advance(milliseconds);
+        ++renders;
+    }
+
+    float level = 0.5F;
+    std::uint32_t milliseconds = 0;
+    int renders = 0;
+    std::vector<int> seeks;
+};
+
+class MixerTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        Headless().Reset();
+        Headless().OpenSound(mixer);
+    }
+    void TearDown() override { Headless().CloseSound(); }
+
+    static int Level() { return Headless().Hear(kSoundBufferFrames).back(); }
+    static std::shared_ptr<const Sample> Steady(std::int16_t level, std::size_t frames = 2000) {
+        return std::make_shared<const Sample>(Sample{1, std::vector<std::int16_t>(frames, level)});
+    }
+
+    Mixer mixer;
+    std::shared_ptr<FakeStream> stream = std::make_shared<FakeStream>();
+};
+
+constexpr int kHalf = 16384;
+
+TEST(SoftLimitTest, IsPlainBelowTheKneeAndNeverPassesFullScale) {
+    for (const float quiet : {0.0F, 0.1F, 0.5F, 0.75F})
+        EXPECT_EQ(SoftLimit(quiet), quiet);
+    float before = 0.75F;
+    for (float loud = 0.76F; loud < 1000; loud *= 1.05F) {
+        const float limited = SoftLimit(loud);
+        EXPECT_GT(limited, before) << loud;
+        EXPECT_LT(limited, std::min(loud, 1.0F)) << loud;
+        EXPECT_EQ(SoftLimit(-loud), -limited);
+        before = limited;
+    }
+}
+
+TEST_F(MixerTest, AnySumStaysBelowFullScaleWithItsSign) {
+    stream->level = -1;
+    mixer.StartMusic(stream, 0);
+    for (std::uint32_t channel = 1; channel <= 60; ++channel) {
+        mixer.PlaySample(Steady(-32768), channel, 3);
+        const int level = Level();
+        EXPECT_LT(level, -27000) << channel;
+    }
+    EXPECT_GT(PeakOf(Headless().Hear(4)), 32000);
+}
+
+TEST_F(MixerTest, OneMoreThanTheLimitEndsTheOldestOfThatSampleAlone) {
+    const auto sample = Steady(4000);
+    mixer.PlaySample(Steady(4000), 9, 3);
+    for (std::uint32_t channel = 1; channel <= 4; ++channel)
+        mixer.PlaySample(sample, channel, 3);
+    EXPECT_FALSE(mixer.IsChannelSounding(1));
+    for (const std::uint32_t channel : {2U, 3U, 4U, 9U})
+        EXPECT_TRUE(mixer.IsChannelSounding(channel)) << channel;
+    EXPECT_NEAR(Level(), 4 * 4000, 5);
+    mixer.StopChannel(3);
+    EXPECT_NEAR(Level(), 3 * 4000, 5);
+    mixer.StopSample(*sample);
+    EXPECT_NEAR(Level(), 4000, 5);
+    EXPECT_TRUE(mixer.IsChannelSounding(9));
+    Headless().Hear(2000 - 3 * kSoundBufferFrames);
+    EXPECT_FALSE(mixer.IsChannelSounding(9)) << "it has ended by itself";
+    EXPECT_EQ(Level(), 0);
+}
+
+TEST_F(MixerTest, BothSidesOfAStereoSampleStayApart) {
+    const auto sample = std::make_shared<const Sample>(Sample{2, {100, -200, 300, -400}});
+    mixer.PlaySample(sample, 1, 3);
+    EXPECT_EQ(Headless().Hear(3), (std::vector<std::int16_t>{100, -200, 300, -400, 0, 0}));
+}
+
+TEST_F(MixerTest, JumpsAreDoneByWhoRenders) {
+    mixer.StartMusic(stream, 3);
+    mixer.StartMusic(stream, 5);
+    EXPECT_TRUE(stream->seeks.empty());
+    Level();
+    EXPECT_EQ(stream->seeks, (std::vector{5}));
+    mixer.StartMusic(stream, std::nullopt);
+    Level();
+    EXPECT_EQ(stream->seeks, (std::vector{5})) << "it plays on where it is";
+}
+
+TEST_F(MixerTest, ThePausedAreNotRenderedAndOnlyTheyAreResumed) {
+    mixer.StartMusic(stream, 0);
+    EXPECT_NEAR(Level(), kHalf, 1);
+    mixer.PauseMusic(*stream);
+    EXPECT_EQ(Level(), 0);
+    EXPECT_EQ(stream->renders, 1);
+    mixer.ResumeMusic(*stream);
+    EXPECT_NEAR(Level(), kHalf, 1);
+    mixer.StopMusic(*stream);
+    mixer.ResumeMusic(*stream);
+    EXPECT_EQ(Level(), 0);
+    const FakeStream other;
+    mixer.StartMusic(stream, 0);
+    mixer.PauseMusic(other);
+    mixer.StopMusic(other);
+    EXPECT_NEAR(Level(), kHalf, 1) << "only the music that plays can be stopped";
+}
+
+TEST_F(MixerTest, MusicThatIsAlwaysTooSlowEndsAndStaysOff) {
+    mixer.PlaySample(Steady(1000, 100000), 1, 3);
+    mixer.StartMusic(stream, 0);
+    // A buffer lasts 11.6 ms. One on time among the late ones, and the count begins again.
+    for (const std::uint32_t milliseconds : {12U, 12U, 12U, 12U, 12U, 12U, 12U, 11U}) {
+        stream->milliseconds = milliseconds;
+        Level();
+    }
+    stream->milliseconds = 12;
+    for (int i = 0; i < Mixer::kSlowRenders; ++i) {
+        EXPECT_TRUE(mixer.IsMusicPlaying(*stream)) << i;
+        Level();
+    }
+    EXPECT_FALSE(mixer.IsMusicPlaying(*stream));
+    EXPECT_NEAR(Level(), 1000, 2) << "samples go on";
+    EXPECT_FALSE(mixer.StartMusic(stream, 0));
+    EXPECT_TRUE(mixer.StartMusic(std::make_shared<FakeStream>(), 0));
+}
+
+}  // namespace
+}  // namespace korvane

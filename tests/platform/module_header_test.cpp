@@ -1,0 +1,161 @@
+#include "platform/module_header.h"
+
+#include <gtest/gtest.h>
+
+#include <string_view>
+#include <vector>
+
+#include "tests/support/xm_writer.h"
+
+namespace korvane {
+namespace {
+
+using File = std::vector<std::byte>;
+
+void PutText(File& file, std::size_t at, std::string_view text) {
+    for (std::size_t i = 0; i < text.size(); ++i)
+        file.at(at + i) = static_cast<std::byte>(text[i]);
+}
+
+void PutWord(File& file, std::size_t at, unsigned value) {
+    file.at(at) = static_cast<std::byte>(value & 0xFF);
+    file.at(at + 1) = static_cast<std::byte>(value >> 8);
+}
+
+// The smallest files of each format that are accepted.
+
+File Xm() {
+    File file(60 + 276);
+    PutText(file, 0, "Extended Module: ");
+    PutWord(file, 60, 276);
+    for (const std::size_t count : {64U, 68U, 70U, 72U})
+        PutWord(file, count, 1);
+    return file;
+}
+
+File It() {
+    File file(192 + 2 + 3 * 4);
+    PutText(file, 0, "IMPM");
+    PutWord(file, 32, 2);
+    for (const std::size_t count : {34U, 36U, 38U})
+        PutWord(file, count, 1);
+    return file;
+}
+
+File S3m() {
+    File file(96 + 2 + 2 * 2);
+    PutText(file, 44, "SCRM");
+    PutWord(file, 32, 2);
+    PutWord(file, 34, 1);
+    PutWord(file, 36, 1);
+    return file;
+}
+
+File Mod(std::string_view signature = "M.K.") {
+    File file(1084);
+    PutText(file, 1080, signature);
+    file[950] = std::byte{1};
+    return file;
+}
+
+File Mtm() {
+    File file(66 + 37 + 128 + 192 + 64 + 5);
+    PutText(file, 0, "MTM\x10");
+    PutWord(file, 24, 1);
+    PutWord(file, 28, 5);
+    PutWord(file, 30, 1);
+    file[33] = std::byte{4};
+    return file;
+}
+
+struct Sort {
+    ModuleFormat format;
+    File file;
+};
+
+std::vector<Sort> SmallestFiles() {
+    return {{ModuleFormat::Xm, Xm()},
+            {ModuleFormat::It, It()},
+            {ModuleFormat::S3m, S3m()},
+            {ModuleFormat::Mod, Mod()},
+            {ModuleFormat::Mtm, Mtm()}};
+}
+
+TEST(ModuleHeaderTest, TellsTheFormatAndMissesNoByteOfTheTables) {
+    for (const auto& [format, file] : SmallestFiles()) {
+        SCOPED_TRACE(NameOf(format));
+        EXPECT_EQ(CheckModuleHeader(file), format);
+        for (std::size_t size = 0; size < file.size(); ++size)
+            ASSERT_FALSE(CheckModuleHeader(std::span(file).first(size))) << size << " bytes";
+    }
+    EXPECT_EQ(CheckModuleHeader(MakeXm({})), ModuleFormat::Xm);
+}
+
+TEST(ModuleHeaderTest, CountsHaveLimits) {
+    struct Count {
+        const char* what;
+        File file;
+        std::size_t at;
+        unsigned most;
+        bool mayBeNone;
+    };
+    const Count counts[] = {
+        {"XM channels", Xm(), 68, 64, false},  {"XM orders", Xm(), 64, 256, false},
+        {"XM patterns", Xm(), 70, 256, true},  {"XM instruments", Xm(), 72, 256, true},
+        {"IT orders", It(), 32, 256, false},   {"IT patterns", It(), 38, 256, true},
+        {"IT samples", It(), 36, 256, true},   {"IT instruments", It(), 34, 256, true},
+        {"S3M orders", S3m(), 32, 256, false}, {"S3M patterns", S3m(), 36, 256, true},
+        {"S3M samples", S3m(), 34, 256, true},
+    };
+    for (Count c : counts) {
+        SCOPED_TRACE(c.what);
+        c.file.resize(8000);  // room for every table
+        const auto accepts = [&](unsigned value) {
+            PutWord(c.file, c.at, value);
+            return CheckModuleHeader(c.file).has_value();
+        };
+        EXPECT_EQ(accepts(0), c.mayBeNone);
+        EXPECT_TRUE(accepts(c.most));
+        EXPECT_FALSE(accepts(c.most + 1));
+        EXPECT_FALSE(accepts(0xFFFF));
+    }
+    struct ByteCount {
+        const char* what;
+        File file;
+        std::size_t at;
+        unsigned most;
+    };
+    for (ByteCount c :
+         {ByteCount{"MOD orders", Mod(), 950, 128}, ByteCount{"MTM last order", Mtm(), 27, 127},
+          ByteCount{"MTM channels", Mtm(), 33, 32}}) {
+        SCOPED_TRACE(c.what);
+        c.file[c.at] = static_cast<std::byte>(c.most);
+        EXPECT_TRUE(CheckModuleHeader(c.file));
+        c.file[c.at] = static_cast<std::byte>(c.most + 1);
+        EXPECT_FALSE(CheckModuleHeader(c.file));
+    }
+}
+
+TEST(ModuleHeaderTest, ModSignaturesTellTheChannels) {
+    for (const char* good :
+         {"M.K.", "M!K!", "FLT4", "FLT8", "CD81", "OKTA", "1CHN", "9CHN", "10CH", "64CH"})
+        EXPECT_EQ(CheckModuleHeader(Mod(good)), ModuleFormat::Mod) << good;
+    for (const char* bad : {"0CHN", "00CH", "65CH", "99CH", "M.K!", "xCHN", "CHN4"})
+        EXPECT_FALSE(CheckModuleHeader(Mod(bad))) << bad;
+}
+
+TEST(ModuleHeaderTest, NoOtherFormatAndNoLargerFile) {
+    File file = Xm();
+    file.resize(kMaxModuleBytes);
+    EXPECT_TRUE(CheckModuleHeader(file));
+    file.resize(kMaxModuleBytes + 1);
+    EXPECT_FALSE(CheckModuleHeader(file));
+    for (const char* signature : {"OggS", "RIFF", "MO3", "PSM ", "AMF", "extended module: "}) {
+        File other(2000);
+        PutText(other, 0, signature);
+        EXPECT_FALSE(CheckModuleHeader(other)) << signature;
+    }
+}
+
+}  // namespace
+}  // namespace korvane

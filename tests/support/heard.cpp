@@ -1,0 +1,52 @@
+#include "tests/support/heard.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "platform/headless/headless_host.h"
+#include "tests/support/xm_writer.h"
+
+namespace korvane {
+
+std::vector<std::int16_t> SideOf(const std::vector<std::int16_t>& heard, std::size_t side) {
+    std::vector<std::int16_t> samples;
+    for (std::size_t i = side; i < heard.size(); i += kSoundChannels)
+        samples.push_back(heard[i]);
+    return samples;
+}
+
+int PeakOf(const std::vector<std::int16_t>& heard) {
+    int peak = 0;
+    for (const std::int16_t sample : heard)
+        peak = std::max(peak, std::abs(int{sample}));
+    return peak;
+}
+
+double PitchOf(const std::vector<std::int16_t>& side) {
+    const int threshold = PeakOf(side) / 4;
+    if (threshold == 0) return 0;
+    // A wave is a way from well below zero to well above it.
+    int waves = 0;
+    bool below = false;
+    std::size_t first = 0;
+    std::size_t last = 0;
+    for (std::size_t i = 0; i < side.size(); ++i) {
+        if (side[i] < -threshold) below = true;
+        if (side[i] <= threshold || !below) continue;
+        below = false;
+        if (waves++ == 0) first = i;
+        last = i;
+    }
+    return waves < 2 ? 0 : (waves - 1) * double{kSoundRate} / static_cast<double>(last - first);
+}
+
+int HeardOrder() {
+    Headless().Hear(2 * kSoundBufferFrames);
+    const std::vector<std::int16_t> heard = Headless().Hear(kSoundRate / 5);
+    const double pitch = PitchOf(SideOf(heard, 0));
+    if (pitch == 0) return -1;
+    return static_cast<int>(std::lround(4 * std::log2(pitch / kXmLowestTone)));
+}
+
+}  // namespace korvane
