@@ -3,15 +3,23 @@
 #include <algorithm>
 #include <array>
 
+#include "app/about_dialog.h"
+#include "app/advanced_dialog.h"
 #include "app/display_switch.h"
 #include "app/game_start.h"
+#include "app/level_settings_dialog.h"
 #include "app/main_window.h"
 #include "app/process_state.h"
 #include "app/settings.h"
+#include "app/sfx_dialog.h"
 #include "audio/music_player.h"
 #include "game/game_frame.h"
 #include "gfx/display.h"
+#include "res/about_dialog.h"
+#include "res/advanced_dialog.h"
 #include "res/commands.h"
+#include "res/level_settings_dialog.h"
+#include "res/sfx_dialog.h"
 #include "screens/menu_screen.h"
 
 namespace korvane {
@@ -131,12 +139,34 @@ void ToggleFullScreen(HWND window) {
     PostMessage(window, WM_CLOSE, 0, 0);
 }
 
+// Dialogs. ---------------------------------------------------------------------------------------
+
+void AdvancedSettings(HWND window) {
+    DialogBox(kAdvancedDlg, window, AdvancedDlg);
+}
+
+void LevelSettings(HWND window) {
+    DialogBox(kLevelSettingsDlg, window, LevelSettingsDlg);
+}
+
+void SfxSettings(HWND window) {
+    DialogBox(kSfxDlg, window, SfxDlg);
+}
+
+void About(HWND window) {
+    DialogBox(kAboutDlg, window, AboutDlg);
+}
+
 struct CommandAction {
     Command id;
     void (*run)(HWND window);
 };
 
 constexpr std::array kCommandActions = {
+    CommandAction{kCmdAbout, About},
+    CommandAction{kCmdAdvancedSettings, AdvancedSettings},
+    CommandAction{kCmdLevelSettings, LevelSettings},
+    CommandAction{kCmdSfxSettings, SfxSettings},
     CommandAction{kCmdNewGame, NewGame},
     CommandAction{kCmdOnePlayer, ChooseOnePlayer},
     CommandAction{kCmdTwoPlayers, ChooseTwoPlayers},

@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include "app/advanced_dialog.h"
 #include "app/display_switch.h"
 #include "app/main_window.h"
 #include "app/process_state.h"
@@ -13,6 +14,7 @@
 #include "gfx/display.h"
 #include "platform/kernel.h"
 #include "res/accelerators.h"
+#include "res/advanced_dialog.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
 
@@ -94,7 +96,10 @@ bool StartUp() {
     CreateObjects();
     nextFigureCheat = false;
     theMusic.SetScreenQuiet(MusicScreen::Menu);
-    ShowWindow(mainWindow);
+    // Whoever ends the program in the first dialog does not see its window come up.
+    const bool ending =
+        theSettings.showAdvancedAtStart && DialogBox(kAdvancedDlg, mainWindow, AdvancedDlg) < 0;
+    if (!ending) ShowWindow(mainWindow);
     theMusic.Play();
     lastFrameTick = GetTickCount();
     return true;

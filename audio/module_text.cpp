@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <limits>
 #include <optional>
 #include <vector>
 
+#include "platform/decimal.h"
 #include "platform/host.h"
 
 namespace korvane {
@@ -32,22 +32,6 @@ char ToUpper(char character) {
     return isLower ? static_cast<char>(character - 'a' + 'A') : character;
 }
 
-std::int32_t ToNumber(const std::string& line) {
-    constexpr std::int64_t kMax = std::numeric_limits<std::int32_t>::max();
-    constexpr std::int64_t kMin = std::numeric_limits<std::int32_t>::min();
-    const std::size_t start = line.find_first_not_of(" \t\v\f\r");
-    if (start == std::string::npos) return 0;
-    std::string_view rest = std::string_view(line).substr(start);
-    const bool isNegative = rest.front() == '-';
-    if (isNegative || rest.front() == '+') rest.remove_prefix(1);
-    std::int64_t value = 0;
-    for (const char character : rest) {
-        if (character < '0' || character > '9') break;
-        value = std::min(value * 10 + (character - '0'), kMax + 1);
-    }
-    return static_cast<std::int32_t>(std::clamp(isNegative ? -value : value, kMin, kMax));
-}
-
 struct Keyword {
     std::string_view text;
     void (*store)(ModuleChoice& choice, const std::string& value);
@@ -56,12 +40,12 @@ struct Keyword {
 constexpr Keyword kKeywords[] = {
     {"FILENAME:", [](ModuleChoice& choice, const std::string& value) { choice.fileName = value; }},
     {"MENU START POSITION:",
-     [](ModuleChoice& choice, const std::string& value) { choice.menuPosition = ToNumber(value); }},
+     [](ModuleChoice& choice, const std::string& value) { choice.menuPosition = ReadDecimal(value); }},
     {"GAME START POSITION:",
-     [](ModuleChoice& choice, const std::string& value) { choice.gamePosition = ToNumber(value); }},
+     [](ModuleChoice& choice, const std::string& value) { choice.gamePosition = ReadDecimal(value); }},
     {"HIGH SCORE START POSITION:",
      [](ModuleChoice& choice, const std::string& value) {
-         choice.highScorePosition = ToNumber(value);
+         choice.highScorePosition = ReadDecimal(value);
      }},
 };
 

@@ -39,6 +39,8 @@ class DirectDraw final : public IDirectDraw7 {
                           IDirectDrawSurface7*& surface) override;
     HRESULT CreateClipper(std::uint32_t flags, IDirectDrawClipper*& clipper) override;
     HRESULT RestoreAllSurfaces() override;
+    HRESULT EnumDisplayModes(std::uint32_t flags, const DDSURFACEDESC2* wanted, void* context,
+                             LPDDENUMMODESCALLBACK2 callback) override;
     HRESULT TestCooperativeLevel() override { return TheHost().DisplayState(); }
 
   private:
@@ -131,6 +133,24 @@ HRESULT DirectDraw::CreateClipper(std::uint32_t /*flags*/, IDirectDrawClipper*& 
 HRESULT DirectDraw::RestoreAllSurfaces() {
     for (SurfaceBase* surface : share_->surfaces)
         surface->Restore();
+    return S_OK;
+}
+
+DDSURFACEDESC2 Describe(const DisplayMode& mode) {
+    DDSURFACEDESC2 description;
+    description.flags = DDSD_HEIGHT | DDSD_WIDTH;
+    description.width = static_cast<std::uint32_t>(mode.width);
+    description.height = static_cast<std::uint32_t>(mode.height);
+    description.format = FormatOfDepth(mode.bitsPerPixel);
+    description.refreshRate = static_cast<std::uint32_t>(mode.refreshHz);
+    return description;
+}
+
+HRESULT DirectDraw::EnumDisplayModes(std::uint32_t flags, const DDSURFACEDESC2* wanted,
+                                     void* context, LPDDENUMMODESCALLBACK2 callback) {
+    if (flags != DDEDM_REFRESHRATES || wanted || !callback) return E_INVALIDARG;
+    for (const DisplayMode& mode : TheHost().DisplayModes())
+        if (!callback(Describe(mode), context)) break;
     return S_OK;
 }
 

@@ -36,17 +36,19 @@ inline constexpr std::uint32_t DDBLTFAST_NOCOLORKEY = 0;
 inline constexpr std::uint32_t DDBLTFAST_SRCCOLORKEY = 1;
 inline constexpr std::uint32_t DDCKEY_SRCBLT = 8;
 inline constexpr std::uint32_t DDLOCK_WAIT = 1;
+inline constexpr std::uint32_t DDEDM_REFRESHRATES = 1;
 
 inline constexpr std::uint32_t kSurfaceDescSize = 124;
 inline constexpr std::uint32_t kBltFxSize = 100;
 
-/// A surface as it is asked for, or as it turned out.
+/// A surface as it is asked for or as it turned out, or a display mode.
 struct DDSURFACEDESC2 {
     std::uint32_t size = kSurfaceDescSize;  ///< kSurfaceDescSize; anything else is refused
     std::uint32_t flags = 0;                ///< DDSD_: which of the fields below count
     std::uint32_t width = 0;
     std::uint32_t height = 0;
     std::uint32_t backBufferCount = 0;
+    std::uint32_t refreshRate = 0;  ///< of a display mode, in Hz; 0: unknown
     std::uint32_t caps = 0;        ///< DDSCAPS_
     std::uint32_t pixelFlags = 0;  ///< DDPF_
     PixelFormat format;            ///< bits per pixel and channel masks
@@ -116,6 +118,9 @@ class IDirectDrawSurface7 {
     ~IDirectDrawSurface7() = default;
 };
 
+/// Told one display mode; false ends the enumeration.
+using LPDDENUMMODESCALLBACK2 = bool (*)(const DDSURFACEDESC2& mode, void* context);
+
 /// The display: cooperative level, display mode and the surfaces made for them.
 class IDirectDraw7 {
   public:
@@ -134,6 +139,10 @@ class IDirectDraw7 {
                                   IDirectDrawSurface7*& surface) = 0;
     virtual HRESULT CreateClipper(std::uint32_t flags, IDirectDrawClipper*& clipper) = 0;
     virtual HRESULT RestoreAllSurfaces() = 0;
+    /// Tells all modes that full screen can be asked for, with their refresh rates. `flags` has to
+    /// be DDEDM_REFRESHRATES and `wanted` null.
+    virtual HRESULT EnumDisplayModes(std::uint32_t flags, const DDSURFACEDESC2* wanted,
+                                     void* context, LPDDENUMMODESCALLBACK2 callback) = 0;
     virtual HRESULT TestCooperativeLevel() = 0;
 
   protected:

@@ -32,6 +32,7 @@ enum Command : std::uint16_t {
     kCmdTwoPlayers = 40021,
     kCmdAdvancedSettings = 40024,
     kCmdShowFps = 40025,
+    kCmdLevelSettings = 40026,  ///< for whoever sends it: neither menu nor key does
     kCmdSfxSettings = 40027,
 };
 
