@@ -10,6 +10,7 @@
 #include <set>
 #include <string_view>
 #include <thread>
+#include <tuple>
 
 #include "platform/sdl/heap.h"
 
@@ -77,8 +78,9 @@ SdlHost::SdlHost() : files_(OpenDiskFiles("")), keys_(LayoutSymbols{}) {
 SdlHost::~SdlHost() {
     sound_.Close();
     signals_.reset();  // its thread talks to SDL
-    window_.reset();
-    SDL_Quit();
+    // CloseWindow has left the display. A window that is still open here, or was being closed,
+    // belongs to a display that died: to ask anything of it would wait for ever.
+    std::ignore = window_.release();
 }
 
 // Clock. -----------------------------------------------------------------------------------------
@@ -146,6 +148,7 @@ void SdlHost::CloseWindow() {
     window_.reset();
     fullScreen_ = shown_ = false;
     picture_ = WindowPicture();
+    SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
 
 void SdlHost::ShowWindow(bool visible) {
