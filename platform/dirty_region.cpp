@@ -11,10 +11,6 @@ namespace {
 /// frame list and is sent to the window on its own.
 constexpr std::int64_t kCheapWaste = 1024;
 
-std::int64_t Area(const RECT& rect) {
-    return static_cast<std::int64_t>(rect.Width()) * rect.Height();
-}
-
 RECT Join(const RECT& a, const RECT& b) {
     return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
             std::max(a.bottom, b.bottom)};
@@ -22,7 +18,7 @@ RECT Join(const RECT& a, const RECT& b) {
 
 /// Pixels that the joint rectangle has more than the two apart; negative when they share many.
 std::int64_t Waste(const RECT& a, const RECT& b) {
-    return Area(Join(a, b)) - Area(a) - Area(b);
+    return Join(a, b).PixelCount() - a.PixelCount() - b.PixelCount();
 }
 
 }  // namespace

@@ -16,13 +16,8 @@ constexpr std::size_t kLookAhead = 16;
 /// Stands for the source point of a fill; copies have none left of their picture.
 constexpr POINT kFill = {-1, -1};
 
-/// An operation that hides so many pixels of those before it is worth composing apart: leaving them
-/// out saves more than walking the list for the area's other parts costs.
-constexpr std::int64_t kWorthSplitting = 256 * 256;
-
-std::int64_t PixelCount(const RECT& rect) {
-    return rect.IsEmpty() ? 0 : static_cast<std::int64_t>(rect.Width()) * rect.Height();
-}
+/// Leaving out so many hidden pixels saves more than drawing an operation in parts costs.
+constexpr std::int64_t kWorthHiding = OpaqueRuns::kLeastCore;
 
 /// What `outer` has above, below, left and right of `inner`, which lies within it.
 std::array<RECT, 4> Around(const RECT& inner, const RECT& outer) {
@@ -168,25 +163,46 @@ std::span<const FrameList::Operation> FrameList::AddAreas(std::span<const Operat
     return operations.subspan(count);
 }
 
-void FrameList::ComposeArea(PixelBuffer& target, const RECT& area) const {
+void FrameList::ComposeArea(PixelBuffer& target, const RECT& area) {
     // The frame begins with a fill of everything, so an operation that hides the area is found.
+    covers_.clear();
     std::size_t first = frame_.size();
     for (;;) {
         --first;
-        if (frame_[first].runs != nullptr) continue;
-        const RECT hidden = Intersect(frame_[first].effect.area, area);
+        const RECT hidden = Intersect(HiddenBy(frame_[first]), area);
         if (hidden == area) break;
-        if (PixelCount(hidden) >= kWorthSplitting) {
-            for (const RECT& rest : Around(hidden, area)) {
-                if (!rest.IsEmpty()) ComposeArea(target, rest);
-            }
-            return ComposeArea(target, hidden);
-        }
+        if (hidden.PixelCount() >= kWorthHiding) covers_.push_back({hidden, first});
     }
     for (std::size_t i = first; i < frame_.size(); ++i) {
+        while (!covers_.empty() && covers_.back().operation <= i)
+            covers_.pop_back();
         if (!Touch(frame_[i].effect.area, area)) continue;
-        Draw(target, frame_[i], Intersect(frame_[i].effect.area, area));
+        DrawVisible(target, frame_[i], Intersect(frame_[i].effect.area, area), covers_);
     }
+}
+
+RECT FrameList::HiddenBy(const Operation& operation) {
+    const RECT& area = operation.effect.area;
+    if (operation.runs == nullptr) return area;
+    const RECT& core = operation.runs->Core();
+    const POINT from = operation.effect.from;
+    const POINT shift = {area.left - from.x, area.top - from.y};
+    return Intersect(area, {core.left + shift.x, core.top + shift.y, core.right + shift.x,
+                            core.bottom + shift.y});
+}
+
+void FrameList::DrawVisible(PixelBuffer& target, const Operation& operation, const RECT& clip,
+                            std::span<const Cover> covers) {
+    if (clip.PixelCount() >= kWorthHiding) {
+        for (std::size_t i = 0; i < covers.size(); ++i) {
+            const RECT hidden = Intersect(covers[i].area, clip);
+            if (hidden.PixelCount() < kWorthHiding) continue;
+            for (const RECT& rest : Around(hidden, clip))
+                DrawVisible(target, operation, rest, covers.subspan(i + 1));
+            return;
+        }
+    }
+    if (!clip.IsEmpty()) Draw(target, operation, clip);
 }
 
 void FrameList::Draw(PixelBuffer& target, const Operation& operation, const RECT& clip) {

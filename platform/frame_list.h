@@ -86,6 +86,11 @@ class FrameList {
         /// True when both have the same effect.
         bool operator==(const Operation& other) const;
     };
+    /// What an operation hides of those before it.
+    struct Cover {
+        RECT area;
+        std::size_t operation;
+    };
     struct Skip {
         std::size_t before;
         std::size_t now;
@@ -99,7 +104,12 @@ class FrameList {
     static Skip ToNextAgreement(std::span<const Operation> before, std::span<const Operation> now);
     /// Adds the areas of the first `count` operations to changed_ and returns the rest.
     std::span<const Operation> AddAreas(std::span<const Operation> operations, std::size_t count);
-    void ComposeArea(PixelBuffer& target, const RECT& area) const;
+    /// Draws what the frame shows of an area, without most of what later operations hide.
+    void ComposeArea(PixelBuffer& target, const RECT& area);
+    /// Where nothing drawn before the operation shows through it; a part of that for keyed copies.
+    static RECT HiddenBy(const Operation& operation);
+    static void DrawVisible(PixelBuffer& target, const Operation& operation, const RECT& clip,
+                            std::span<const Cover> covers);
     static void Draw(PixelBuffer& target, const Operation& operation, const RECT& clip);
 
     std::vector<Operation> frame_;  ///< recorded since the last Compose
@@ -108,6 +118,7 @@ class FrameList {
     DirtyRegion drawnOver_;         ///< where later frames were drawn over the picture of shown_
     bool invalid_ = true;           ///< the target does not hold the picture of shown_ at all
     DirtyRegion changed_;
+    std::vector<Cover> covers_;  ///< of the area that is composed, the last operation's first
 };
 
 }  // namespace korvane

@@ -107,6 +107,45 @@ void CopyClipped(const CopyKernels& kernels, const CopyRoute& route,
     kernels.copyBlocks(route, std::span(clipped).first(count));
 }
 
+/// The largest rectangle that ends with the row up to which `heights` counts, for each column, the
+/// opaque pixels upwards. `bottom` is that row's lower edge.
+RECT LargestEndingAt(std::span<const std::int32_t> heights, std::int32_t bottom) {
+    struct Step {
+        std::int32_t left;
+        std::int32_t height;
+    };
+    std::vector<Step> steps;  // rising from left to right: rectangles that may still grow
+    RECT largest;
+    const auto width = static_cast<std::int32_t>(heights.size());
+    for (std::int32_t x = 0; x <= width; ++x) {
+        const std::int32_t height = x < width ? heights[static_cast<std::size_t>(x)] : 0;
+        std::int32_t left = x;
+        while (!steps.empty() && steps.back().height >= height) {
+            left = steps.back().left;
+            const RECT ended = {left, bottom - steps.back().height, x, bottom};
+            if (ended.PixelCount() > largest.PixelCount()) largest = ended;
+            steps.pop_back();
+        }
+        steps.push_back({left, height});
+    }
+    return largest;
+}
+
+RECT LargestOpaque(const PixelBuffer& pixels, std::uint32_t key) {
+    const RECT bounds = pixels.Bounds();
+    std::vector<std::int32_t> heights(static_cast<std::size_t>(bounds.right), 0);
+    RECT largest;
+    for (std::int32_t y = 0; y < bounds.bottom; ++y) {
+        for (std::int32_t x = 0; x < bounds.right; ++x) {
+            std::int32_t& height = heights[static_cast<std::size_t>(x)];
+            height = pixels.Pixel({x, y}) == key ? 0 : height + 1;
+        }
+        const RECT ended = LargestEndingAt(heights, y + 1);
+        if (ended.PixelCount() > largest.PixelCount()) largest = ended;
+    }
+    return largest;
+}
+
 }  // namespace
 
 OpaqueRuns::OpaqueRuns(const PixelBuffer& pixels, std::uint32_t key) : size_(pixels.Size()) {
@@ -124,6 +163,9 @@ OpaqueRuns::OpaqueRuns(const PixelBuffer& pixels, std::uint32_t key) : size_(pix
         }
     }
     firstBlock_.push_back(static_cast<std::uint32_t>(blocks_.size()));
+    if (pixels.Bounds().PixelCount() < kLeastCore) return;
+    const RECT core = LargestOpaque(pixels, key);
+    if (core.PixelCount() >= kLeastCore) core_ = core;
 }
 
 void OpaqueRuns::AddTile(const PixelBuffer& pixels, const RECT& tile, std::uint32_t key) {

@@ -19,6 +19,9 @@ namespace korvane {
 /// picture of the cell's size.
 class OpaqueRuns {
   public:
+    /// The least number of pixels in a core.
+    static constexpr std::int64_t kLeastCore = 128 * 128;
+
     /// Of a picture without pixels.
     OpaqueRuns() = default;
     /// Pixels whose value equals the key are transparent. Of the key only the bits count that a
@@ -32,6 +35,9 @@ class OpaqueRuns {
     SIZE TileSize() const { return {1 << tileShift_.x, 1 << tileShift_.y}; }
     /// The exponents of both.
     POINT TileShift() const { return tileShift_; }
+    /// A large rectangle without a transparent pixel, empty when the picture has none that is worth
+    /// knowing: what lies under it need not be drawn.
+    const RECT& Core() const { return core_; }
     /// The blocks of one tile, from top to bottom, placed from the tile's top left corner.
     std::span<const OpaqueBlock> Blocks(int tileColumn, int tileRow) const;
 
@@ -41,6 +47,7 @@ class OpaqueRuns {
     SIZE size_;
     POINT tileShift_;
     int tileColumns_ = 0;
+    RECT core_;
     std::vector<OpaqueBlock> blocks_;
     /// Index of each tile's first block, row of tiles by row of tiles, and one past the last.
     std::vector<std::uint32_t> firstBlock_;

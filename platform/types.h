@@ -52,6 +52,9 @@ struct RECT {
     constexpr std::int32_t Width() const { return right - left; }
     constexpr std::int32_t Height() const { return bottom - top; }
     constexpr bool IsEmpty() const { return left >= right || top >= bottom; }
+    constexpr std::int64_t PixelCount() const {
+        return IsEmpty() ? 0 : std::int64_t{Width()} * Height();
+    }
 };
 
 /// The part that two rectangles share; empty (but possibly with crossed edges) when none.
