@@ -24,6 +24,8 @@ class Dialog final : public ModalWindow, private ControlParent {
     void End(int result);
     /// Null when there is none of this id.
     Control* Find(std::uint16_t id) const;
+    /// Who has the keyboard; null for nobody.
+    Control* Focus() const { return focus_; }
 
   private:
     enum class FocusBy { Mouse, Keyboard };

@@ -31,6 +31,8 @@ class ModalWindow {
 
     /// It is, perhaps with others over it, all that the window shows.
     bool IsAlone() const { return alone_; }
+    /// Its top left corner in client coordinates, the menu bar included.
+    POINT Corner() const { return corner_; }
     /// True when the event is this one's, and so nobody else's.
     bool Takes(const HostEvent& event);
     /// Hands what looks different to the shown picture.
@@ -64,7 +66,6 @@ class ModalWindow {
     void Arrange();
     /// As near to a point as the picture's edges allow.
     void MoveTo(POINT corner);
-    POINT Corner() const { return corner_; }
     /// To be called when WantsText has changed.
     void UpdateTextInput();
 
