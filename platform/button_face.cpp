@@ -17,9 +17,9 @@ void PaintButton(Canvas& canvas, const RECT& place, const ButtonFace& face) {
     }
     if (face.focused) {
         const RECT dotted = Shrunk(place, 4);
-        canvas.DottedFrame({dotted.left + shift, dotted.top + shift, dotted.right + shift,
-                            dotted.bottom + shift},
-                           kTextColour);
+        canvas.DottedFrame(
+            {dotted.left + shift, dotted.top + shift, dotted.right + shift, dotted.bottom + shift},
+            kTextColour);
     }
     TextLook look;
     look.embossed = !face.enabled;

@@ -41,10 +41,9 @@ void ListBox::Clear() {
 int ListBox::Add(std::string_view text) {
     auto place = entries_.end();
     if (Has(kSorted))
-        place = std::upper_bound(entries_.begin(), entries_.end(), text,
-                                 [](std::string_view a, const std::string* b) {
-                                     return ComesBefore(a, *b);
-                                 });
+        place = std::upper_bound(
+            entries_.begin(), entries_.end(), text,
+            [](std::string_view a, const std::string* b) { return ComesBefore(a, *b); });
     const int entry = static_cast<int>(place - entries_.begin());
     entries_.insert(place, &texts_.emplace_back(text));
     if (selected_ >= entry) ++selected_;
@@ -60,8 +59,7 @@ int ListBox::Find(std::string_view text) const {
 
 void ListBox::Select(int entry) {
     selected_ = entry >= 0 && entry < Count() ? entry : LB_ERR;
-    if (selected_ != LB_ERR)
-        ScrollTo(std::clamp(FirstSeen(), selected_ - Rows() + 1, selected_));
+    if (selected_ != LB_ERR) ScrollTo(std::clamp(FirstSeen(), selected_ - Rows() + 1, selected_));
     Changed();
 }
 
@@ -135,7 +133,8 @@ bool ListBox::OnKeyDown(const HostEvent& event) {
 }
 
 bool ListBox::OnLetter(std::uint8_t key) {
-    if (key >= VK_NUMPAD0 && key <= VK_NUMPAD9) key = static_cast<std::uint8_t>(key - VK_NUMPAD0 + '0');
+    if (key >= VK_NUMPAD0 && key <= VK_NUMPAD9)
+        key = static_cast<std::uint8_t>(key - VK_NUMPAD0 + '0');
     const bool isLetter = (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
     if (!isLetter) return false;
     const char wanted = Lower(static_cast<char>(key));

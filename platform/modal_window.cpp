@@ -38,9 +38,7 @@ std::optional<std::uint32_t> Sooner(std::optional<std::uint32_t> a,
 }  // namespace
 
 ModalWindow::ModalWindow(Window& window, Overlay overlay)
-    : window_(window),
-      overlay_(overlay),
-      alone_(!window.shown && !TheDesktop().fullScreen) {}
+    : window_(window), overlay_(overlay), alone_(!window.shown && !TheDesktop().fullScreen) {}
 
 // From opening to closing. -----------------------------------------------------------------------
 
@@ -151,8 +149,8 @@ bool ModalWindow::OnWindowEvent(const HostEvent& event) {
         case HostEventType::Restored:
             for (ModalWindow* each = this; each; each = each->outer_)
                 each->Arrange();
-            TheShownPicture().Expose({corner_.x, corner_.y, corner_.x + size_.cx,
-                                      corner_.y + size_.cy});
+            TheShownPicture().Expose(
+                {corner_.x, corner_.y, corner_.x + size_.cx, corner_.y + size_.cy});
             return alone_;
         default:
             return alone_;

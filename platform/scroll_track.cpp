@@ -24,7 +24,8 @@ ScrollRange ScrollRange::Within() const {
     ScrollRange within = *this;
     within.max = std::max(min, max);
     const std::int64_t count = std::int64_t{within.max} - min + 1;
-    within.page = static_cast<int>(std::clamp<std::int64_t>(page, 0, std::min<std::int64_t>(count, INT32_MAX)));
+    within.page = static_cast<int>(
+        std::clamp<std::int64_t>(page, 0, std::min<std::int64_t>(count, INT32_MAX)));
     within.position = std::clamp(position, min, within.Highest());
     return within;
 }

@@ -17,7 +17,7 @@ DialogScript::DialogScript(std::vector<std::function<void()>> steps) : steps_(st
             Headless().Push({.type = HostEventType::Terminate});
         }
         // A step that only looks has nothing to wake the program by.
-        Headless().Push({.type = HostEventType::MouseMove, .x = -1, .y = -1});
+        Headless().PushKey(0, /*down=*/false);
     });
 }
 
