@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/window_frame.h"
+
 namespace korvane {
 namespace {
 
-constexpr int kBorder = 3;
-constexpr int kCaptionHeight = 18;
-constexpr int kCaptionPadding = 5;
 constexpr int kMargin = 12;
 constexpr int kIconSize = 32;
 constexpr int kWidestText = 400;
@@ -67,8 +66,8 @@ struct Surroundings {
 Surroundings SurroundingsOf(BoxFrame frame, bool hasIcon) {
     Surroundings around;
     if (frame == BoxFrame::Own) {
-        around.border = kBorder;
-        around.top = kBorder + kCaptionHeight;
+        around.border = kFrameBorder;
+        around.top = kFrameBorder + kFrameCaption;
     }
     if (hasIcon) around.icon = kIconSize + kMargin;
     around.beside = 2 * around.border + 2 * kMargin + around.icon;
@@ -111,7 +110,7 @@ BoxFace LayOutBox(const BoxText& text, BoxFrame frame, SIZE limit, int scale) {
     face.size.cy = around.aboveAndBelow + contentHeight;
 
     const int right = face.size.cx - around.border;
-    if (frame == BoxFrame::Own) face.caption = {around.border, around.border, right, around.top};
+    if (frame == BoxFrame::Own) face.caption = CaptionOf(face.size);
     const int left = around.border + kMargin;
     const int top = around.top + kMargin;
     if (text.errorIcon) face.icon = {left, top, left + kIconSize, top + kIconSize};
@@ -134,44 +133,18 @@ void PaintErrorIcon(Canvas& canvas, const RECT& icon) {
                  4, kLightColour);
 }
 
-/// The button that Return presses: with a black line round it.
-void PaintDefaultButton(Canvas& canvas, const RECT& place, ButtonLook look) {
-    canvas.Frame(place, kTextColour, kTextColour);
-    const RECT inner{place.left + 1, place.top + 1, place.right - 1, place.bottom - 1};
-    canvas.Fill(inner, kFaceColour);
-    const int shift = look == ButtonLook::Down ? 1 : 0;
-    if (look == ButtonLook::Down) {
-        canvas.Frame(inner, kShadowColour, kShadowColour);
-    } else {
-        canvas.DrawBevel(inner, kButtonBevel);
-    }
-    canvas.DottedFrame({place.left + 4 + shift, place.top + 4 + shift, place.right - 4 + shift,
-                        place.bottom - 4 + shift},
-                       kTextColour);
-    const int left = place.left + (place.Width() - TextWidth(kButtonText, canvas.Scale())) / 2;
-    canvas.Text({left + shift, place.top + shift, place.right, place.bottom + shift}, kButtonText,
-                {});
-}
-
 }  // namespace
 
 Canvas PaintBox(const BoxText& text, const BoxFace& face, ButtonLook button, int scale) {
     Canvas canvas(face.size, scale);
     const RECT all{0, 0, face.size.cx, face.size.cy};
     canvas.Fill(all, kFaceColour);
-    if (!face.caption.IsEmpty()) {
-        canvas.DrawBevel(all, kWindowBevel);
-        canvas.Fill(face.caption, kSelectionColour);
-        RECT row = face.caption;
-        row.left += kCaptionPadding;
-        TextLook look;
-        look.colour = kSelectedTextColour;
-        canvas.Text(row, text.caption, look);
-    }
+    if (!face.caption.IsEmpty()) PaintWindowFrame(canvas, text.caption);
     if (!face.icon.IsEmpty()) PaintErrorIcon(canvas, face.icon);
     for (std::size_t i = 0; i < face.lines.size(); ++i)
         canvas.Text(face.rows[i], face.lines[i], {});
-    PaintDefaultButton(canvas, face.button, button);
+    PaintButton(canvas, face.button,
+                {.text = kButtonText, .look = button, .isDefault = true, .focused = true});
     return canvas;
 }
 

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/button_face.h"
 #include "platform/canvas.h"
 #include "platform/types.h"
 
@@ -33,8 +34,6 @@ struct BoxFace {
 /// A box no larger than `limit`, if caption and button fit at all; lines that do not fit are left
 /// out.
 BoxFace LayOutBox(const BoxText& text, BoxFrame frame, SIZE limit, int scale);
-
-enum class ButtonLook { Up, Down };
 
 Canvas PaintBox(const BoxText& text, const BoxFace& face, ButtonLook button, int scale);
 

@@ -5,6 +5,21 @@
 #include "platform/typeface.h"
 
 namespace korvane {
+namespace {
+
+/// A pixel 0xAARRGGBB laid over a colour.
+Colour Blended(Colour below, std::uint32_t above) {
+    const unsigned opacity = above >> 24;
+    Colour blended = 0;
+    for (const int shift : {0, 8, 16}) {
+        const unsigned a = above >> shift & 0xFF;
+        const unsigned b = below >> shift & 0xFF;
+        blended |= (a * opacity + b * (255 - opacity) + 127) / 255 << shift;
+    }
+    return blended;
+}
+
+}  // namespace
 
 int TextWidth(std::string_view utf8, int scale) {
     return (TypefaceOf(scale).Width(utf8) + scale - 1) / scale;
@@ -82,7 +97,20 @@ void Canvas::TextOnce(const RECT& row, POINT offset, std::string_view utf8, Colo
             if (x < pixels_.Size().cx && y < pixels_.Size().cy) pixels_.SetPixel({x, y}, colour);
 }
 
-void Canvas::Disc(const RECT& square, Colour colour) {
+void Canvas::Picture(const RECT& area, const PictureView& picture) {
+    const RECT target = InScreenPixels(area);
+    const RECT part = Intersect(target, pixels_.Bounds());
+    for (int y = part.top; y < part.bottom; ++y) {
+        const int row = (y - target.top) * picture.height / target.Height();
+        for (int x = part.left; x < part.right; ++x) {
+            const int column = (x - target.left) * picture.width / target.Width();
+            const std::uint32_t pixel = picture.pixels[row * picture.pitch + column];
+            pixels_.SetPixel({x, y}, Blended(pixels_.Pixel({x, y}), pixel));
+        }
+    }
+}
+
+void Canvas::Disc(const RECT& square, Colour leftTop, Colour rightBottom) {
     const RECT area = InScreenPixels(square);
     // In half pixels from the centre, so that the disc is even on all sides.
     const int diameter = area.Width();
@@ -91,7 +119,8 @@ void Canvas::Disc(const RECT& square, Colour colour) {
             const int dx = 2 * x + 1 - diameter;
             const int dy = 2 * y + 1 - diameter;
             if (dx * dx + dy * dy <= diameter * diameter)
-                pixels_.SetPixel({area.left + x, area.top + y}, colour);
+                pixels_.SetPixel({area.left + x, area.top + y},
+                                 x + y < diameter ? leftTop : rightBottom);
         }
     }
 }

@@ -34,6 +34,8 @@ struct Bevel {
 inline constexpr Bevel kWindowBevel = {kSoftLightColour, kLightColour, kShadowColour, kDarkColour};
 inline constexpr Bevel kButtonBevel = {kLightColour, kSoftLightColour, kShadowColour, kDarkColour};
 
+inline constexpr Bevel kSunkenBevel = {kShadowColour, kDarkColour, kSoftLightColour, kLightColour};
+
 /// Text of the classic desktop: what is greyed is embossed.
 struct TextLook {
     static constexpr std::size_t kNothing = std::string_view::npos;
@@ -69,8 +71,12 @@ class Canvas {
     void DottedFrame(const RECT& area, Colour colour);
     /// One line of text from the row's left edge, its capitals in the middle of the row's height.
     void Text(const RECT& row, std::string_view utf8, const TextLook& look);
-    /// The largest disc in a square area, and a cross of two strokes in it.
-    void Disc(const RECT& square, Colour colour);
+    /// A picture of 0xAARRGGBB pixels, stretched to an area.
+    void Picture(const RECT& area, const PictureView& picture);
+    /// The largest disc in a square area, its left top half and the other of their own colours.
+    void Disc(const RECT& square, Colour leftTop, Colour rightBottom);
+    void Disc(const RECT& square, Colour colour) { Disc(square, colour, colour); }
+    /// A cross of two strokes in a square area.
     void Cross(const RECT& square, int stroke, Colour colour);
 
   private:

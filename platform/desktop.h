@@ -5,6 +5,7 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -26,11 +27,12 @@ struct Window {
     std::uint32_t style = 0;
     std::uint32_t exStyle = 0;
     std::string title;
+    std::span<const std::uint32_t> icon;  ///< of its class
     std::unique_ptr<Menu> menu;
     bool shown = false;
-    bool hiddenAgain = false;  ///< was seen as a message box alone, and has not been shown since
+    bool hiddenAgain = false;  ///< was seen as a box or dialog alone, and has not been shown since
     bool minimized = false;
-    bool active = false;  ///< has the keyboard, by itself or through its message box
+    bool active = false;  ///< has the keyboard, by itself or through a box or dialog
 };
 
 struct Timer {
@@ -44,7 +46,7 @@ struct QueuedMessage {
     std::uint8_t modifiers = 0;  ///< held when the key was pressed
 };
 
-class MessageBoxWindow;
+class ModalWindow;
 
 /// Everything that the window system of this one-window program remembers.
 struct Desktop {
@@ -56,7 +58,7 @@ struct Desktop {
     std::uint8_t modifiers = 0;       ///< as of the last message taken
     std::bitset<256> heldAsPlainKey;  ///< keys whose press went out as WM_KEYDOWN
     std::optional<SIZE> fullScreen;   ///< size of the picture shown in full screen
-    MessageBoxWindow* box = nullptr;  ///< the one that waits for its answer
+    ModalWindow* modal = nullptr;     ///< the one that has keys and mouse now
 };
 
 Desktop& TheDesktop();

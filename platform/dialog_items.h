@@ -31,6 +31,9 @@ std::string GetDlgItemText(HDLG dialog, std::uint16_t id, std::size_t maxBytes);
 void CheckDlgButton(HDLG dialog, std::uint16_t id, bool checked);
 bool IsDlgButtonChecked(HDLG dialog, std::uint16_t id);
 
+/// How many bytes the user may make of an edit's text; 31 before it is called.
+void Edit_LimitText(HCTL edit, std::size_t maxBytes);
+
 // List boxes. Entries count from 0.
 
 inline constexpr int LB_ERR = -1;

@@ -22,6 +22,7 @@ enum class HostEventType : std::uint8_t {
     LeftButtonDown,  ///< x, y
     LeftButtonUp,    ///< x, y
     Wheel,           ///< x, y; amount in notches, positive away from the user
+    Text,            ///< character; only while AcceptText wants it
     Activated,
     Deactivated,
     Minimized,
@@ -44,6 +45,7 @@ struct HostEvent {
     int x = 0;
     int y = 0;
     int amount = 0;
+    char32_t character = 0;
 };
 
 /// A picture in memory that somebody else owns: 0x00RRGGBB pixels, rows `pitch` pixels apart.
@@ -103,6 +105,14 @@ class Host {
     virtual bool NextEvent(HostEvent& event) = 0;
     /// Blocks until an event waits or the time has passed; no time means without limit.
     virtual void WaitForEvent(std::optional<std::uint32_t> milliseconds) = 0;
+
+    // Text. --------------------------------------------------------------------------------------
+    /// Whether typing is text: it then also comes as Text events, through an input method if there
+    /// is one. At the start it is not, and no input method takes keys away.
+    virtual void AcceptText(bool accept) = 0;
+    /// The desktop's clipboard as UTF-8, empty when it holds no text.
+    virtual std::string ClipboardText() = 0;
+    virtual void SetClipboardText(const std::string& utf8) = 0;
 
     // Picture out. -------------------------------------------------------------------------------
     /// Full screen shows a picture of the given size at the largest whole-number scale that fits,

@@ -1,5 +1,5 @@
 #include "platform/desktop.h"
-#include "platform/message_box.h"
+#include "platform/modal_window.h"
 #include "platform/shown_picture.h"
 
 namespace korvane {
@@ -36,7 +36,7 @@ void OnLeftButtonDown(const HostEvent& event) {
 }
 
 void OnActivation(Window& window, bool active) {
-    // The keyboard was the message box's that stood alone in the window.
+    // The keyboard belonged to what stood alone in the window.
     if (window.hiddenAgain) return;
     window.active = active;
     const int low = static_cast<int>(active ? WA_ACTIVE : WA_INACTIVE);
@@ -86,6 +86,7 @@ void OnHostEvent(Window& window, const HostEvent& event) {
         case HostEventType::MouseMove:
         case HostEventType::LeftButtonUp:
         case HostEventType::Wheel:
+        case HostEventType::Text:
             return;
     }
 }
@@ -95,14 +96,19 @@ void OnHostEvent(Window& window, const HostEvent& event) {
 void TakeHostEvents() {
     Desktop& desktop = TheDesktop();
     HostEvent event;
-    while (desktop.queue.empty() && TheHost().NextEvent(event)) {
+    // What comes after a dialog's end is no longer the dialog's.
+    const auto mayTake = [&] {
+        return desktop.queue.empty() && (!desktop.modal || desktop.modal->IsOpen());
+    };
+    while (mayTake() && TheHost().NextEvent(event)) {
         if (!desktop.window) continue;
-        const bool taken = desktop.box ? desktop.box->Takes(event) : MenuTakes(event);
+        const bool taken = desktop.modal ? desktop.modal->Takes(event) : MenuTakes(event);
         if (!taken) OnHostEvent(*desktop.window, event);
     }
     if (!desktop.window) return;
     RefreshMenu();
-    if (desktop.window->shown || desktop.box) TheShownPicture().Update();
+    if (desktop.modal) desktop.modal->Refresh();
+    if (desktop.window->shown || desktop.modal) TheShownPicture().Update();
 }
 
 }  // namespace korvane

@@ -8,11 +8,6 @@
 namespace korvane {
 namespace {
 
-bool Contains(const RECT& area, POINT point) {
-    return point.x >= area.left && point.x < area.right && point.y >= area.top &&
-           point.y < area.bottom;
-}
-
 std::size_t IndexAt(const std::vector<RECT>& areas, POINT point) {
     for (std::size_t i = 0; i < areas.size(); ++i)
         if (Contains(areas[i], point)) return i;

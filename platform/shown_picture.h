@@ -13,9 +13,9 @@
 namespace korvane {
 
 /// What the layer itself draws over the game's picture, from bottom to top.
-enum class Overlay : std::size_t { Bar, Popup, Box };
+enum class Overlay : std::size_t { Bar, Popup, Dialog, Box };
 
-inline constexpr std::size_t kOverlayCount = 3;
+inline constexpr std::size_t kOverlayCount = 4;
 
 /// What the window shows: the game's picture, and the layer's own pictures over it.
 ///

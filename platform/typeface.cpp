@@ -5,11 +5,12 @@
 
 #include <map>
 
+#include "platform/utf8.h"
+
 namespace korvane {
 namespace {
 
 constexpr int kPixelSize = 13;
-constexpr char32_t kReplacement = 0xFFFD;
 
 /// Where the usual distributions put the face.
 constexpr const char* kFontFiles[] = {
@@ -17,30 +18,6 @@ constexpr const char* kFontFiles[] = {
     "/usr/share/fonts/dejavu-sans-fonts/DejaVuSans.ttf",
     "/usr/share/fonts/TTF/DejaVuSans.ttf",
 };
-
-/// Bytes of the sequence that a first byte announces, 0 for a byte that begins none.
-std::size_t SequenceLength(unsigned char first) {
-    if (first < 0x80) return 1;
-    if (first >= 0xC2 && first < 0xE0) return 2;
-    if (first >= 0xE0 && first < 0xF0) return 3;
-    if (first >= 0xF0 && first < 0xF5) return 4;
-    return 0;
-}
-
-/// Takes the first character off a text that is not empty.
-char32_t TakeCharacter(std::string_view& utf8) {
-    const auto first = static_cast<unsigned char>(utf8.front());
-    const std::size_t length = SequenceLength(first);
-    char32_t character = length == 1 ? first : first & (0x7Fu >> length);
-    bool whole = length != 0 && length <= utf8.size();
-    for (std::size_t i = 1; whole && i < length; ++i) {
-        const auto next = static_cast<unsigned char>(utf8[i]);
-        whole = (next & 0xC0) == 0x80;
-        character = character << 6 | (next & 0x3F);
-    }
-    utf8.remove_prefix(whole ? length : 1);
-    return whole ? character : kReplacement;
-}
 
 }  // namespace
 

@@ -63,6 +63,16 @@ constexpr RECT Intersect(const RECT& a, const RECT& b) {
             a.right < b.right ? a.right : b.right, a.bottom < b.bottom ? a.bottom : b.bottom};
 }
 
+/// A rectangle inside another, so many pixels from its edges.
+constexpr RECT Shrunk(const RECT& area, int by) {
+    return {area.left + by, area.top + by, area.right - by, area.bottom - by};
+}
+
+constexpr bool Contains(const RECT& area, POINT point) {
+    return point.x >= area.left && point.x < area.right && point.y >= area.top &&
+           point.y < area.bottom;
+}
+
 /// A colour as 0x00BBGGRR.
 using COLORREF = std::uint32_t;
 

@@ -8,7 +8,7 @@
 #include "platform/desktop.h"
 #include "platform/full_screen.h"
 #include "platform/host.h"
-#include "platform/message_box.h"
+#include "platform/modal_window.h"
 #include "platform/shown_picture.h"
 
 namespace korvane {
@@ -80,6 +80,7 @@ HWND CreateWindowEx(std::uint32_t exStyle, const std::string& className, const s
     window->style = style;
     window->exStyle = exStyle;
     window->title = title;
+    window->icon = known->icon;
     if (!known->menu.empty()) window->menu = LoadMenu(known->menu);
     const SIZE outer = WithinTrackSizes(window, size);
     if (!TheHost().OpenWindow(title, ClientSizeOf(style, outer))) {
@@ -98,7 +99,7 @@ bool DestroyWindow(HWND window) {
     SendMessage(window, WM_DESTROY, 0, 0);
     desktop.queue.clear();
     desktop.timers.clear();
-    if (desktop.box) desktop.box->Close();
+    if (desktop.modal) desktop.modal->CloseAll();
     desktop.window.reset();
     desktop.heldAsPlainKey.reset();
     ResetMenuBar();

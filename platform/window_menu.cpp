@@ -2,7 +2,7 @@
 
 #include "platform/desktop.h"
 #include "platform/menu_bar.h"
-#include "platform/message_box.h"
+#include "platform/modal_window.h"
 #include "platform/shown_picture.h"
 
 namespace korvane {
@@ -40,7 +40,7 @@ bool IsGreyedInMenu(HWND window, std::uint16_t command) {
 int ShownMenuBarHeight() {
     const Desktop& desktop = TheDesktop();
     const bool hasMenu = desktop.window && desktop.window->menu;
-    const bool hidden = desktop.fullScreen || (desktop.box && desktop.box->IsAlone());
+    const bool hidden = desktop.fullScreen || (desktop.modal && desktop.modal->IsAlone());
     return hasMenu && !hidden ? kMenuBarHeight : 0;
 }
 

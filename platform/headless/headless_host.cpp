@@ -53,6 +53,18 @@ void HeadlessHost::PushKey(std::uint8_t key, bool down, std::uint8_t modifiers) 
     Push(event);
 }
 
+void HeadlessHost::PushText(std::u32string_view text) {
+    for (const char32_t character : text)
+        Push({.type = HostEventType::Text, .character = character});
+}
+
+void HeadlessHost::PushLater(std::uint32_t milliseconds, const HostEvent& event) {
+    const std::uint32_t due = milliseconds_ + milliseconds;
+    const auto next = std::ranges::find_if(
+        later_, [&](const LaterEvent& later) { return later.due - milliseconds_ > milliseconds; });
+    later_.insert(next, {due, event});
+}
+
 SIZE HeadlessHost::PictureSize() const {
     return {clientSize_.cx * ShownScale(), clientSize_.cy * ShownScale()};
 }
@@ -119,14 +131,23 @@ RECT HeadlessHost::ClientArea() {
 }
 
 bool HeadlessHost::NextEvent(HostEvent& event) {
-    if (events_.empty()) return false;
-    event = events_.front();
-    events_.pop_front();
-    return true;
+    while (!events_.empty()) {
+        event = events_.front();
+        events_.pop_front();
+        if (event.type != HostEventType::Text || acceptsText_) return true;
+    }
+    return false;
 }
 
 void HeadlessHost::WaitForEvent(std::optional<std::uint32_t> milliseconds) {
     if (!events_.empty()) return;
+    const std::uint32_t toNext = later_.empty() ? 0 : later_.front().due - milliseconds_;
+    if (!later_.empty() && (!milliseconds || toNext <= *milliseconds)) {
+        Advance(toNext);
+        Push(later_.front().event);
+        later_.pop_front();
+        return;
+    }
     if (milliseconds) {
         Advance(*milliseconds);
         return;

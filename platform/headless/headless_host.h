@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/host.h"
@@ -34,6 +35,10 @@ class HeadlessHost final : public Host {
     void UseFolder(const std::string& folder);
     void Push(const HostEvent& event) { events_.push_back(event); }
     void PushKey(std::uint8_t key, bool down, std::uint8_t modifiers = 0);
+    /// Typing: one Text event for each character; the program gets those that it accepts.
+    void PushText(std::u32string_view text);
+    /// An event that comes when the program has waited so many milliseconds from now.
+    void PushLater(std::uint32_t milliseconds, const HostEvent& event);
     /// Called when the program waits without limit and no event waits; it must push one (a program
     /// that nobody can wake again is a fault and ends the process).
     void WhenWaiting(std::function<void()> wake) { wake_ = std::move(wake); }
@@ -48,6 +53,7 @@ class HeadlessHost final : public Host {
     bool IsFullScreen() const { return fullScreen_; }
     bool IsVisible() const { return visible_; }
     bool IsOpen() const { return open_; }
+    bool AcceptsText() const { return acceptsText_; }
     const std::vector<std::string>& Reports() const { return reports_; }
     /// Plays for so many frames, a device's buffer at a time; returns the interleaved stereo
     /// samples that were heard. Silence while there is no device or it is lost.
@@ -93,6 +99,9 @@ class HeadlessHost final : public Host {
     int Scale() override { return scale_; }
     bool NextEvent(HostEvent& event) override;
     void WaitForEvent(std::optional<std::uint32_t> milliseconds) override;
+    void AcceptText(bool accept) override { acceptsText_ = accept; }
+    std::string ClipboardText() override { return clipboard_; }
+    void SetClipboardText(const std::string& utf8) override { clipboard_ = utf8; }
     bool EnterFullScreen(SIZE pictureSize) override;
     void LeaveFullScreen() override;
     std::vector<DisplayMode> DisplayModes() override { return modes_; }
@@ -116,7 +125,15 @@ class HeadlessHost final : public Host {
     std::uint32_t milliseconds_ = 0;
     std::uint64_t counterFrequency_ = 1'000'000;
     std::int64_t unixSeconds_ = 1'000'000'000;
+    struct LaterEvent {
+        std::uint32_t due = 0;
+        HostEvent event;
+    };
+
     std::deque<HostEvent> events_;
+    std::deque<LaterEvent> later_;  ///< in the order of their times
+    bool acceptsText_ = false;
+    std::string clipboard_;
     std::function<void()> wake_;
     std::unique_ptr<Files> files_;
 

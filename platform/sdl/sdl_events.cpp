@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/sdl/sdl_host.h"
+#include "platform/utf8.h"
 
 namespace korvane {
 namespace {
@@ -70,6 +71,8 @@ void SdlHost::Translate(const SDL_Event& event) {
         case SDL_KEYDOWN:
         case SDL_KEYUP:
             return OnKey(event.key);
+        case SDL_TEXTINPUT:
+            return OnText(event.text.text);
         case SDL_KEYMAPCHANGED:
             return ReadKeyboardLayout();
         case SDL_MOUSEMOTION:
@@ -131,6 +134,11 @@ void SdlHost::OnKey(const SDL_KeyboardEvent& event) {
                         .key = code,
                         .modifiers = ModifiersOf(key.mod),
                         .repeat = event.repeat != 0});
+}
+
+void SdlHost::OnText(std::string_view utf8) {
+    while (!utf8.empty())
+        pending_.push_back({.type = HostEventType::Text, .character = TakeCharacter(utf8)});
 }
 
 void SdlHost::PushMouse(HostEventType type, int x, int y, int amount) {

@@ -247,6 +247,22 @@ void SdlHost::PlaceWindow(const SDL_Rect& area) {
     if (now.x != area.x || now.y != area.y) SDL_SetWindowPosition(window_.get(), area.x, area.y);
 }
 
+// Text. ------------------------------------------------------------------------------------------
+
+void SdlHost::AcceptText(bool accept) {
+    if (SDL_WasInit(SDL_INIT_VIDEO) == 0 || (SDL_IsTextInputActive() == SDL_TRUE) == accept) return;
+    accept ? SDL_StartTextInput() : SDL_StopTextInput();
+}
+
+std::string SdlHost::ClipboardText() {
+    const std::unique_ptr<char, decltype(&SDL_free)> text(SDL_GetClipboardText(), SDL_free);
+    return text ? text.get() : "";
+}
+
+void SdlHost::SetClipboardText(const std::string& utf8) {
+    SDL_SetClipboardText(utf8.c_str());
+}
+
 // Picture out. -----------------------------------------------------------------------------------
 
 bool SdlHost::EnterFullScreen(SIZE pictureSize) {

@@ -10,6 +10,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/host.h"
@@ -53,6 +54,10 @@ class SdlHost final : public Host {
     bool NextEvent(HostEvent& event) override;
     void WaitForEvent(std::optional<std::uint32_t> milliseconds) override;
 
+    void AcceptText(bool accept) override;
+    std::string ClipboardText() override;
+    void SetClipboardText(const std::string& utf8) override;
+
     bool EnterFullScreen(SIZE pictureSize) override;
     void LeaveFullScreen() override;
     std::vector<DisplayMode> DisplayModes() override;
@@ -88,6 +93,7 @@ class SdlHost final : public Host {
     void Translate(const SDL_Event& event);
     void OnWindowEvent(const SDL_WindowEvent& event);
     void OnKey(const SDL_KeyboardEvent& event);
+    void OnText(std::string_view utf8);
     void PushMouse(HostEventType type, int x, int y, int amount = 0);
     void Push(HostEventType type) { pending_.push_back({.type = type}); }
     void ReadKeyboardLayout();
