@@ -16,8 +16,8 @@ inline constexpr std::array kSfxDlgItems = {
     DLGITEMTEMPLATE{kItemSfxRowsDone, ControlKind::CheckBox, "Rows done", {14, 44, 114, 10}},
     DLGITEMTEMPLATE{kItemSfxRotate, ControlKind::CheckBox, "Rotate", {14, 54, 114, 10}},
     DLGITEMTEMPLATE{kItemSfxEnabled, ControlKind::CheckBox, "Enabled", {7, 70, 44, 10}},
-    DLGITEMTEMPLATE{IDOK, ControlKind::PushButton, "OK", {54, 69, 38, 14}, kDefaultButton},
-    DLGITEMTEMPLATE{IDCANCEL, ControlKind::PushButton, "Cancel", {96, 69, 38, 14}},
+    DLGITEMTEMPLATE{IDOK, ControlKind::PushButton, "OK", {58, 69, 36, 14}, kDefaultButton},
+    DLGITEMTEMPLATE{IDCANCEL, ControlKind::PushButton, "Cancel", {98, 69, 36, 14}},
 };
 
 inline constexpr DLGTEMPLATE kSfxDlg = {"Sfx Settings", "MS Sans Serif", 141, 87, kSfxDlgItems};
