@@ -1,6 +1,8 @@
 #include "platform/canvas.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 #include "platform/typeface.h"
 
@@ -42,16 +44,18 @@ void Canvas::Paste(const Canvas& canvas, POINT at) {
     const SIZE size = canvas.pixels_.Size();
     const RECT part =
         Intersect({corner.x, corner.y, corner.x + size.cx, corner.y + size.cy}, pixels_.Bounds());
+    if (part.IsEmpty()) return;
+    const auto bytes = static_cast<std::size_t>(part.Width()) * sizeof(Colour);
     for (int y = part.top; y < part.bottom; ++y)
-        for (int x = part.left; x < part.right; ++x)
-            pixels_.SetPixel({x, y}, canvas.pixels_.Pixel({x - corner.x, y - corner.y}));
+        std::memcpy(pixels_.At({part.left, y}),
+                    canvas.pixels_.At({part.left - corner.x, y - corner.y}), bytes);
 }
 
 void Canvas::Fill(const RECT& area, Colour colour) {
     const RECT part = Intersect(InScreenPixels(area), pixels_.Bounds());
+    if (part.IsEmpty()) return;
     for (int y = part.top; y < part.bottom; ++y)
-        for (int x = part.left; x < part.right; ++x)
-            pixels_.SetPixel({x, y}, colour);
+        std::fill_n(reinterpret_cast<Colour*>(pixels_.At({part.left, y})), part.Width(), colour);
 }
 
 void Canvas::Frame(const RECT& area, Colour leftTop, Colour rightBottom) {

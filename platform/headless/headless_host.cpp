@@ -207,7 +207,16 @@ void HeadlessHost::CopyPart(const PictureView& picture, const RECT& place, const
     const RECT shown = Intersect(
         {stretchX(part.left), stretchY(part.top), stretchX(part.right), stretchY(part.bottom)},
         {0, 0, size.cx, size.cy});
+    const bool isWide = place.Width() == picture.width;
     for (int y = shown.top; y < shown.bottom; ++y) {
+        if (isWide && shown.left < shown.right) {
+            const int row = (y - place.top) * picture.height / place.Height();
+            std::copy_n(picture.pixels + static_cast<std::ptrdiff_t>(row) * picture.pitch +
+                            shown.left - place.left,
+                        shown.right - shown.left,
+                        picture_.begin() + static_cast<std::ptrdiff_t>(y) * size.cx + shown.left);
+            continue;
+        }
         for (int x = shown.left; x < shown.right; ++x) {
             const int sourceX = (x - place.left) * picture.width / place.Width();
             const int sourceY = (y - place.top) * picture.height / place.Height();
