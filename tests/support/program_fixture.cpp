@@ -26,6 +26,7 @@ void ProgramFixture::SetUp() {
     WriteTestAudio(folder, "Original");
     folder.Write("data/other", {});
     theSettings.SetDefaults();
+    theSettings.showAdvancedAtStart = false;
     theSettings.scrollingPieces = false;
     theSettings.dropDelayMs = 0;
     keyBindings.ResetToDefaults();
