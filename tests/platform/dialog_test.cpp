@@ -166,6 +166,10 @@ TEST_F(DialogTest, KeyboardMovesFocusChecksAndPresses) {
                 PressKeys({key}, modifiers);
         };
     };
+    const auto sFromFour = [] {
+        PressKeys({VK_TAB, VK_TAB});
+        PressKeys({'S'}, kModAlt);
+    };
     const Case cases[] = {
         {"first focus", keys({}), kList, "0100", {}},
         {"Tab to the checked one", keys({VK_TAB, VK_TAB}), kFour, "0100", {}},
@@ -175,7 +179,7 @@ TEST_F(DialogTest, KeyboardMovesFocusChecksAndPresses) {
         {"arrow wraps", keys({VK_TAB, VK_TAB, VK_DOWN, VK_DOWN}), kTwo, "1000", {}},
         {"back", keys({VK_TAB, VK_TAB, VK_UP}), kTwo, "1000", {}},
         {"Space checks", keys({VK_TAB, VK_TAB, VK_TAB, VK_SPACE}), kLonely, "0101", {}},
-        {"Alt+letter of a group box", keys({VK_TAB, VK_TAB}), kFour, "0100", {}},
+        {"Alt+letter of a group box", sFromFour, kList, "0100", {}},
         {"Alt+letter of a text", keys({'L'}, kModAlt), kBar, "0100", {}},
         {"Alt+digit", keys({'2'}, kModAlt), kTwo, "1000", {}},
         {"no bare letter on a list", keys({'L'}), kList, "0100", {}},
@@ -192,6 +196,26 @@ TEST_F(DialogTest, KeyboardMovesFocusChecksAndPresses) {
                                  }});
         EXPECT_EQ(result, IDCANCEL) << c.way;
     }
+}
+
+TEST_F(DialogTest, FocusIsTheProgramsChoiceAndLeavesWhatIsDisabled) {
+    Start();
+    chooseFocus_ = false;
+    Show({[] {
+              EXPECT_EQ(FocusedId(), 0);
+              PressKeys({VK_TAB});
+          },
+          [] {
+              EXPECT_EQ(FocusedId(), kList);
+              EnableWindow(GetDlgItem(ShownDialog(), kList), false);
+              EXPECT_EQ(FocusedId(), kBar);
+              PressKeys({VK_TAB}, kModShift);
+          },
+          [] {
+              EXPECT_EQ(FocusedId(), kHelp);
+              PressKeys({VK_ESCAPE});
+          }});
+    chooseFocus_ = true;
 }
 
 TEST_F(DialogTest, WhatEndsIt) {
