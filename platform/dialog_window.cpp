@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/desktop.h"
+#include "platform/window_frame.h"
 
 namespace korvane {
 namespace {

@@ -10,7 +10,6 @@
 #include "platform/dialog.h"
 #include "platform/modal_window.h"
 #include "platform/push_controls.h"
-#include "platform/window_frame.h"
 
 namespace korvane {
 

@@ -188,7 +188,8 @@ void ModalWindow::MoveTo(POINT corner) {
 }
 
 void ModalWindow::Refresh() {
-    if (outer_) outer_->Refresh();
+    // One of the same kind has lent its place, and gets it back at the end.
+    if (outer_ && outer_->overlay_ != overlay_) outer_->Refresh();
     if (std::exchange(changed_, false)) TheShownPicture().Put(overlay_, Paint(scale_), corner_);
 }
 

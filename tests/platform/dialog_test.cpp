@@ -166,16 +166,26 @@ TEST_F(DialogTest, KeyboardMovesFocusChecksAndPresses) {
                 PressKeys({key}, modifiers);
         };
     };
+    const auto tabFromUnchecked = [] {
+        MouseAt(LeftButtonDown, CentreOfItem(kTwo));
+        MouseAt(LeftButtonUp, {0, 0});
+        PressKeys({VK_TAB});
+    };
+    const auto sFromFour = [] {
+        PressKeys({VK_TAB, VK_TAB});
+        PressKeys({'S'}, kModAlt);
+    };
     const Case cases[] = {
         {"first focus", keys({}), kList, "0100", {}},
         {"Tab to the checked one", keys({VK_TAB, VK_TAB}), kFour, "0100", {}},
         {"a group is one stop", keys({VK_TAB, VK_TAB, VK_TAB}), kLonely, "0100", {}},
+        {"also left from its other buttons", tabFromUnchecked, kLonely, "0100", {}},
         {"Shift+Tab wraps", keys({VK_TAB}, kModShift), kHelp, "0100", {}},
         {"arrow checks", keys({VK_TAB, VK_TAB, VK_RIGHT}), kEight, "0010", {}},
         {"arrow wraps", keys({VK_TAB, VK_TAB, VK_DOWN, VK_DOWN}), kTwo, "1000", {}},
         {"back", keys({VK_TAB, VK_TAB, VK_UP}), kTwo, "1000", {}},
         {"Space checks", keys({VK_TAB, VK_TAB, VK_TAB, VK_SPACE}), kLonely, "0101", {}},
-        {"Alt+letter of a group box", keys({VK_TAB, VK_TAB}), kFour, "0100", {}},
+        {"Alt+letter of a group box", sFromFour, kList, "0100", {}},
         {"Alt+letter of a text", keys({'L'}, kModAlt), kBar, "0100", {}},
         {"Alt+digit", keys({'2'}, kModAlt), kTwo, "1000", {}},
         {"no bare letter on a list", keys({'L'}), kList, "0100", {}},
@@ -192,6 +202,26 @@ TEST_F(DialogTest, KeyboardMovesFocusChecksAndPresses) {
                                  }});
         EXPECT_EQ(result, IDCANCEL) << c.way;
     }
+}
+
+TEST_F(DialogTest, FocusIsTheProgramsChoiceAndLeavesWhatIsDisabled) {
+    Start();
+    chooseFocus_ = false;
+    Show({[] {
+              EXPECT_EQ(FocusedId(), 0);
+              PressKeys({VK_TAB});
+          },
+          [] {
+              EXPECT_EQ(FocusedId(), kList);
+              EnableWindow(GetDlgItem(ShownDialog(), kList), false);
+              EXPECT_EQ(FocusedId(), kBar);
+              PressKeys({VK_TAB}, kModShift);
+          },
+          [] {
+              EXPECT_EQ(FocusedId(), kHelp);
+              PressKeys({VK_ESCAPE});
+          }});
+    chooseFocus_ = true;
 }
 
 TEST_F(DialogTest, WhatEndsIt) {
@@ -288,7 +318,7 @@ TEST_F(DialogTest, TheOwnerRestsMeanwhile) {
           },
           [] {
               EXPECT_EQ(FocusedId(), kHelp);
-              PressKeys({VK_ESCAPE});
+              PressKeys({VK_ESCAPE, 'Q'});
           }});
     EXPECT_EQ(asked_, (std::vector<int>{kHelp, IDCANCEL}));
     EXPECT_EQ(Headless().Picture(), before) << "nothing of it is left";
@@ -298,6 +328,8 @@ TEST_F(DialogTest, TheOwnerRestsMeanwhile) {
     for (const MSG& message : Received(WM_ACTIVATE))
         activations.push_back(LOWORD(message.wParam));
     EXPECT_EQ(activations, (std::vector<WPARAM>{WA_INACTIVE, WA_ACTIVE}));
+    Push({});
+    EXPECT_EQ(Count(WM_KEYDOWN), 1u) << "what came after it is the program's";
 }
 
 TEST_F(DialogTest, AloneInTheWindow) {
