@@ -84,7 +84,7 @@ void MusicPlayer::Resume() {
 void MusicPlayer::SetScreen(MusicScreen screen) {
     if (!loaded_ || screen == screen_) return;
     screen_ = screen;
-    if (module_ == 0 || !theSettings.music) return;
+    if (module_ == 0 || !theSettings.music || screen > MusicScreen::HighScores) return;
     Start(module_, Position());
     playing_ = true;
 }

@@ -30,7 +30,7 @@ class MusicPlayer {
     void Resume();
     /// Another screen starts the music at its position, a negative one as it stands (the library
     /// then plays on from where it is); the same screen changes nothing. While the music is
-    /// switched off the screen is only noted.
+    /// switched off the screen is only noted, and so is one without a position of its own.
     void SetScreen(MusicScreen screen);
     /// Notes the screen without playing.
     void SetScreenQuiet(MusicScreen screen) { screen_ = screen; }

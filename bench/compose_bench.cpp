@@ -12,6 +12,7 @@
 #include "bench/recorded_frame.h"
 #include "bench/sample_frame.h"
 #include "bench/sdl_drawer.h"
+#include "bench/sound_bench.h"
 
 namespace korvane::bench {
 namespace {
@@ -177,6 +178,7 @@ void RegisterAll(const Samples& samples, GameMatch& match) {
 }  // namespace korvane::bench
 
 int main(int argc, char** argv) {
+    korvane::bench::RegisterSoundBenchmarks();
     const korvane::bench::Samples samples;
     korvane::bench::GameMatch match;
     korvane::bench::RegisterAll(samples, match);

@@ -42,6 +42,10 @@ AudioLibrary& Library() {
     return *library;
 }
 
+void Note(const SoundCall& call) {
+    TheHost().NoteSoundCall(call);
+}
+
 bool Fail(AudioError error) {
     Library().error = error;
     return false;
@@ -80,6 +84,29 @@ Result LoadFile(const std::string& path, std::size_t cap, Load load) {
     return {};
 }
 
+void Close() {
+    AudioLibrary& library = Library();
+    if (library.open) TheHost().CloseSound();
+    library.open = false;
+    library.mixer.StopAll();
+    library.music.clear();
+    library.samples.clear();
+}
+
+/// Ends a module, a playback or all playbacks of a sample.
+bool Stop(std::uint32_t handle) {
+    AudioLibrary& library = Library();
+    if (const auto sample = library.samples.find(handle); sample != library.samples.end()) {
+        library.mixer.StopSample(*sample->second.sample);
+        return true;
+    }
+    if (library.mixer.IsChannelSounding(handle)) {
+        library.mixer.StopChannel(handle);
+        return true;
+    }
+    return ChangeMusic(handle, [&](MusicStream& stream) { library.mixer.StopMusic(stream); });
+}
+
 /// Where a start at a position begins; nothing for where the music stands.
 std::optional<int> StartOrder(const MusicStream& stream, std::int32_t position) {
     if (position < 0) return std::nullopt;
@@ -99,7 +126,8 @@ int BASS_ErrorGetCode() {
 // Device. ----------------------------------------------------------------------------------------
 
 int BASS_Init(int /*device*/, std::uint32_t /*rate*/, std::uint32_t /*flags*/, HWND /*window*/) {
-    BASS_Free();
+    Note({.function = __func__});
+    Close();
     AudioLibrary& library = Library();
     library.open = TheHost().OpenSound(library.mixer);
     if (!library.open) Fail(kAudioDevice);
@@ -107,27 +135,26 @@ int BASS_Init(int /*device*/, std::uint32_t /*rate*/, std::uint32_t /*flags*/, H
 }
 
 bool BASS_Start() {
+    Note({.function = __func__});
     return Library().open || Fail(kAudioDevice);
 }
 
 bool BASS_Stop() {
+    Note({.function = __func__});
     Library().mixer.StopAll();
     return Library().open || Fail(kAudioDevice);
 }
 
 void BASS_Free() {
-    AudioLibrary& library = Library();
-    if (library.open) TheHost().CloseSound();
-    library.open = false;
-    library.mixer.StopAll();
-    library.music.clear();
-    library.samples.clear();
+    Note({.function = __func__});
+    Close();
 }
 
 // Music. -----------------------------------------------------------------------------------------
 
 HMUSIC BASS_MusicLoad(bool /*fromMemory*/, const std::string& path, std::uint32_t /*offset*/,
                       std::uint32_t /*length*/, std::uint32_t /*flags*/) {
+    Note({.function = __func__, .path = path});
     std::shared_ptr<MusicStream> stream = LoadFile(path, kMaxModuleBytes, OpenModule);
     if (!stream) return 0;
     AudioLibrary& library = Library();
@@ -137,12 +164,14 @@ HMUSIC BASS_MusicLoad(bool /*fromMemory*/, const std::string& path, std::uint32_
 
 bool BASS_MusicPlayEx(HMUSIC music, std::int32_t position, std::uint32_t /*flags*/,
                       bool /*reset*/) {
+    Note({.function = __func__, .handle = music, .position = position});
     const std::shared_ptr<MusicStream> stream = FindMusic(music);
     if (!stream) return Fail(kAudioHandle);
     return Library().mixer.StartMusic(stream, StartOrder(*stream, position)) || Fail(kAudioSlow);
 }
 
 void BASS_MusicFree(HMUSIC music) {
+    Note({.function = __func__, .handle = music});
     ChangeMusic(music, [](MusicStream& stream) { Library().mixer.StopMusic(stream); });
     Library().music.erase(music);
 }
@@ -151,6 +180,7 @@ void BASS_MusicFree(HMUSIC music) {
 
 HSAMPLE BASS_SampleLoad(bool /*fromMemory*/, const std::string& path, std::uint32_t /*offset*/,
                         std::uint32_t /*length*/, std::uint32_t limit, std::uint32_t /*flags*/) {
+    Note({.function = __func__, .path = path});
     std::optional<Sample> sample = LoadFile(path, kMaxWavBytes, LoadSample);
     if (!sample) return 0;
     AudioLibrary& library = Library();
@@ -160,6 +190,7 @@ HSAMPLE BASS_SampleLoad(bool /*fromMemory*/, const std::string& path, std::uint3
 }
 
 HCHANNEL BASS_SamplePlay(HSAMPLE sample) {
+    Note({.function = __func__, .handle = sample});
     AudioLibrary& library = Library();
     const auto found = library.samples.find(sample);
     if (found == library.samples.end()) {
@@ -172,7 +203,12 @@ HCHANNEL BASS_SamplePlay(HSAMPLE sample) {
 }
 
 void BASS_SampleFree(HSAMPLE sample) {
-    if (!BASS_ChannelStop(sample)) return;
+    Note({.function = __func__, .handle = sample});
+    if (!Library().samples.contains(sample)) {
+        Fail(kAudioHandle);
+        return;
+    }
+    Stop(sample);
     Library().samples.erase(sample);
 }
 
@@ -185,23 +221,17 @@ bool BASS_ChannelIsActive(std::uint32_t handle) {
 }
 
 bool BASS_ChannelStop(std::uint32_t handle) {
-    AudioLibrary& library = Library();
-    if (const auto sample = library.samples.find(handle); sample != library.samples.end()) {
-        library.mixer.StopSample(*sample->second.sample);
-        return true;
-    }
-    if (library.mixer.IsChannelSounding(handle)) {
-        library.mixer.StopChannel(handle);
-        return true;
-    }
-    return ChangeMusic(handle, [&](MusicStream& stream) { library.mixer.StopMusic(stream); });
+    Note({.function = __func__, .handle = handle});
+    return Stop(handle);
 }
 
 bool BASS_ChannelPause(std::uint32_t handle) {
+    Note({.function = __func__, .handle = handle});
     return ChangeMusic(handle, [](MusicStream& stream) { Library().mixer.PauseMusic(stream); });
 }
 
 bool BASS_ChannelResume(std::uint32_t handle) {
+    Note({.function = __func__, .handle = handle});
     return ChangeMusic(handle, [](MusicStream& stream) { Library().mixer.ResumeMusic(stream); });
 }
 

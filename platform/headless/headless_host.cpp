@@ -232,10 +232,17 @@ void HeadlessHost::Report(const std::string& caption, const std::string& text) {
 }
 
 bool HeadlessHost::OpenSound(SoundSource& source) {
-    ++soundOpenings_;
     if (refuseSound_) return false;
     sound_ = &source;
     return true;
+}
+
+void HeadlessHost::NoteSoundCall(const SoundCall& call) {
+    std::string line(call.function.substr(std::string_view("BASS_").size()));
+    if (call.handle != 0) line += ' ' + std::to_string(call.handle);
+    if (!call.path.empty()) line.append(" ").append(call.path);
+    if (call.position) line += ' ' + std::to_string(*call.position);
+    soundJournal_.push_back(std::move(line));
 }
 
 std::vector<std::int16_t> HeadlessHost::Hear(std::size_t frames) {

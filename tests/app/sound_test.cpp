@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <filesystem>
 #include <functional>
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,6 +27,39 @@ constexpr int kMenuOrder = 0;
 constexpr int kGameOrder = 8;
 constexpr int kHighScoreOrder = 54 % 12;
 
+using Lines = std::vector<std::string>;
+
+/// What was asked for since the journal had so many lines, without the handles, which depend on
+/// what ran before.
+Lines AskedSince(std::size_t lines) {
+    const Lines& journal = Headless().SoundJournal();
+    Lines asked(journal.begin() + static_cast<std::ptrdiff_t>(lines), journal.end());
+    for (std::string& line : asked) {
+        const std::size_t blank = line.find(' ');
+        if (blank == std::string::npos || line[blank + 1] < '0' || line[blank + 1] > '9') continue;
+        line.erase(blank, line.find(' ', blank + 1) - blank);
+    }
+    return asked;
+}
+
+/// The same without what lets go of something.
+Lines LoadedSince(std::size_t lines) {
+    Lines asked = AskedSince(lines);
+    std::erase_if(asked, [](const std::string& line) {
+        return line.ends_with("Free") || line == "ChannelStop";
+    });
+    return asked;
+}
+
+/// The lines of an effect that is loaded from the Original skin, or first in vain from another.
+void AddLoads(Lines& lines, const std::string& skin, std::initializer_list<const char*> names) {
+    for (const std::string name : names) {
+        lines.push_back(std::string("SampleLoad Skins\\") + skin + "\\Audio\\" + name + ".wav");
+        if (skin != "Original")
+            lines.push_back("SampleLoad skins\\Original\\audio\\" + name + ".wav");
+    }
+}
+
 class SoundTest : public ProgramFixture {
   protected:
     void SetUp() override {
@@ -35,8 +70,7 @@ class SoundTest : public ProgramFixture {
 
 TEST_F(SoundTest, WithoutADeviceTheUserIsToldOnceAndPlaysInSilence) {
     Headless().RefuseSound(true);
-    const std::vector<std::string> told = {
-        "Can't initialize digital sound system\n(error code: 3)"};
+    const Lines told = {"Can't initialize digital sound system\n(error code: 3)"};
     const BoxAnswerer boxes(told);
     Start();
     EXPECT_EQ(boxes.Read(), told);
@@ -45,8 +79,19 @@ TEST_F(SoundTest, WithoutADeviceTheUserIsToldOnceAndPlaysInSilence) {
     Run(2000);
     EXPECT_TRUE(rightPlayer->IsRunning());
     Command(kCmdMusic);
-    EXPECT_EQ(Headless().SoundOpenings(), 1);
+    EXPECT_EQ(std::ranges::count(Headless().SoundJournal(), "Init"), 1) << "not tried again";
     End();
+}
+
+TEST_F(SoundTest, ADeviceThatGoesIsNotMissedAndComesBack) {
+    Start();
+    Headless().LoseSound(true);
+    Press(VK_F3);
+    Run(2000);
+    EXPECT_TRUE(rightPlayer->IsRunning());
+    EXPECT_EQ(HeardOrder(), -1);
+    Headless().LoseSound(false);
+    EXPECT_EQ(HeardOrder(), kGameOrder);
 }
 
 TEST_F(SoundTest, EveryMissingFileIsToldInTheOrderOfLoading) {
@@ -115,6 +160,34 @@ TEST_F(SoundTest, TheMusicPausesWithTheWindow) {
     EXPECT_FALSE(Headless().IsSoundOpen());
 }
 
+constexpr const char* kLoadOriginalMusic = "MusicLoad Skins\\Original\\Audio\\sniffit.xm";
+
+TEST_F(SoundTest, StartAndEndAskInTheirOrder) {
+    Start();
+    Lines wanted = {"Init", "Start", kLoadOriginalMusic};
+    AddLoads(wanted, "Original", {"NewLevel", "Button"});
+    for (int player = 0; player < 2; ++player)
+        AddLoads(wanted, "Original", {"Landed", "Rotate", "Single", "Double", "Triple", "Tetris"});
+    wanted.insert(wanted.end(), {"MusicPlayEx 0", "ChannelResume"});
+    EXPECT_EQ(LoadedSince(0), wanted);
+    const std::size_t running = AskedSince(0).size();
+    End();
+    EXPECT_EQ(AskedSince(running), (Lines{"ChannelStop", "MusicFree", "Stop", "Free"}));
+}
+
+TEST_F(SoundTest, ASkinWithoutSoundsHasThoseOfTheOriginal) {
+    Start();
+    const std::size_t running = AskedSince(0).size();
+    theSettings.skinName = "Bare";
+    ReloadSkinAudio();
+    Lines wanted;
+    for (int player = 0; player < 2; ++player)
+        AddLoads(wanted, "Bare", {"Landed", "Rotate", "Single", "Double", "Triple", "Tetris"});
+    AddLoads(wanted, "Bare", {"Button", "NewLevel"});
+    wanted.insert(wanted.end(), {kLoadOriginalMusic, "MusicPlayEx 0"});
+    EXPECT_EQ(LoadedSince(running), wanted);
+}
+
 TEST_F(SoundTest, AnotherSkinBringsItsSounds) {
     Start();
     Command(kCmdNewGame);
@@ -146,6 +219,10 @@ TEST_F(SoundTest, PressesOnTheMenuAreHeardExceptTheWayOut) {
         Click(c.x, c.y);
         EXPECT_EQ(PeakOf(Headless().Hear(kSoundBufferFrames)) > 0, c.heard) << c.what;
     }
+    theSettings.sfxMask = 31;
+    theSettings.soundEffects = false;
+    Click(170, 150);
+    EXPECT_EQ(PeakOf(Headless().Hear(kSoundBufferFrames)), 0) << "switched off";
 }
 
 }  // namespace

@@ -77,23 +77,5 @@ TEST_F(SoundEffectTest, MayOutliveTheLibrary) {
     EXPECT_FALSE(Headless().IsSoundOpen());
 }
 
-TEST(PlayRuleTest, SwitchDeviceAndMaskMustAllAgree) {
-    for (const bool enabled : {false, true}) {
-        for (const bool ready : {false, true}) {
-            for (int mask = 0; mask < 256; ++mask) {
-                theSettings.soundEffects = enabled;
-                audioReady = ready;
-                theSettings.sfxMask = static_cast<std::uint8_t>(mask);
-                for (const std::uint8_t event : {kSfxMenuButtons, kSfxRowsDone, kSfxLevelChange,
-                                                 kSfxRotate, kSfxFigureLanding})
-                    ASSERT_EQ(MayPlay(event), enabled && ready && (mask & event) != 0)
-                        << enabled << ready << mask << " " << int{event};
-            }
-        }
-    }
-    audioReady = false;
-    theSettings.SetDefaults();
-}
-
 }  // namespace
 }  // namespace korvane

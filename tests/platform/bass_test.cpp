@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -120,20 +123,6 @@ TEST_F(BassTest, ResumedMusicContinuesAsIfItHadNeverPaused) {
     EXPECT_EQ(play(10000), play(0));
 }
 
-TEST_F(BassTest, AChannelIsActiveAsLongAsItSounds) {
-    const HSAMPLE click = LoadWav("click.wav");
-    const HCHANNEL first = BASS_SamplePlay(click);
-    Headless().Hear(600);
-    const HCHANNEL second = BASS_SamplePlay(click);
-    EXPECT_NE(first, second);
-    EXPECT_TRUE(BASS_ChannelIsActive(first));
-    Headless().Hear(512);
-    EXPECT_FALSE(BASS_ChannelIsActive(first));
-    EXPECT_TRUE(BASS_ChannelIsActive(second));
-    BASS_ChannelStop(click);
-    EXPECT_FALSE(BASS_ChannelIsActive(second));
-}
-
 TEST_F(BassTest, FailuresHaveTheirCodes) {
     folder.Write("text.xm", std::vector<std::byte>(500, std::byte{'x'}));
     folder.Write("../outside.xm", MakeXm({}));
@@ -166,30 +155,117 @@ TEST_F(BassTest, WithoutADeviceNothingStarts) {
     EXPECT_EQ(BASS_ErrorGetCode(), kAudioDevice);
 }
 
-TEST_F(BassTest, ALostDeviceIsNotMissedAndSoundComesBack) {
-    const HMUSIC music = LoadMusic("a.xm");
-    const HSAMPLE click = LoadWav("click.wav");
-    PlayAt(music, 0);
-    Headless().LoseSound(true);
-    for (int i = 0; i < 100; ++i) {
-        BASS_SamplePlay(click);
-        PlayAt(music, i % 10);
-        EXPECT_EQ(PeakOf(Headless().Hear(kSoundBufferFrames)), 0);
+/// Random calls, and what the library must therefore hold.
+class RandomCalls {
+  public:
+    /// Makes one call; the results and what sounds must fit all calls before.
+    void Step() {
+        const auto pick = random_() % 100;
+        if (pick < 2) {
+            Reopen();
+        } else if (pick < 6) {
+            Load();
+        } else if (pick < 10) {
+            Free();
+        } else if (pick < 60) {
+            Change();
+        } else {
+            Hear();
+        }
+        EXPECT_LE(std::ranges::count_if(music_, BASS_ChannelIsActive), 1);
+        for (const auto& [sample, channels] : channels_)
+            EXPECT_LE(std::ranges::count_if(channels, BASS_ChannelIsActive), 3);
     }
-    Headless().LoseSound(false);
-    Headless().Hear(1000);
-    EXPECT_EQ(HeardOrder(), 9);
-}
 
-TEST_F(BassTest, FreeingEndsEverything) {
-    const HMUSIC music = LoadMusic("a.xm");
-    PlayAt(music, 0);
-    BASS_Stop();
-    EXPECT_EQ(PeakOf(Headless().Hear(2000)), 0);
-    EXPECT_TRUE(PlayAt(music, 0)) << "still loaded";
-    BASS_Free();
-    EXPECT_FALSE(Headless().IsSoundOpen());
-    EXPECT_FALSE(PlayAt(music, 0));
+  private:
+    bool Chance() { return random_() % 2 == 0; }
+
+    /// A handle of a kind, or one of another kind or of none.
+    std::uint32_t Any() { return static_cast<std::uint32_t>(random_() % (last_ + 3)); }
+
+    void Reopen() {
+        BASS_Free();
+        for (const HMUSIC music : music_)
+            EXPECT_FALSE(PlayAt(music, 0));
+        music_.clear();
+        channels_.clear();
+        EXPECT_EQ(BASS_Init(-1, 44100, 0x10, nullptr), 1);
+    }
+
+    void Load() {
+        const char* const paths[] = {"a.xm", "click.wav", "missing"};
+        const char* path = paths[random_() % std::size(paths)];
+        const std::uint32_t handle = Chance() ? LoadMusic(path) : LoadWav(path);
+        if (handle == 0) return;
+        EXPECT_GT(handle, last_) << "no number comes twice";
+        last_ = handle;
+        if (path == paths[0]) music_.insert(handle);
+        if (path == paths[1]) channels_[handle];
+    }
+
+    void Free() {
+        const std::uint32_t handle = Any();
+        if (Chance()) {
+            BASS_MusicFree(handle);
+            music_.erase(handle);
+            return;
+        }
+        BASS_SampleFree(handle);
+        const auto found = channels_.find(handle);
+        if (found == channels_.end()) return;
+        EXPECT_TRUE(std::ranges::none_of(found->second, BASS_ChannelIsActive));
+        channels_.erase(found);
+    }
+
+    void Change() {
+        const std::uint32_t handle = Any();
+        const bool isMusic = music_.contains(handle);
+        switch (random_() % 5) {
+            case 0:
+                EXPECT_EQ(PlayAt(handle, static_cast<std::int32_t>(random_() % 80) - 5), isMusic);
+                EXPECT_EQ(BASS_ChannelIsActive(handle), isMusic);
+                break;
+            case 1:
+                EXPECT_EQ(BASS_ChannelPause(handle), isMusic);
+                break;
+            case 2:
+                EXPECT_EQ(BASS_ChannelResume(handle), isMusic);
+                break;
+            case 3:
+                BASS_ChannelStop(handle);
+                EXPECT_FALSE(BASS_ChannelIsActive(handle));
+                break;
+            default:
+                PlaySample(handle);
+        }
+    }
+
+    void PlaySample(HSAMPLE sample) {
+        const HCHANNEL channel = BASS_SamplePlay(sample);
+        EXPECT_EQ(channel != 0, channels_.contains(sample));
+        EXPECT_EQ(BASS_ChannelIsActive(channel), channel != 0);
+        if (channel == 0) return;
+        last_ = channel;
+        channels_[sample].push_back(channel);
+    }
+
+    void Hear() {
+        bool sounds = std::ranges::any_of(music_, BASS_ChannelIsActive);
+        for (const auto& [sample, channels] : channels_)
+            sounds = sounds || std::ranges::any_of(channels, BASS_ChannelIsActive);
+        EXPECT_EQ(PeakOf(Headless().Hear(200 + random_() % 700)) > 0, sounds);
+    }
+
+    std::minstd_rand random_{3};
+    std::uint32_t last_ = 0;
+    std::set<HMUSIC> music_;
+    std::map<HSAMPLE, std::vector<HCHANNEL>> channels_;
+};
+
+TEST_F(BassTest, TenThousandRandomCallsKeepEveryPromise) {
+    RandomCalls calls;
+    for (int i = 0; i < 10'000 && !HasFailure(); ++i)
+        calls.Step();
 }
 
 /// A module that opens must play, whatever it plays.

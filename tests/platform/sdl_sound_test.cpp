@@ -4,9 +4,17 @@
 #include <stdlib.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <memory>
 #include <mutex>
+#include <random>
+#include <thread>
+#include <vector>
+
+#include "platform/mixer.h"
+#include "tests/support/xm_writer.h"
 
 namespace korvane {
 namespace {
@@ -93,6 +101,51 @@ TEST_F(SdlSoundTest, ThereMayBeNoDevice) {
     EXPECT_FALSE(sound.Open(source));
     setenv("SDL_AUDIODRIVER", "dummy", 1);
     EXPECT_TRUE(sound.Open(source));
+}
+
+/// Stands for the device, but asks without a pause between two buffers.
+TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
+    Mixer mixer;
+    const std::shared_ptr<MusicStream> music[] = {OpenModule(MakeXm({})), OpenModule(MakeXm({}))};
+    const auto click = std::make_shared<const Sample>(Sample{1, std::vector<std::int16_t>(90)});
+    std::atomic<bool> ended = false;
+    std::thread device([&] {
+        std::vector<std::int16_t> buffer(std::size_t{2} * 16);
+        for (int i = 0; i < 20000; ++i)
+            mixer.Render(buffer);
+        ended = true;
+    });
+    std::minstd_rand random(5);
+    bool sounded = false;
+    for (std::uint32_t channel = 1; !ended || channel < 1000; ++channel) {
+        const auto& stream = music[random() % 2];
+        switch (random() % 6) {
+            case 0:
+                mixer.StartMusic(stream, static_cast<int>(random() % 60));
+                break;
+            case 1:
+                mixer.PauseMusic(*stream);
+                break;
+            case 2:
+                mixer.ResumeMusic(*stream);
+                break;
+            case 3:
+                mixer.StopMusic(*stream);
+                break;
+            case 4:
+                mixer.StopSample(*click);
+                break;
+            default:
+                mixer.PlaySample(click, channel, 3);
+                sounded = sounded || mixer.IsChannelSounding(channel);
+        }
+        std::this_thread::yield();
+    }
+    device.join();
+    EXPECT_TRUE(sounded);
+    mixer.StopAll();
+    for (const auto& stream : music)
+        EXPECT_EQ(stream.use_count(), 1) << "nobody holds it any more";
 }
 
 }  // namespace

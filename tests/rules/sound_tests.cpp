@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,35 @@ class FieldSoundTest : public RulesTest {
         player_.reset();
         BASS_Free();
         audioReady = false;
+    }
+
+    static std::string SoundOf(std::uint8_t event) {
+        switch (event) {
+            case kSfxRowsDone:
+                return "Single.wav";
+            case kSfxLevelChange:
+                return "NewLevel.wav";
+            case kSfxRotate:
+                return "Rotate.wav";
+            default:
+                return "Landed.wav";
+        }
+    }
+
+    /// A turn, a landing, a full row and a new level; listens after each frame.
+    template <typename Listen>
+    void PlayThroughEveryEvent(Listen listen) {
+        player_->ResetPlayer();
+        StartWith(*player_, {kBar, kSquare, kSquare});
+        player_->SetBoard(BoardEndingIn({"12345.7123"}));
+        player_->KeyDown(kTurnKey);
+        listen();
+        player_->KeyDown(kDropKey);
+        for (int i = 0; i < 200 && player_->FigureCount() < 2; ++i) {
+            Frame(*player_);
+            listen();
+        }
+        EXPECT_EQ(player_->RowsLastLock(), 1);
     }
 
     /// The file of the one sound that sounds, "" for silence; it is over afterwards.
@@ -87,11 +117,27 @@ TEST_F(FieldSoundTest, ATurnIsHeardWhenItSucceeds) {
         player_->KeyDown(kTurnKey);
         EXPECT_EQ(Heard(), "");
     }
-    theSettings.scrollingPieces = false;
-    StartWith(*player_, {kBar, kSquare});
-    theSettings.sfxMask = 255 & ~kSfxRotate;
-    player_->KeyDown(kTurnKey);
-    EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(FieldSoundTest, EveryEventAsksSwitchAndMask) {
+    theLevelTable.figuresForLevel[1] = 0;
+    for (const std::uint8_t event :
+         {kSfxRowsDone, kSfxLevelChange, kSfxRotate, kSfxFigureLanding}) {
+        for (const bool enabled : {true, false}) {
+            for (const bool masked : {false, true}) {
+                SCOPED_TRACE(testing::Message() << int{event} << enabled << masked);
+                theSettings.soundEffects = enabled;
+                theSettings.sfxMask = masked ? static_cast<std::uint8_t>(31 & ~event) : event;
+                levelSoundsPlayed = 0;
+                std::set<std::string> heard;
+                PlayThroughEveryEvent([&] { heard.insert(Heard()); });
+                if (levelSoundsPlayed > 0) heard.insert("NewLevel.wav");
+                const std::string own = SoundOf(event);
+                EXPECT_EQ(heard.contains(own), enabled && !masked);
+                EXPECT_EQ(heard.size() > 1, enabled) << "the others";
+            }
+        }
+    }
 }
 
 TEST_F(FieldSoundTest, ALandingIsHeardOnceForEachRest) {
@@ -131,13 +177,6 @@ TEST_F(FieldSoundTest, ANewLevelIsHeardWhenItDiffers) {
         player_->SetBoard(Board());
         DropAndLock(*player_);
     }
-    levelSoundsPlayed = 0;
-    theSettings.sfxMask = 255 & ~kSfxLevelChange;
-    player_->ResetPlayer();
-    StartWith(*player_, {kSquare, kSquare, kSquare});
-    DropAndLock(*player_);
-    EXPECT_EQ(player_->Level(), 1);
-    EXPECT_EQ(levelSoundsPlayed, 0);
 }
 
 }  // namespace

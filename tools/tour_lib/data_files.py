@@ -17,6 +17,7 @@ class Settings:
     clockwise: list = field(default_factory=lambda: [False, False])
     quakes: bool = True
     battle: bool = False
+    music: bool = True
 
     def record(self):
         """What the tour does not set is the default, but there is no dialog at the start, the score
@@ -24,7 +25,7 @@ class Settings:
         skin = b"Original\0"
         return (struct.pack("<Bii", self.players, *self.difficulty)
                 + bytes([*self.clockwise, 0, 0])                   # time based
-                + bytes([1, 1, self.quakes, self.battle, 1])       # music, sounds; windowed
+                + bytes([self.music, 1, self.quakes, self.battle, 1])   # sounds; windowed
                 + bytes([0, 1, 1, 0])                              # score, previews, quakes
                 + struct.pack("<III", 0, 16, 0)                    # drop delay, full screen
                 + bytes([1, 1])                                    # statistics
@@ -34,14 +35,11 @@ class Settings:
 
     def pressed_buttons(self):
         """The buttons of the menu that these settings keep pressed."""
-        pressed = {"OnePlayer" if self.players == 1 else "TwoPlayers", "Music", "SoundEffects"}
+        pressed = {"OnePlayer" if self.players == 1 else "TwoPlayers", "SoundEffects"}
         for side, name in ((RIGHT, "Right"), (LEFT, "Left")):
             pressed.add(name + DIFFICULTIES[self.difficulty[side]])
             pressed.add(name + ("Clockwise" if self.clockwise[side] else "CounterClockwise"))
-        if self.quakes:
-            pressed.add("Quakes")
-        if self.battle:
-            pressed.add("Battle")
+        pressed |= {name for name in ("Music", "Quakes", "Battle") if getattr(self, name.lower())}
         return pressed
 
 
@@ -65,5 +63,7 @@ RIGHT_PAUSE = 4  # in the file
 
 # data/sync.dat: a version, then for ten levels the speeds of the three difficulties (milliseconds
 # for a row, pixels per second) and when the level begins (figures, seconds). So slow a figure needs
-# more than half a minute to the ground: what comes down sooner was dropped.
-SLOW_LEVELS = struct.pack("<I", 151) + 10 * struct.pack("<8I", *3 * [2000, 8], 1000, 1000)
+# more than half a minute to the ground: what comes down sooner was dropped. Only one other level is
+# ever reached.
+SLOW_LEVELS = struct.pack("<I", 151) + b"".join(
+    struct.pack("<8I", *3 * [2000, 8], figures, 1000) for figures in [0, 3, *8 * [1000]])

@@ -5,7 +5,7 @@ from .waiting import PATIENCE, TourFailure, wait_for
 
 WIDTH, HEIGHT = 640, 480
 MENU_BAR = 19  # pixels above the picture
-POPUP_COLOUR = bytes.fromhex("d4d0c8")
+PAPER_COLOUR = bytes.fromhex("d4d0c8")
 
 # Place and pictures of the menu's buttons. A button has a second picture when it can be disabled.
 BUTTONS = {
@@ -41,7 +41,6 @@ VIEW_BUTTONS = {
     "ScoresPlay": (328, 439, "HighScore/playButt.bmp", "HighScore/playButt2.bmp"),
 }
 ALL_BUTTONS = BUTTONS | VIEW_BUTTONS
-# They are enabled when the program has sound, which is not what the tour looks at.
 NEED_SOUND = {"Music", "SoundEffects"}
 
 # The boards' insides: ten columns of 16 pixels, twenty-two rows.
@@ -87,20 +86,20 @@ class View:
         return self.shows(picture if enabled else disabled_picture, x, y, frame=int(pressed),
                           frames=2)
 
-    def wrong_buttons(self, settings):
+    def wrong_buttons(self, settings, has_sound):
         """The main menu's buttons that do not look as the settings want it."""
         pressed = settings.pressed_buttons()
-        return [name for name in BUTTONS if not self.is_right(name, name in pressed, settings)]
 
-    def is_right(self, name, pressed, settings):
-        if name in NEED_SOUND:
-            return any(self.has_button(name, pressed, enabled) for enabled in (True, False))
-        needs_two = name.startswith("Left") or name == "Battle"
-        return self.has_button(name, pressed, settings.players == 2 or not needs_two)
+        def is_enabled(name):
+            needs_two = name.startswith("Left") or name == "Battle"
+            return ((settings.players == 2 or not needs_two)
+                    and (has_sound or name not in NEED_SOUND))
+        return [name for name in BUTTONS
+                if not self.has_button(name, name in pressed, is_enabled(name))]
 
     def has_popup(self):
         """Whether a popup of the window menu is open: its paper has a colour of its own."""
-        return any(POPUP_COLOUR * 15 in self.picture.run(0, y, WIDTH) for y in range(3, 60))
+        return any(PAPER_COLOUR * 15 in self.picture.run(0, y, WIDTH) for y in range(3, 60))
 
     def frame_rate(self):
         return self.skin.number(self.picture, 0, 0)
@@ -171,15 +170,32 @@ class View:
 class Game:
     """The running program, its folder and its window."""
 
-    def __init__(self, screen, program, folder):
+    def __init__(self, screen, program, folder, environment):
         self.screen = screen
         self.skin = Skin(folder / "Skins" / "Original")
-        self.process = screen.start([program], cwd=folder)
-        self.window = self.wait_for("window titled Korvane", lambda: screen.xdotool(
-            "search", "--onlyvisible", "--name", "^Korvane$"))
-        self.wait_for("keyboard focus", lambda: self.window == screen.xdotool(
+        self.process = screen.start([program], environment, cwd=folder)
+        self.window = self.place = None
+        self.has_sound = True
+
+    def see_window(self, title):
+        self.window = self.wait_for(f"window titled {title}", lambda: self.screen.xdotool(
+            "search", "--onlyvisible", "--name", f"^{title}$"))
+        self.wait_for("keyboard focus", lambda: self.window == self.screen.xdotool(
             "getwindowfocus", "-f"))
-        self.place = None
+
+    def see_box(self, title):
+        """Returns the picture of a message box that stands alone as the window."""
+        self.see_window(title)
+        return self.wait_for(f"box titled {title}", self.finds_box)
+
+    def finds_box(self):
+        place = self.screen.place_of(self.window)
+        picture = place and self.screen.grab(*place)
+        paper = picture and picture.run(0, picture.height - 4, picture.width)
+        return picture if paper and paper.count(PAPER_COLOUR) > 0.9 * picture.width else None
+
+    def see_start(self):
+        self.see_window("Korvane")
         self.wait_for("menu", self.finds_menu)
 
     def finds_menu(self):

@@ -1,6 +1,7 @@
 """Steps through a battle, a game alone and the high scores after it."""
 
 from .game import BOARD_X, COLUMNS
+from .hearing import GAME, HIGH_SCORES, MENU
 from .tour import check, see_menu
 from .waiting import TourFailure
 
@@ -10,10 +11,11 @@ RIGHT_KEYS = {"left": "Left", "right": "Right", "drop": "Down", "turn": "Up", "p
 NAME = "TOUR 7"
 
 
-# Two players. -------------------------------------------------------------------------------------
+# Two players, without music, so that every effect is heard alone. ---------------------------------
 
 def start_battle(tour):
-    tour.game.click_button("Start")
+    with tour.hearing.effect("Button"):
+        tour.game.click_button("Start")
     tour.game.see("two boards with a figure each",
                   lambda view: all(view.score(side) == 0 and 0 < len(view.columns(side)) <= 4
                                    for side in BOARD_X))
@@ -37,7 +39,8 @@ def steer(side, keys):
         with game.held(keys["right"]):
             game.see(f"{side} figure at the right wall",
                      lambda view: COLUMNS - 1 in view.columns(side))
-        drop(game, side, keys)
+        with tour.hearing.effect("Landed"):
+            drop(game, side, keys)
     return step
 
 
@@ -55,7 +58,8 @@ def turn(side, keys):
     def step(tour):
         for _ in range(4):
             try:
-                turn_one(tour.game)
+                with tour.hearing.effect("Rotate"):
+                    turn_one(tour.game)
                 return tour.keep_picture(f"{side}-turned")
             except TourFailure as failure:
                 last = failure
@@ -96,9 +100,10 @@ def drop_until(tour, what, is_over):
 
 
 def lose_battle(tour):
-    drop_until(tour, "loser, winner and the way to another battle",
-               lambda view: view.overlay("right", "looser") and view.overlay("left", "winner")
-               and view.offers_battle() and view.wins("left") == 1)
+    with tour.hearing.effect("NewLevel"):
+        drop_until(tour, "loser, winner and the way to another battle",
+                   lambda view: view.overlay("right", "looser") and view.overlay("left", "winner")
+                   and view.offers_battle() and view.wins("left") == 1)
     tour.keep_picture("left-has-won")
 
 
@@ -110,7 +115,8 @@ def back_to_menu(tour):
 # One player. --------------------------------------------------------------------------------------
 
 def start_alone(tour):
-    tour.game.click_button("Start")
+    with tour.hearing.music(GAME):
+        tour.game.click_button("Start")
     tour.game.see("a figure on the right board alone",
                   lambda view: view.score("right") == 0 and 0 < len(view.columns("right")) <= 4
                   and view.overlay("left", "join1"))
@@ -124,8 +130,9 @@ def restart(tour):
 
 
 def lose_alone(tour):
-    drop_until(tour, "high scores after the game",
-               lambda view: view.has_scores(can_leave=False) and view.has_cursor(0, 0))
+    with tour.hearing.music(HIGH_SCORES):
+        drop_until(tour, "high scores after the game",
+                   lambda view: view.has_scores(can_leave=False) and view.has_cursor(0, 0))
 
 
 def type_name(tour):
@@ -143,5 +150,6 @@ def type_name(tour):
 
 
 def leave_scores(tour):
-    tour.game.click_button("ScoresMenu")
-    see_menu(tour)
+    with tour.hearing.music(MENU):
+        tour.game.click_button("ScoresMenu")
+        see_menu(tour)

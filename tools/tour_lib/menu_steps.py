@@ -1,7 +1,8 @@
-"""Steps through the menu, the window's menu, the key configuration and the credits."""
+"""Steps through the menu, its sound, the window's menu, the key configuration and the credits."""
 
 from .data_files import DEFAULT_KEYS, LEFT, RIGHT, RIGHT_PAUSE
 from .game import SLOTS
+from .hearing import MENU
 from .tour import check, see_menu
 
 BOUND_KEYS = DEFAULT_KEYS.replace(b"P", b"O")
@@ -15,7 +16,14 @@ def open_menu(picture):
         tour.start_program()
         see_menu(tour)
         tour.keep_picture(picture)
+        tour.hearing.start_of_music(MENU)
     return step
+
+
+def open_menu_without_sound(tour):
+    tour.start_program_without_sound()
+    see_menu(tour)
+    tour.keep_picture("menu-without-sound")
 
 
 def choose_two_players(tour):
@@ -46,6 +54,20 @@ def choose_one_player(tour):
     tour.game.click_button("OnePlayer")
     tour.settings.players, tour.settings.battle = 1, False  # alone nobody can battle
     see_menu(tour)
+
+
+def switch_music_off(tour):
+    tour.game.click_button("Music")
+    tour.settings.music = False
+    see_menu(tour)
+    tour.hearing.silence()
+
+
+def switch_music_on(tour):
+    with tour.hearing.music(MENU):
+        tour.game.click_button("Music")
+        tour.settings.music = True
+        see_menu(tour)
 
 
 # Window menu. -------------------------------------------------------------------------------------

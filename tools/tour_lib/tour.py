@@ -4,6 +4,7 @@ from pathlib import Path
 
 from .data_files import DEFAULT_KEYS, Settings
 from .game import Game
+from .hearing import Hearing
 from .waiting import TourFailure
 
 ROOT = Path(__file__).resolve().parent.parent.parent
@@ -18,12 +19,23 @@ class Tour:
         self.settings = Settings()
         self.keys = DEFAULT_KEYS
         self.shots = 0
-        self.game = None
+        self.game = self.hearing = None
         self.scores = None  # the high scores' numbers, seen on the screen
         self.files = None  # as the first run left them
 
     def start_program(self):
-        self.game = Game(self.screen, self.program, self.folder)
+        recording = self.folder / "heard.raw"
+        self.game = Game(self.screen, self.program, self.folder,
+                         {"SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": str(recording)})
+        self.game.see_start()
+        self.hearing = Hearing(self.folder / "Skins" / "Original" / "Audio", recording)
+
+    def start_program_without_sound(self):
+        self.game = Game(self.screen, self.program, self.folder, {"SDL_AUDIODRIVER": "missing"})
+        self.save("no-sound", self.game.see_box("Error"))
+        self.game.press("Return")
+        self.game.has_sound = False
+        self.game.see_start()
 
     def data(self, name):
         return self.folder / "data" / name
@@ -43,9 +55,13 @@ def check(what, is_true):
         raise TourFailure(what)
 
 
+def wrong_buttons(tour, view):
+    return view.wrong_buttons(tour.settings, tour.game.has_sound)
+
+
 def see_menu(tour):
     try:
-        tour.game.see("menu", lambda view: not view.wrong_buttons(tour.settings))
+        tour.game.see("menu", lambda view: not wrong_buttons(tour, view))
     except TourFailure as failure:
-        wrong = ", ".join(tour.game.view().wrong_buttons(tour.settings))
+        wrong = ", ".join(wrong_buttons(tour, tour.game.view()))
         raise TourFailure(f"{failure}; {tour.settings} is not what these show: {wrong}") from None

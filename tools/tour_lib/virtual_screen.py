@@ -24,8 +24,6 @@ class VirtualScreen:
         self.environment = dict(os.environ)
         for name in ("WAYLAND_DISPLAY", "SDL_VIDEODRIVER"):
             self.environment.pop(name, None)
-        # The dummy driver is a sound card that everybody has.
-        self.environment["SDL_AUDIODRIVER"] = "dummy"
         self.has_manager = shutil.which("openbox") is not None
         self.folder = tempfile.TemporaryDirectory(prefix="korvane-screen-")
         self.memory = None
@@ -57,8 +55,9 @@ class VirtualScreen:
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         wait_for("window manager", ready.exists)
 
-    def start(self, command, **options):
-        process = subprocess.Popen(command, env=self.environment, **options)
+    def start(self, command, environment=None, **options):
+        """`environment` is what the process has besides its own variables."""
+        process = subprocess.Popen(command, env=self.environment | (environment or {}), **options)
         self.processes.append(process)
         return process
 

@@ -1,0 +1,84 @@
+#include "bench/sound_bench.h"
+
+#include <benchmark/benchmark.h>
+
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "platform/bass.h"
+#include "platform/headless/headless_host.h"
+#include "platform/sdl/heap.h"
+
+namespace korvane::bench {
+namespace {
+
+constexpr const char* kFolder = "Skins\\Original\\Audio\\";
+
+void Open() {
+    Headless().UseFolder("");
+    BASS_Init(-1, kSoundRate, 0x10, nullptr);
+}
+
+HMUSIC LoadModule() {
+    return BASS_MusicLoad(false, std::string(kFolder) + "sniffit.xm", 0, 0, 1);
+}
+
+/// Processor time, in milliseconds.
+double TimeToLoad() {
+    const std::clock_t start = std::clock();
+    const HMUSIC music = LoadModule();
+    const std::clock_t end = std::clock();
+    BASS_MusicFree(music);
+    return static_cast<double>(end - start) * 1000 / CLOCKS_PER_SEC;
+}
+
+/// Loading and freeing the module. `first_ms` is that of the process's first
+/// time, in which the module player also computes tables that all later ones share.
+void Load(benchmark::State& state, double first) {
+    Open();
+    for (auto _ : state)
+        BASS_MusicFree(LoadModule());
+    state.counters["first_ms"] = first;
+}
+
+/// A device's buffer of the game's music under 16 samples, or of silence. `of_core` is its time as
+/// a share of how long it lasts.
+void Mix(benchmark::State& state, bool music, int samples) {
+    Open();
+    const HMUSIC module = LoadModule();
+    if (music) BASS_MusicPlayEx(module, 8, 4, true);
+    std::vector<HSAMPLE> loaded;
+    for (int i = 0; i < samples; ++i)
+        loaded.push_back(
+            BASS_SampleLoad(false, std::string(kFolder) + "NewLevel.wav", 0, 0, 3, 0x20000));
+    std::vector<HCHANNEL> channels(loaded.size());
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < loaded.size(); ++i)
+            if (!BASS_ChannelIsActive(channels[i])) channels[i] = BASS_SamplePlay(loaded[i]);
+        benchmark::DoNotOptimize(Headless().Hear(kSoundBufferFrames).data());
+    }
+    state.counters["of_core"] = benchmark::Counter(
+        static_cast<double>(state.iterations()) * kSoundBufferFrames / kSoundRate,
+        benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    BASS_MusicFree(module);
+    for (const HSAMPLE sample : loaded)
+        BASS_SampleFree(sample);
+}
+
+}  // namespace
+
+void RegisterSoundBenchmarks() {
+    PrepareHeap();
+    Open();
+    const double first = TimeToLoad();
+    const auto add = [](const char* name, auto run) {
+        benchmark::RegisterBenchmark(name, run)->Unit(benchmark::kMicrosecond);
+    };
+    add("Sound/loadModule", [first](benchmark::State& state) { Load(state, first); });
+    add("Sound/silence", [](benchmark::State& state) { Mix(state, false, 0); });
+    add("Sound/music", [](benchmark::State& state) { Mix(state, true, 0); });
+    add("Sound/musicAnd16Samples", [](benchmark::State& state) { Mix(state, true, 16); });
+}
+
+}  // namespace korvane::bench

@@ -1,0 +1,56 @@
+"""Finding music and sound effects in what the program plays."""
+
+import contextlib
+
+from .sounds import RATE, Recording, effect, likeness, music
+from .waiting import TourFailure, wait_for
+
+# What begins while something else still sounds is a little less like itself than in silence; what
+# is not there stays well below.
+LIKE = 0.7
+MENU, GAME, HIGH_SCORES = 0, 8, 54  # the orders at which the Original skin's music begins
+MUSIC_SECONDS = 1
+SILENCE = RATE // 2  # frames
+
+
+class Hearing:
+    """The program's sounds and the recording of what it played since it was started."""
+
+    def __init__(self, folder, recording):
+        self.folder, self.recording = folder, Recording(recording)
+
+    def tune(self, order):
+        return music(self.folder / "sniffit.xm", order, MUSIC_SECONDS)
+
+    def start_of_music(self, order):
+        """The music of the program's start."""
+        self.wait_for(f"music of order {order}", self.tune(order), 0)
+
+    def music(self, order):
+        """The music is to begin at an order meanwhile, or soon afterwards."""
+        return self.sound(f"music of order {order}", self.tune(order))
+
+    def effect(self, name):
+        """An effect is to be heard meanwhile, or soon afterwards."""
+        return self.sound(name, effect(self.folder / f"{name}.wav"))
+
+    @contextlib.contextmanager
+    def sound(self, what, sound):
+        first = self.recording.length()
+        if self.has(sound, max(0, first - 2 * len(sound)), first):
+            raise TourFailure(f"{what}: heard before its time")
+        yield
+        self.wait_for(what, sound, first)
+
+    def wait_for(self, what, sound, first):
+        wait_for(f"{what}, heard", lambda: self.has(sound, first, self.recording.length()))
+
+    def has(self, sound, first, last):
+        return likeness(self.recording.part(first, last), sound).max() > LIKE
+
+    def silence(self):
+        """Waits until nothing has sounded for a while."""
+        def is_silent():
+            last = self.recording.length()
+            return not self.recording.part(last - SILENCE, last).any()
+        wait_for("silence", is_silent)
