@@ -11,7 +11,7 @@ def folders():
 
 
 def audio(skin):
-    """Where the sounds of a skin belong, which is called here as players see it."""
+    """Where the sounds of a skin belong; skin is the name that players see."""
     return SKINS / skin / "Audio"
 
 
@@ -20,7 +20,10 @@ class Mistake(Exception):
 
 
 def stanzas(folder, name):
-    """The stanzas of a text in a folder: pairs of the words of the head and the indented lines below it."""
+    """The stanzas of a text in a folder.
+
+    Each is a pair: the words of its head, and the indented lines below it.
+    """
     head, body = None, []
     for line in sources.lines(f"sound/{folder}/{name}"):
         if line.startswith(" "):
