@@ -1,1 +1,1 @@
-"""The music and the sound effects of the Original skin, made from texts."""
+"""The music and the sound effects of the skins, made from texts."""

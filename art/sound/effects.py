@@ -56,10 +56,10 @@ def _effect(name, head, body, voices):
     return _wav(_brought(samples, name, head["loud"]))
 
 
-def load():
+def load(folder):
     """All effects: their file names and bytes."""
     voices, found = {}, {}
-    for (kind, name, *words), body in stanzas("effects.txt"):
+    for (kind, name, *words), body in stanzas(folder, "effects.txt"):
         if kind == "voice":
             voices[name] = layers(body)
         elif kind == "effect":

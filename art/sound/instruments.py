@@ -93,6 +93,6 @@ def _instrument(words, body):
                       vibrato)
 
 
-def load():
+def load(folder):
     """All instruments in the order of their text."""
-    return [_instrument(words, body) for words, body in stanzas("instruments.txt")]
+    return [_instrument(words, body) for words, body in stanzas(folder, "instruments.txt")]

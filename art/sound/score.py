@@ -47,9 +47,18 @@ class Section(NamedTuple):
     patterns: List[Pattern]
 
 
+class Tune(NamedTuple):
+    """The skin that the tune belongs to, its file, and the title that players show."""
+
+    skin: str
+    file: str
+    title: str
+
+
 class Score(NamedTuple):
     """The whole score."""
 
+    tune: Tune
     pans: Dict[str, int]
     drums: Dict[str, tuple]
     sections: List[Section]
@@ -71,24 +80,24 @@ def _bars(lines):
     return [[_tone(word) for word in bar.split()] for bar in " | ".join(lines).split("|")]
 
 
-def phrases():
+def phrases(folder):
     """All phrases by name."""
-    return {words[0]: _bars(body) for words, body in stanzas("phrases.txt")}
+    return {words[0]: _bars(body) for words, body in stanzas(folder, "phrases.txt")}
 
 
-def grooves():
+def grooves(folder):
     """The drum bars: by name, what stands in each channel."""
     found = {}
-    for words, body in stanzas("grooves.txt"):
+    for words, body in stanzas(folder, "grooves.txt"):
         if words[0] == "groove":
             found[words[1]] = dict(line.split() for line in body)
     return found
 
 
-def figures():
+def figures(folder):
     """The figures of bass, chords and arpeggios by name."""
     found = {}
-    for words, body in stanzas("grooves.txt"):
+    for words, body in stanzas(folder, "grooves.txt"):
         if words[0] == "figures":
             found.update(line.split() for line in body)
     return found
@@ -117,11 +126,13 @@ def _pattern(name, body):
     return Pattern(name, chords[0], [_part(words) for words in lines if words[0] != "harmony"])
 
 
-def load():
+def load(folder):
     """The whole score."""
-    pans, drums, sections = {}, {}, []
-    for (kind, *words), body in stanzas("score.txt"):
-        if kind == "channels":
+    pans, drums, sections, tune = {}, {}, [], None
+    for (kind, *words), body in stanzas(folder, "score.txt"):
+        if kind == "tune":
+            tune = Tune(**settings(words))
+        elif kind == "channels":
             pans = pairs(" ".join(body).split())
         elif kind == "drums":
             drums = {letter: (player, int(level), pitch.note(name))
@@ -134,4 +145,6 @@ def load():
             sections[-1].patterns.append(_pattern(" ".join(words), body))
         else:
             raise Mistake(f"{kind} means nothing in a score")
-    return Score(pans, drums, sections)
+    if tune is None:
+        raise Mistake(f"{folder}: the score does not say what the tune is called")
+    return Score(tune, pans, drums, sections)

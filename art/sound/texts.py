@@ -2,17 +2,30 @@
 
 from skin import sources
 
-AUDIO = sources.SKIN / "Audio"
+SOUND, SKINS = sources.ART / "sound", sources.ART.parent / "Skins"
+
+
+def folders():
+    """The folders that hold the texts of a skin, one each, by name."""
+    return sorted(path.parent.name for path in SOUND.glob("*/score.txt"))
+
+
+def audio(skin):
+    """Where the sounds of a skin belong; skin is the name that players see."""
+    return SKINS / skin / "Audio"
 
 
 class Mistake(Exception):
     """Something in a text that cannot be played, said so that its writer finds it."""
 
 
-def stanzas(name):
-    """The stanzas of a text: pairs of the words of the head and the indented lines below it."""
+def stanzas(folder, name):
+    """The stanzas of a text in a folder.
+
+    Each is a pair: the words of its head, and the indented lines below it.
+    """
     head, body = None, []
-    for line in sources.lines(f"sound/{name}"):
+    for line in sources.lines(f"sound/{folder}/{name}"):
         if line.startswith(" "):
             body.append(line.strip())
             continue
