@@ -23,7 +23,7 @@ def sheet_of(characters, names, width, height):
         cut = letters.squeezed([character], text.cut, WIDEST)
         body = letters.width([character], cut)
         letters.draw(ink.cr, [character], i * CELL + (ADVANCE - body) // 2, text.top, cut)
-    ink.outline(1, text.halo)
+    ink.outline(1, "halo")
     ink.pour(text.top, text.top + text.cut.height, names)
     return picture
 

@@ -155,8 +155,13 @@ def draw(cr, text, x, y, cut):
 
 def draw_sign(cr, name, x, y, size, pen=2):
     """Draws a sign into the square of a size whose corner is x, y."""
+    draw_glyph(cr, sign(name), x, y, size, pen)
+
+
+def draw_glyph(cr, glyph, x, y, size, pen):
+    """Draws a glyph on a field of 10 by 10 into the square of a size whose corner is x, y."""
     step = (size - pen) / CAPITAL
-    _draw_glyph(cr, sign(name), x, y, Type(step, step, pen), False)
+    _draw_glyph(cr, glyph, x, y, Type(step, step, pen), False)
 
 
 def graded(cr, top, bottom, names):

@@ -1,14 +1,15 @@
-"""What every craft has to know, with the values that most skins share."""
+"""What every craft has to know, with the values and the ways that most skins share."""
 
-from .. import letters, shapes
-from ..picture import Picture
+from .. import letters, plates, shapes
+from ..colours import colour, mix
+from ..picture import Picture, grown
 
 
 class Lettering:
     """The lettering of the game: how it is cut, and where it stands in its cell."""
 
-    def __init__(self, cut, top, halo, capitals, numbers):
-        self.cut, self.top, self.halo = cut, top, halo
+    def __init__(self, cut, top, capitals, numbers):
+        self.cut, self.top = cut, top
         self.capitals, self.numbers = capitals, numbers
 
 
@@ -38,19 +39,16 @@ class Craft:
     }
 
     def relief(self, ink, look):
-        """Lays what a line of lettering casts on its plate, before the lettering itself."""
+        """Lays what lettering casts on its plate, before the lettering itself."""
 
     def banner_relief(self, ink, look):
         """The same for the large lettering that lies over a board."""
 
-    def legend_relief(self, ink):
-        """The same for the legend of a key."""
-
-    def cover_tile(self, picture, x, y, size):
-        """A tile belongs to its picture but for the outermost pixel of each corner."""
-        picture.mask.rectangle(x + 1, y, size - 2, size)
-        picture.mask.rectangle(x, y + 1, size, size - 2)
-        picture.mask.fill()
+    def cap(self, picture, x, width, height, look):
+        """A key cap: its body, and on it the face that carries the legend."""
+        body = look._replace(top=look.bottom, bottom=look.dark, sunken=False, glow="")
+        plates.plate(picture, x, 0, width, height, body)
+        self.face(picture.cr, x + 6, 4, width - 12, height - 14, look, self.radius)
 
     def small_frame(self, width, height, wells):
         """A narrow frame round displays, given as (x, y, width, height)."""
@@ -60,3 +58,41 @@ class Craft:
         for well in wells:
             self.well(picture.cr, *well)
         return picture
+
+    def stroked_title(self, picture, text, kinds, cut, layers, shadow=()):
+        """A word in strokes that lie on each other, the wide ones below.
+
+        Each layer is (thickness, ground, part): the colour of the tile, mixed by the part with a
+        colour of the palette. The shadow is (name, shift); both have a border of four pixels.
+        """
+        cut = letters.squeezed(text, cut, 512)
+        left = (picture.width - letters.width(text, cut)) // 2
+        top = (picture.height - round(cut.height)) // 2
+        whole = letters.Ink(picture)
+        letters.draw(whole.cr, text, left, top, cut)
+        border = grown(whole.sheet, 4)
+        if shadow:
+            name, shift = shadow
+            for step in range(1, shift + 1):
+                picture.stencil(border, name, step, step)
+        picture.stencil(border, "title-edge")
+        for layer in layers:
+            self._title_layer(picture, text, kinds, cut, (left, top), layer)
+
+    def _title_layer(self, picture, text, kinds, cut, place, layer):
+        thickness, ground, part = layer
+        x, y = place
+        kinds = iter(kinds)
+        for letter in text:
+            step = letters.width(letter, cut) + cut.gap
+            if letter != " ":
+                value = mix(colour(f"tile-{next(kinds)}"), colour(ground), part)
+                self._title_letter(picture, letter, x, y, cut, thickness, value)
+            x += step
+
+    def _title_letter(self, picture, letter, x, y, cut, thickness, value):
+        ink = letters.Ink(picture)
+        inset = (cut.pen - thickness) / 2
+        letters.draw(ink.cr, letter, x + inset, y + inset, cut._replace(pen=thickness))
+        picture.cr.set_source_rgb(*value)
+        picture.cr.mask_surface(ink.sheet, 0, 0)

@@ -46,7 +46,7 @@ def _fade(cr, start, end, along):
 class Enamel(Craft):
     """The craft of the Original."""
 
-    lettering = Lettering(letters.Type(1, 1, 3, 2, 2), 2, "halo",
+    lettering = Lettering(letters.Type(1, 1, 3, 2, 2), 2,
                           ("letter-top", "letter-top", "letter-bottom"),
                           ("number-top", "number-top", "number-bottom"))
 
@@ -109,12 +109,6 @@ class Enamel(Craft):
             return
         ink.outline(1, "halo")
         ink.shade(0.7, 1, 2)
-
-    def cap(self, picture, x, width, height, look):
-        """A key cap: its body, and on it the face that carries the legend."""
-        body = look._replace(top=look.bottom, bottom=look.dark, sunken=False, glow="")
-        plates.plate(picture, x, 0, width, height, body)
-        self.face(picture.cr, x + 6, 4, width - 12, height - 14, look, self.radius)
 
     # grounds
 
@@ -243,9 +237,14 @@ class Enamel(Craft):
     # tiles
 
     def tile(self, picture, x, y, kind):
-        """One tile: rim, bevel, face, and its mark engraved or, for the eighth, raised."""
+        """One tile: rim, bevel, face, and its mark engraved or, for the eighth, raised.
+
+        The outermost pixel of each corner stays free.
+        """
         base = colour(f"tile-{kind}")
-        self.cover_tile(picture, x, y, SIZE)
+        picture.mask.rectangle(x + 1, y, SIZE - 2, SIZE)
+        picture.mask.rectangle(x, y + 1, SIZE, SIZE - 2)
+        picture.mask.fill()
         self._enamel(picture.cr, x, y, base)
         mark = _dots(sources.grids(sources.own(current.skin(), "marks.txt"))[str(kind)])
         work = self._raise if kind == 8 else self._engrave
