@@ -38,9 +38,9 @@ def playboard(width, height):
 
 def preview_frame(width, height):
     """Round the next figure, whose cells lie 9 to 72 right and 14 to 45 down."""
-    return craft().small_frame(width, height, ((4, 4, 74, height - 8),))
+    return craft().small_frame(width, height, ((2, 3, 78, height - 6),))
 
 
 def statistics_frame(width, height):
     """Round the chart of the figures, with a display below it for their number."""
-    return craft().small_frame(width, height, ((4, 5, 74, 34), (4, 43, 74, 19)))
+    return craft().small_frame(width, height, ((2, 3, 78, 37), (2, 43, 78, 20)))

@@ -86,15 +86,14 @@ def _menu_buttons():
 
 
 MENU = [
-    Entry("menu/logo.bmp", FIRST, 624, 100, titles.title("KORVANE", True, (1, 2, 3, 4, 5, 6, 7))),
+    Entry("menu/logo.bmp", FIRST, 624, 100, titles.logo),
     Entry("menu/LeftPlayer.bmp", FIRST, 109, 12, titles.heading("LEFT PLAYER")),
     Entry("menu/RightPlayer.bmp", FIRST, 109, 12, titles.heading("RIGHT PLAYER")),
     *_menu_buttons(),
 ]
 
 HIGH_SCORE = [
-    Entry("HighScore/highscore.bmp", FIRST, 532, 100,
-          titles.title("HIGH SCORES", False, (1, 1, 1, 1, 4, 4, 4, 4, 4, 4))),
+    Entry("HighScore/highscore.bmp", FIRST, 532, 100, titles.high_scores),
     Entry("HighScore/cursor.bmp", FIRST, 16, 18, titles.cursor),
     *_button("HighScore", "menubutt", SCORE, named, "MENU", "list", disabled="menuButt2"),
     *_button("HighScore", "playButt", SCORE, named, "PLAY", "play", disabled="playButt2"),

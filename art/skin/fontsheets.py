@@ -11,6 +11,8 @@ ADVANCE = 14
 WIDEST = ADVANCE - 2
 # Alone in its cell, the I needs serifs to hold its place.
 CAPITALS = [*"ABCDEFGH", "I-wide", *"JKLMNOPQRSTUVWXYZ"]
+# Letters of so many strokes that a thick pen would close their gaps, and the pen that they get.
+CROWDED = {"W": 2, "@": 1.3}
 NUMBERS = "0123456789:;<=>?@"
 
 
@@ -20,7 +22,10 @@ def sheet_of(characters, names, width, height):
     picture = Picture(width, height, "halo")
     ink = letters.Ink(picture)
     for i, character in enumerate(characters):
-        cut = letters.squeezed([character], text.cut, WIDEST)
+        pen = CROWDED.get(character, text.cut.pen)
+        cut = text.cut._replace(pen=pen, bar=min(pen, text.cut.level),
+                                down=text.cut.down)
+        cut = letters.squeezed([character], cut, WIDEST)
         body = letters.width([character], cut)
         letters.draw(ink.cr, [character], i * CELL + (ADVANCE - body) // 2, text.top, cut)
     ink.outline(1, "halo")

@@ -30,7 +30,8 @@ MARGIN = 9
 def _announcement(width, height, look, lines):
     """A plate with lines of large lettering in the middle."""
     picture = Picture(width, height, "edge")
-    plates.plate(picture, 0, 0, width, height, look, thickness=craft().outline)
+    plates.plate(picture, 0, 0, width, height, look._replace(enabled=True),
+                 thickness=craft().outline)
     full = sum(line.cut.height for line in lines) + SPACING * (len(lines) - 1)
     y = round((height - full) / 2)
     for line in lines:

@@ -30,7 +30,7 @@ def lines(path):
 def grids(path):
     """The character grids of a source: a dictionary from the name to a list of rows.
 
-    A name begins with a capital or a digit; the rows below it consist of "#", "." and small letters.
+    A name begins with a capital or a digit; the rows below it consist of signs and small letters.
     """
     found = {}
     for line in lines(path):

@@ -8,13 +8,19 @@ CURSOR_LEFT, CURSOR_WIDTH, CURSOR_HEIGHT = 1, 12, 3
 CURSOR_TICK = 3
 
 
-def title(text, large, kinds):
-    """A painter of a word in large letters; kinds has a tile for the colour of each letter."""
-    def paint(width, height):
-        picture = Picture(width, height, "title-edge")
-        craft().title(picture, text, large, kinds)
-        return picture
-    return paint
+def logo(width, height):
+    """The name of the game."""
+    picture = Picture(width, height, "title-edge")
+    craft().title(picture, "KORVANE", True, craft().logo_kinds)
+    return picture
+
+
+def high_scores(width, height):
+    """The title of the high scores, each word in one colour."""
+    picture = Picture(width, height, "title-edge")
+    high, scores = craft().score_kinds
+    craft().title(picture, "HIGH SCORES", False, (high,) * 4 + (scores,) * 6)
+    return picture
 
 
 def heading(text):

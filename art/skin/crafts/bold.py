@@ -13,6 +13,8 @@ class Bold(Craft):
     wall = 12
     press = 0
     outline = 1
+    logo_kinds = (1, 3, 2, 1, 6, 3, 7)
+    score_kinds = (3, 1)
     sign_pen = 3
     lettering = Lettering(letters.Type(1, 1, 3, 2, 3), 1, ("letter-top", "letter-bottom"),
                           ("number-top", "number-bottom"))
@@ -44,8 +46,8 @@ class Bold(Craft):
         """The states differ in their lines: whole or broken, and dark on light where it is on."""
         plates.box(cr, look.top, x, y, width, height, radius)
         dash = () if look.enabled else (4, 4)
-        if look.top == look.light:  # on: a dark line inside the light one
-            plates.line(cr, look.dark, x + 2, y + 2, width - 4, height - 4, radius - 1, 2, dash)
+        if look.sunken or look.glow:  # on: a dark line inside the light one
+            plates.line(cr, look.dark, x + 2, y + 2, width - 4, height - 4, radius - 1, 1, dash)
         else:
             plates.line(cr, look.light, x, y, width, height, radius, 2, dash)
 
@@ -109,7 +111,7 @@ class Bold(Craft):
         for row, line in enumerate(mark):
             for column, sign in enumerate(line):
                 if sign == "#":
-                    cr.rectangle(x + 1.5 + column, y + 1.5 + row, 1, 1)
+                    cr.rectangle(x + 2 + column, y + 2 + row, 1, 1)
         cr.fill()
 
     def bar(self, cr, x, width, height, kind):

@@ -22,6 +22,8 @@ class Craft:
     sign_pen = 2
     press = 1          # how far a pressed face moves away from the light
     outline = 2        # thickness of the line round what is laid over a board
+    logo_kinds = (1, 2, 3, 4, 5, 6, 7)  # the tiles that lend the letters of the logo their colours
+    score_kinds = (1, 4)                # and the words of the title of the high scores
     button_cut = letters.Type(0.75, 1, 2, 2)
     heading_cut = letters.Type(0.75, 0.7, 2, 2)
     overlay_cuts = {

@@ -28,8 +28,8 @@ class Porcelain(Craft):
     wall = 18
     round_pen = True
     press = 0
-    lettering = Lettering(letters.Type(1, 1, 2.4, 2, 2), 2, INK, ("number-top", "number-bottom"))
-    heading_cut = letters.Type(0.75, 0.7, 2, 2)
+    lettering = Lettering(letters.Type(1, 1, 2.4, 2, 2), 1, INK, ("number-top", "number-bottom"))
+    score_kinds = (7, 5)
 
     # plates
 
@@ -126,9 +126,10 @@ class Porcelain(Craft):
             self._torn(cr, x, (0, _wave(x, width, 5)), (height, -_wave(x, width, 6)))
         cr.restore()
         left, across = boards.PANEL_LEFT, boards.PANEL_WIDTH - 1
-        self.panel(cr, left, 2, across, height - 3, 7)
+        self.panel(cr, left, 2, across, height - 2, 7)
+        self._bouquet(cr, left + across / 2, 64)
         self.well(cr, boards.VALUES_LEFT, boards.VALUES_TOP, boards.VALUES_WIDTH - 1,
-                  boards.VALUES_HEIGHT - 1)
+                  boards.VALUES_HEIGHT)
         for y in boards.RULES:
             plates.bar(cr, "frame-dark", left + 8, y, across - 16, 1)
 
@@ -159,6 +160,22 @@ class Porcelain(Craft):
         cr.arc(x - 3.6 * turn, y - 6, 1, 0, 2 * math.pi)
         cr.fill()
 
+    def _bouquet(self, cr, x, y):
+        """A painted flower for the place of the displays that may be switched off."""
+        cr.set_source_rgba(*colour("frame-line"), 0.55)
+        for turn in range(8):
+            angle = math.pi * turn / 4
+            cr.arc(x + 13 * math.cos(angle), y + 13 * math.sin(angle), 7 if turn % 2 else 5, 0,
+                   2 * math.pi)
+            cr.fill()
+        for name, reach in (("frame", 8), ("frame-line", 5)):
+            cr.set_source_rgb(*colour(name))
+            cr.arc(x, y, reach, 0, 2 * math.pi)
+            cr.fill()
+        for dy in (-42, 42):
+            for dx in (-24, -8, 8, 24):
+                self._sprig(cr, x + dx, y + dy, 1)
+
     def _inside(self, cr, left, depth):
         """The inside, striped for the columns, in the shadow of the left wall."""
         width = boards.CELL * boards.COLUMNS
@@ -184,9 +201,13 @@ class Porcelain(Craft):
         cr.rectangle(x, y, SIZE, SIZE)
         cr.fill()
         self._glaze(cr, x + 1, y + 1, SIZE - 2, base)
-        marks = letters.load(sources.own(current.skin(), "marks.txt"))
-        cr.set_source_rgb(*colour(f"mark-{kind}"))
-        letters.draw_glyph(cr, marks[str(kind)], x + 3.5, y + 3.5, 9, 2.4)
+        mark = sources.grids(sources.own(current.skin(), "marks.txt"))[str(kind)]
+        for row, line in enumerate(mark):
+            for column, sign in enumerate(line):
+                if sign != ".":
+                    cr.set_source_rgba(*colour(f"mark-{kind}"), 1 if sign == "#" else 0.45)
+                    cr.rectangle(x + 3 + column, y + 3 + row, 1, 1)
+                    cr.fill()
 
     def _glaze(self, cr, x, y, size, base):
         """A glaze that is thin and bright at the top left, and gathers at the bottom right."""
