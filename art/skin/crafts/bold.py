@@ -123,7 +123,11 @@ class Bold(Craft):
     # titles
 
     def title(self, picture, text, large, kinds):
-        """Heavy letters: a strong hue in a thick white line."""
-        cut = letters.Type(4.7, 5.6, 20, 14) if large else letters.Type(2.8, 3.6, 13, 10)
-        layers = ((cut.pen, "frame", 1), (cut.pen - 7, "black", 1), (cut.pen - 10, "black", 0))
+        """Heavy letters: a strong hue, and in the logo a thick white line round it."""
+        if large:
+            cut = letters.Type(4.7, 5.6, 20, 14)
+            layers = ((20, "frame", 1), (13, "black", 1), (10, "black", 0))
+        else:
+            cut = letters.Type(2.8, 3.6, 11, 10)
+            layers = ((11, "black", 0),)
         self.stroked_title(picture, text, kinds, cut, layers)

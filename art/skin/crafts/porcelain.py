@@ -81,10 +81,11 @@ class Porcelain(Craft):
         for part, strength in ((1, 0.20), (0.93, 0.16), (0.8, 0.14)):
             chance = random.Random(f"{x} {y} {part}")
             points = []
-            for i in range(14):
-                angle = 2 * math.pi * i / 14
-                far = reach * part * (0.82 + 0.18 * chance.random())
-                points.append((x + far * math.cos(angle), y + far * math.sin(angle), reach / 5))
+            for i in range(11):
+                angle = 2 * math.pi * i / 11
+                far = reach * part * (0.66 + 0.34 * chance.random())
+                points.append((x + far * math.cos(angle), y + 0.8 * far * math.sin(angle),
+                               reach / 4.5))
             shapes.polyline(cr, points, True)
             cr.set_source_rgba(*colour(name), strength)
             cr.fill_preserve()
