@@ -45,7 +45,8 @@ def _point(word):
     return float(x), float(y), float(radius or 0)
 
 
-def _stroke(line):
+def stroke(line):
+    """A stroke as (kind, points) from its text."""
     words = line.split()
     kind = words.pop(0) if words[0] in ("loop", "fill", "disc") else "line"
     if kind == "disc":
@@ -60,7 +61,7 @@ def load(path):
     glyphs = {}
     for line in sources.lines(path):
         if line.startswith(" "):
-            glyph.strokes.append(_stroke(line))
+            glyph.strokes.append(stroke(line))
         else:
             title, width, *depth = line.split()
             glyph = glyphs[title] = Glyph(float(width), float(depth[0] if depth else CAPITAL), [])

@@ -70,7 +70,7 @@ class Bold(Craft):
 
     def ground(self, picture):
         """Black between two white lines."""
-        for x in (2, picture.width - 5):
+        for x in (0, picture.width - 3):
             plates.bar(picture.cr, "frame", x, 0, 3, picture.height)
 
     def half(self, picture):
