@@ -85,7 +85,7 @@ def _corners(cr, x, y, cell, light, dark):
 
 
 def _marks(cr, x, y, size, kind, value):
-    field = size.cell * 0.5
+    field = 2 * round(size.cell * 0.22)
     inset = (size.cell - field) / 2
     cr.set_source_rgb(*value)
     for name, *words in _SOURCE["marks"]:
