@@ -8,6 +8,9 @@ SIDE, FLOOR = 29, 20
 CELL, COLUMNS = 16, 10
 # The column of instruments beside a board, and the display of the values in it.
 PANEL_LEFT, PANEL_WIDTH = 230, 90
+# The two displays above the values, which may be switched off: where each one begins and ends. The
+# row between them is always seen.
+DISPLAYS = ((2, 62), (63, 129))
 VALUES_LEFT, VALUES_TOP, VALUES_WIDTH, VALUES_HEIGHT = 232, 129, 86, 242
 # Between the values: how far down each rule lies.
 RULES = (175, 223, 271, 330)
@@ -43,4 +46,4 @@ def preview_frame(width, height):
 
 def statistics_frame(width, height):
     """Round the chart of the figures, with a display below it for their number."""
-    return craft().small_frame(width, height, ((2, 3, 78, 37), (2, 43, 78, 20)))
+    return craft().small_frame(width, height, ((2, 3, 78, 36), (2, 42, 78, 21)))

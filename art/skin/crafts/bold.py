@@ -118,7 +118,7 @@ class Bold(Craft):
         """A bar of the statistics, in the colours of its tile."""
         plates.bar(cr, "black", x, 0, width, height)
         plates.bar(cr, f"ring-{kind}", x, 0, width - 1, height)
-        plates.bar(cr, f"tile-{kind}", x + 2, 0, width - 5, height)
+        plates.bar(cr, f"tile-{kind}", x + 1, 0, width - 3, height)
 
     # titles
 

@@ -167,19 +167,20 @@ class Enamel(Craft):
         _fade(cr, (0, height), (0, height - 12), (0, height - 12, width, 12))
         left, across = boards.PANEL_LEFT, boards.PANEL_WIDTH
         self.panel(cr, left, 0, across, height, self.radius)
-        self._blank(cr, left + 7, 7, across - 14, 116)
+        for top, bottom in boards.DISPLAYS:
+            self._inlay(cr, left + 8, top + 5, across - 16, bottom - top - 10)
+        self._emblem(cr, left + across / 2, sum(boards.DISPLAYS[0]) / 2)
         self.well(cr, boards.VALUES_LEFT, boards.VALUES_TOP, boards.VALUES_WIDTH,
                   boards.VALUES_HEIGHT)
         for y in boards.RULES:
             plates.bar(cr, "edge", left + 6, y, across - 12, 1)
             plates.bar(cr, "frame-dark", left + 6, y + 1, across - 12, 1)
 
-    def _blank(self, cr, x, y, width, height):
-        """The cover of the place of the displays, which may be switched off."""
-        self._inlay(cr, x, y, width, height)
-        left, top = x + width / 2 - 1.5 * LATTICE, y + height / 2 - LATTICE
+    def _emblem(self, cr, x, y):
+        """A figure of steel on the cover of the place of a display."""
+        size = 14
         for column, row in ((0, 0), (1, 0), (2, 0), (1, 1)):
-            self.face(cr, left + column * LATTICE, top + row * LATTICE, LATTICE - 1, LATTICE - 1,
+            self.face(cr, x + (column - 1.5) * size, y + (row - 1) * size, size - 1, size - 1,
                       plates.FRAME, 2)
 
     def panel(self, cr, x, y, width, height, radius):

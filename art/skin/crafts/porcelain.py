@@ -128,7 +128,8 @@ class Porcelain(Craft):
         cr.restore()
         left, across = boards.PANEL_LEFT, boards.PANEL_WIDTH - 1
         self.panel(cr, left, 2, across, height - 2, 7)
-        self._bouquet(cr, left + across / 2, 64)
+        for top, bottom in boards.DISPLAYS:
+            self._flower(cr, left + across / 2, (top + bottom) / 2)
         self.well(cr, boards.VALUES_LEFT, boards.VALUES_TOP, boards.VALUES_WIDTH - 1,
                   boards.VALUES_HEIGHT)
         for y in boards.RULES:
@@ -161,21 +162,20 @@ class Porcelain(Craft):
         cr.arc(x - 3.6 * turn, y - 6, 1, 0, 2 * math.pi)
         cr.fill()
 
-    def _bouquet(self, cr, x, y):
-        """A painted flower for the place of the displays that may be switched off."""
+    def _flower(self, cr, x, y):
+        """A painted flower for the place of a display that may be switched off."""
         cr.set_source_rgba(*colour("frame-line"), 0.55)
         for turn in range(8):
             angle = math.pi * turn / 4
-            cr.arc(x + 13 * math.cos(angle), y + 13 * math.sin(angle), 7 if turn % 2 else 5, 0,
+            cr.arc(x + 11 * math.cos(angle), y + 11 * math.sin(angle), 6 if turn % 2 else 4, 0,
                    2 * math.pi)
             cr.fill()
-        for name, reach in (("frame", 8), ("frame-line", 5)):
+        for name, reach in (("frame", 7), ("frame-line", 4)):
             cr.set_source_rgb(*colour(name))
             cr.arc(x, y, reach, 0, 2 * math.pi)
             cr.fill()
-        for dy in (-42, 42):
-            for dx in (-24, -8, 8, 24):
-                self._sprig(cr, x + dx, y + dy, 1)
+        for dx in (-30, 30):
+            self._sprig(cr, x + dx, y, 1)
 
     def _inside(self, cr, left, depth):
         """The inside, striped for the columns, in the shadow of the left wall."""
