@@ -16,16 +16,20 @@ CROWDED = {"W": 2, "@": 1.3}
 NUMBERS = "0123456789:;<=>?@"
 
 
+def _cut(character, cut):
+    """The cut of a character; all have the same height, however thick the pen."""
+    pen = CROWDED.get(character, cut.pen)
+    bar = min(pen, cut.level)
+    return cut._replace(pen=pen, bar=bar, down=(cut.height - bar) / letters.CAPITAL)
+
+
 def sheet_of(characters, names, width, height):
     """One row of cells, each with a letter in its outline."""
     text = craft().lettering
     picture = Picture(width, height, "halo")
     ink = letters.Ink(picture)
     for i, character in enumerate(characters):
-        pen = CROWDED.get(character, text.cut.pen)
-        cut = text.cut._replace(pen=pen, bar=min(pen, text.cut.level),
-                                down=text.cut.down)
-        cut = letters.squeezed([character], cut, WIDEST)
+        cut = letters.squeezed([character], _cut(character, text.cut), WIDEST)
         body = letters.width([character], cut)
         letters.draw(ink.cr, [character], i * CELL + (ADVANCE - body) // 2, text.top, cut)
     ink.outline(1, "halo")

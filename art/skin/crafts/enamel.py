@@ -1,4 +1,4 @@
-"""Midnight enamel: a dark room, steel, and polished tiles that catch the light from the top left."""
+"""Midnight enamel: a dark room, steel, and polished tiles in a light from the top left."""
 
 import random
 
@@ -310,7 +310,8 @@ class Enamel(Craft):
         right = max(x for cells, _, _ in figures for x, _ in cells) + size + depth
         bottom = 8 * size + depth
         left, top = (picture.width - right) // 2, (picture.height - bottom) // 2
-        whole = _cells([cell for cells, _, _ in figures for cell in cells], picture, left, top, size)
+        every = [cell for cells, _, _ in figures for cell in cells]
+        whole = _cells(every, picture, left, top, size)
         self._sides(picture, whole, depth, figures, (left, top, size))
         for cells, kind, number in figures:
             form = _cells(cells, picture, left, top, size)
