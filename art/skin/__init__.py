@@ -1,1 +1,1 @@
-"""Draws the pictures of the Original skin."""
+"""Draws the pictures of the skins."""

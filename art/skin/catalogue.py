@@ -1,10 +1,10 @@
-"""Every picture of the skin: its file, its colour key, its size and who paints it."""
+"""Every picture of a skin: its file, its colour key, its size and who paints it."""
 
 from typing import Callable, NamedTuple, Optional
 
 from . import boards, fontsheets, keycaps, overlays, tiles, titles
 from .buttons import named, signed
-from .overlays import AMBER, CORAL, HUGE, LARGE, MIDDLE, SMALL, STARS, WHITE, Words, over
+from .overlays import AMBER, CORAL, WHITE, Words, over
 from .plates import LIT, OFF, REST
 
 
@@ -25,11 +25,11 @@ WIDE, NARROW, SCORE = (2 * 118, 36), (2 * 109, 32), (2 * 116, 36)
 
 def _join(key):
     """The invitation to a side of the board, with the key that starts it."""
-    return over(REST, Words(f"PRESS {key}", MIDDLE, AMBER), Words("TO JOIN", SMALL, WHITE))
+    return over(REST, Words(f"PRESS {key}", "middle", AMBER), Words("TO JOIN", "small", WHITE))
 
 
 ROOT = [
-    Entry("Background.bmp", None, 64, 64, boards.ground),
+    Entry("Background.bmp", None, 520, 480, boards.ground),
     Entry("Letters.bmp", FIRST, 416, 16, fontsheets.capitals),
     Entry("Numbers.bmp", FIRST, 272, 16, fontsheets.numbers),
 ]
@@ -41,15 +41,15 @@ GAME = [
     Entry("Game/statisticsframe.bmp", FIRST, 82, 66, boards.statistics_frame),
     Entry("Game/blocks.bmp", SECOND, 128, 16, tiles.blocks),
     Entry("Game/statistics.bmp", SECOND, 56, 20, tiles.bars),
-    Entry("Game/pause.bmp", SECOND, 80, 48, over(REST, Words("PAUSE", MIDDLE, WHITE))),
-    Entry("Game/gameover.bmp", SECOND, 142, 48, over(REST, Words("GAME OVER", MIDDLE, AMBER))),
-    Entry("Game/looser.bmp", SECOND, 90, 48, over(OFF, Words("LOSER", MIDDLE, CORAL))),
+    Entry("Game/pause.bmp", SECOND, 80, 48, over(REST, Words("PAUSE", "middle", WHITE))),
+    Entry("Game/gameover.bmp", SECOND, 142, 48, over(REST, Words("GAME OVER", "middle", AMBER))),
+    Entry("Game/looser.bmp", SECOND, 90, 48, over(OFF, Words("LOSER", "middle", CORAL))),
     Entry("Game/winner.bmp", SECOND, 150, 64,
-          over(LIT, Words("***", STARS, DARK), Words("WINNER", HUGE, DARK))),
+          over(LIT, Words("***", "stars", DARK), Words("WINNER", "huge", DARK))),
     Entry("Game/join1.bmp", SECOND, 150, 64, _join("F1")),
     Entry("Game/join2.bmp", SECOND, 150, 64, _join("F2")),
     Entry("Game/battleagain.bmp", SECOND, 600, 46,
-          over(REST, Words("PRESS F3 TO BATTLE AGAIN", LARGE, AMBER))),
+          over(REST, Words("PRESS F3 TO BATTLE AGAIN", "large", AMBER))),
 ]
 
 
@@ -86,15 +86,14 @@ def _menu_buttons():
 
 
 MENU = [
-    Entry("menu/logo.bmp", FIRST, 624, 100, titles.laid("KORVANE", 10, 5, (1, 2, 3, 4, 5, 6, 7))),
+    Entry("menu/logo.bmp", FIRST, 624, 100, titles.logo),
     Entry("menu/LeftPlayer.bmp", FIRST, 109, 12, titles.heading("LEFT PLAYER")),
     Entry("menu/RightPlayer.bmp", FIRST, 109, 12, titles.heading("RIGHT PLAYER")),
     *_menu_buttons(),
 ]
 
 HIGH_SCORE = [
-    Entry("HighScore/highscore.bmp", FIRST, 532, 100,
-          titles.laid("HIGH SCORES", 7, 4, (1, 1, 1, 1, 4, 4, 4, 4, 4, 4))),
+    Entry("HighScore/highscore.bmp", FIRST, 532, 100, titles.high_scores),
     Entry("HighScore/cursor.bmp", FIRST, 16, 18, titles.cursor),
     *_button("HighScore", "menubutt", SCORE, named, "MENU", "list", disabled="menuButt2"),
     *_button("HighScore", "playButt", SCORE, named, "PLAY", "play", disabled="playButt2"),

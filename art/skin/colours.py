@@ -1,25 +1,11 @@
-"""The palette and sums with colours. A colour is a triple of red, green, blue from 0 to 1."""
+"""Sums with colours. A colour is a triple of red, green, blue from 0 to 1."""
 
-from . import sources
+from functools import lru_cache
 
+from .current import colour  # noqa: F401  (painters take it from here)
 
-def from_hex(text):
-    """The colour that six hexadecimal digits spell."""
-    return tuple(int(text[i:i + 2], 16) / 255 for i in (0, 2, 4))
-
-
-def _load():
-    words = (line.split() for line in sources.lines("palette.txt"))
-    return {name: from_hex(value) for name, value, *_ in words}
-
-
-PALETTE = _load()
 WHITE = (1.0, 1.0, 1.0)
-
-
-def colour(name):
-    """A colour of the palette by its name."""
-    return PALETTE[name]
+BLACK = (0.0, 0.0, 0.0)
 
 
 def mix(first, second, part):
@@ -27,10 +13,15 @@ def mix(first, second, part):
     return tuple(a + (b - a) * part for a, b in zip(first, second))
 
 
+def linear(channel):
+    """The light that a channel stands for."""
+    return channel / 12.92 if channel <= 0.04045 else ((channel + 0.055) / 1.055) ** 2.4
+
+
+@lru_cache(maxsize=None)
 def luminance(value):
     """Relative luminance, as the rules for readable screens define it."""
-    linear = (c / 12.92 if c <= 0.03928 else ((c + 0.055) / 1.055) ** 2.4 for c in value)
-    return sum(weight * c for weight, c in zip((0.2126, 0.7152, 0.0722), linear))
+    return sum(weight * linear(c) for weight, c in zip((0.2126, 0.7152, 0.0722), value))
 
 
 def contrast(first, second):

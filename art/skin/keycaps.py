@@ -1,6 +1,7 @@
 """The key caps of the key configuration, and the legends that are laid upon them."""
 
 from . import letters, plates, sources
+from .current import craft
 from .picture import Picture
 
 CELL = 29
@@ -9,19 +10,15 @@ FACE_LEFT, FACE_TOP, FACE_BOTTOM = 6, 4, 10
 # A legend is drawn 10 pixels down in a cap; this is the middle of the face from there.
 MIDDLE = 20
 SPACING = 4
-SINGLE = letters.Type(2, 2, 4, 0)
 # Marks that fill but a small part of the height of a letter.
 SMALL_MARKS = ".,;'`-"
-MARK = letters.Type(3, 2.4, 5, 0)
-PAIRED = letters.Type(1.5, 1.2, 4, 0)
-WORD = letters.Type(0.75, 1, 2, 1)
 LEGEND_NAMES = ("letter-top", "letter-bottom")
 SIGN, SMALL_SIGN = 24, 18
 
 
 def _legends():
     sheets = {}
-    for line in sources.lines("legends.txt"):
+    for line in sources.lines(sources.ART / "legends.txt"):
         if line.startswith(" "):
             cells.append(line.split())
         else:
@@ -34,10 +31,10 @@ LEGENDS = _legends()
 
 def _cut(word, alone):
     if len(word) > 1:
-        return letters.squeezed(word, WORD, CELL - 2)
+        return letters.squeezed(word, craft().key_cuts["word"], CELL - 2)
     if word in SMALL_MARKS:
-        return MARK
-    return SINGLE if alone else PAIRED
+        return craft().key_cuts["mark"]
+    return craft().key_cuts["single" if alone else "paired"]
 
 
 def _height(word, alone):
@@ -68,36 +65,38 @@ def _legend(ink, words, x):
 def legends(sheet):
     """A painter of the legends of one sheet."""
     def paint(width, height):
-        picture = Picture(width, height, "plate-dark")
+        picture = Picture(width, height, "legend-edge")
         ink = letters.Ink(picture)
         for i, words in enumerate(LEGENDS[sheet]):
             _legend(ink, words, i * CELL)
-        ink.outline(1, "plate-dark")
+        ink.outline(1, "legend-edge")
         ink.pour(0, height, LEGEND_NAMES)
         return picture
     return paint
-
-
-def _cap(picture, x, width, height, look):
-    """One key cap: its body, and on it the face that carries the legend."""
-    body = look._replace(top=look.bottom, bottom=look.dark, sunken=False, glow="")
-    plates.plate(picture, x, 0, width, height, body)
-    plates.face(picture.cr, x + FACE_LEFT, FACE_TOP, width - 2 * FACE_LEFT,
-                height - FACE_TOP - FACE_BOTTOM, look, plates.RADIUS)
 
 
 def slot(width, height):
     """The button of a key: at rest without its legend, and lit while it waits for a key."""
     frame = width // 2
     picture = Picture(width, height)
-    plates.require_readable(plates.REST, LEGEND_NAMES)
-    _cap(picture, 0, frame, height, plates.REST)
-    _cap(picture, frame, frame, height, plates.ON)
+    craft().cap(picture, 0, frame, height, plates.REST)
+    craft().cap(picture, frame, frame, height, plates.ON)
+    _require_readable_legends(picture, frame)
+    cut = craft().key_cuts["word"]
     ink = letters.Ink(picture)
     y = FACE_TOP + 10
     for word in ("PRESS", "A KEY"):
-        x = frame + (frame - letters.width(word, WORD)) // 2
-        letters.draw(ink.cr, word, x, y, WORD)
-        y += round(WORD.height) + SPACING + 2
+        x = frame + (frame - letters.width(word, cut)) // 2
+        letters.draw(ink.cr, word, x, y, cut)
+        y += round(cut.height) + SPACING + 2
+    ink.must_read((plates.ON.ink,))
     ink.pour(0, height, (plates.ON.ink, plates.ON.ink))
     return picture
+
+
+def _require_readable_legends(picture, frame):
+    """The legends lie in pictures of their own; here they meet the cap."""
+    ink = letters.Ink(picture)
+    ink.cr.rectangle((frame - CELL) / 2, FACE_TOP + 6, CELL, 30)
+    ink.cr.fill()
+    ink.must_read(LEGEND_NAMES)

@@ -4,7 +4,7 @@ import math
 
 from . import sources
 
-KEYS = [tuple(bytes.fromhex(line)) for line in sources.lines("keys.txt")]
+KEYS = [tuple(bytes.fromhex(line)) for line in sources.lines(sources.ART / "keys.txt")]
 # How far all art has to stay from every key, as a distance in the room of the three channels. On
 # a screen of few colours what lies nearer might be shown as the key, and so as a hole.
 DISTANCE = 80

@@ -1,10 +1,11 @@
 """Lettering and signs, drawn from the stroke lists in letters.txt and signs.txt."""
 
-from typing import NamedTuple
+from functools import lru_cache
+from typing import NamedTuple, Optional
 
 import cairo
 
-from . import colours, shapes, sources
+from . import colours, current, readable, shapes, sources
 from .picture import grown, sheet
 
 CAPITAL = 10
@@ -15,13 +16,19 @@ class Type(NamedTuple):
 
     across: float  # pixels for each step of the grid to the right
     down: float  # pixels for each step downwards
-    pen: float = 2  # thickness of the strokes in pixels
+    pen: float = 2  # thickness of the upright strokes in pixels
     gap: float = 2  # pixels between neighbours
+    bar: Optional[float] = None  # thickness of the level strokes, where it is another
+
+    @property
+    def level(self):
+        """Thickness of the level strokes."""
+        return self.pen if self.bar is None else self.bar
 
     @property
     def height(self):
         """Height of the capitals in pixels."""
-        return CAPITAL * self.down + self.pen
+        return CAPITAL * self.down + self.level
 
 
 class Glyph(NamedTuple):
@@ -38,7 +45,8 @@ def _point(word):
     return float(x), float(y), float(radius or 0)
 
 
-def _stroke(line):
+def stroke(line):
+    """A stroke as (kind, points) from its text."""
     words = line.split()
     kind = words.pop(0) if words[0] in ("loop", "fill", "disc") else "line"
     if kind == "disc":
@@ -47,20 +55,31 @@ def _stroke(line):
     return kind, [_point(word) for word in words]
 
 
-def load(name):
+@lru_cache(maxsize=None)
+def load(path):
     """The glyphs of a stroke list, by name."""
     glyphs = {}
-    for line in sources.lines(name):
+    for line in sources.lines(path):
         if line.startswith(" "):
-            glyph.strokes.append(_stroke(line))
+            glyph.strokes.append(stroke(line))
         else:
             title, width, *depth = line.split()
             glyph = glyphs[title] = Glyph(float(width), float(depth[0] if depth else CAPITAL), [])
     return glyphs
 
 
-LETTERS = load("letters.txt")
-SIGNS = load("signs.txt")
+def letter(name):
+    """A letter as the skin shapes it: some skins have letters of their own."""
+    own = sources.own(current.skin(), "letters.txt")
+    shared = load(sources.ART / "letters.txt")
+    return (load(own) if own.exists() else {}).get(name, shared.get(name))
+
+
+def sign(name):
+    """A small picture."""
+    return load(sources.ART / "signs.txt")[name]
+
+
 WORD_SPACE = Glyph(2, 0, [])
 
 
@@ -76,28 +95,37 @@ def _draw_stroke(cr, kind, points, cut):
     cr.restore()
     if kind in ("fill", "disc"):
         cr.fill()
-    else:
-        cr.stroke()
+        return
+    cr.save()
+    cr.scale(cut.pen, cut.level)
+    cr.stroke()
+    cr.restore()
 
 
 def _draw_glyph(cr, glyph, x, y, cut, boxed):
-    """Draws one glyph whose body begins at x, y."""
+    """Draws one glyph whose body begins at x, y.
+
+    A boxed glyph ends flat at the sides of its box; a pen with a round point stops there instead.
+    """
+    soft = boxed and current.craft().round_pen
     cr.save()
-    cr.translate(x + cut.pen / 2, y + cut.pen / 2)
+    cr.translate(x + cut.pen / 2, y + cut.level / 2)
     if boxed:
-        edge = cut.pen / 2
-        cr.rectangle(-edge, -edge, glyph.width * cut.across + cut.pen,
-                     glyph.depth * cut.down + cut.pen)
+        cr.rectangle(-cut.pen / 2, -cut.level / 2, glyph.width * cut.across + cut.pen,
+                     glyph.depth * cut.down + cut.level)
         cr.clip()
-    cr.set_line_width(cut.pen)
-    cr.set_line_join(cairo.LINE_JOIN_MITER)
+    cr.set_line_width(1)
+    cr.set_line_join(cairo.LINE_JOIN_ROUND if soft else cairo.LINE_JOIN_MITER)
+    cr.set_line_cap(cairo.LINE_CAP_ROUND if soft else cairo.LINE_CAP_BUTT)
     for kind, points in glyph.strokes:
+        if soft and kind == "line":
+            points = shapes.shortened(points, glyph.width, glyph.depth)
         _draw_stroke(cr, kind, points, cut)
     cr.restore()
 
 
 def _glyphs(text):
-    return [WORD_SPACE if letter == " " else LETTERS[letter] for letter in text]
+    return [WORD_SPACE if name == " " else letter(name) for name in text]
 
 
 def _across(glyph, cut):
@@ -128,8 +156,13 @@ def draw(cr, text, x, y, cut):
 
 def draw_sign(cr, name, x, y, size, pen=2):
     """Draws a sign into the square of a size whose corner is x, y."""
+    draw_glyph(cr, sign(name), x, y, size, pen)
+
+
+def draw_glyph(cr, glyph, x, y, size, pen):
+    """Draws a glyph on a field of 10 by 10 into the square of a size whose corner is x, y."""
     step = (size - pen) / CAPITAL
-    _draw_glyph(cr, SIGNS[name], x, y, Type(step, step, pen), False)
+    _draw_glyph(cr, glyph, x, y, Type(step, step, pen), False)
 
 
 def graded(cr, top, bottom, names):
@@ -147,6 +180,10 @@ class Ink:
         self.picture = picture
         self.sheet = sheet(picture.width, picture.height)
         self.cr = cairo.Context(self.sheet)
+
+    def must_read(self, names):
+        """Raises ValueError if the lettering would be hard to read in the colours that it gets."""
+        readable.require(self.picture, self.sheet, names)
 
     def outline(self, thickness, name="ink-dark", dx=0, dy=0):
         """Lays a hard dark line round the lettering, and makes it part of the picture."""

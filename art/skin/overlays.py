@@ -3,47 +3,46 @@
 from typing import NamedTuple
 
 from . import letters, plates
+from .current import craft
 from .picture import Picture
-
-LINE = 2
 
 
 class Words(NamedTuple):
-    """One line of an overlay."""
+    """One line of an overlay: its text, its size by name and the colours of its gradient."""
 
     text: str
-    cut: letters.Type
+    size: str
     names: tuple
+
+    @property
+    def cut(self):
+        """The cut of the line in the skin under work."""
+        return craft().overlay_cuts[self.size]
 
 
 WHITE = ("letter-top", "letter-bottom")
 AMBER = ("amber-top", "amber-bottom")
 CORAL = ("coral-top", "coral-bottom")
-LARGE = letters.Type(1.2, 1.4, 4, 3)
-HUGE = letters.Type(1.6, 2, 4, 4)
-STARS = letters.Type(1.2, 1.2, 0, 5)
-MIDDLE = letters.Type(0.9, 1.2, 3, 3)
-SMALL = letters.Type(0.8, 1, 2, 2)
 SPACING = 8
-MARGIN = 10
+MARGIN = 9
 
 
 def _announcement(width, height, look, lines):
     """A plate with lines of large lettering in the middle."""
-    picture = Picture(width, height, "ink-dark")
-    plates.plate(picture, 0, 0, width, height, look, line=LINE)
-    y = (height - sum(line.cut.height for line in lines) - SPACING * (len(lines) - 1)) // 2
+    picture = Picture(width, height, "edge")
+    plates.plate(picture, 0, 0, width, height, look._replace(enabled=True),
+                 thickness=craft().outline)
+    full = sum(line.cut.height for line in lines) + SPACING * (len(lines) - 1)
+    y = round((height - full) / 2)
     for line in lines:
-        plates.require_readable(look, line.names)
         cut = letters.squeezed(line.text, line.cut, width - 2 * MARGIN)
         ink = letters.Ink(picture)
         x = round((width - letters.width(line.text, cut)) / 2)
         letters.draw(ink.cr, line.text, x, y, cut)
-        if not look.glow:
-            ink.outline(1)
-            ink.shade(0.7, 1, 2)
+        ink.must_read(line.names)
+        craft().banner_relief(ink, look)
         ink.pour(y, y + cut.height, line.names)
-        y += line.cut.height + SPACING
+        y += round(line.cut.height) + SPACING
     return picture
 
 

@@ -44,6 +44,16 @@ def grown(surface, steps, least=64):
     return result
 
 
+def rim(surface, dx, dy):
+    """What a sheet loses when it is shifted: its edge on the sides that it moves away from."""
+    result = sheet(surface.get_width(), surface.get_height())
+    cr = cairo.Context(result)
+    cr.mask_surface(surface)
+    cr.set_operator(cairo.OPERATOR_DEST_OUT)
+    cr.mask_surface(surface, dx, dy)
+    return result
+
+
 class Picture:
     """One picture, drawn with `cr` (art) and `mask` (the pixels that count)."""
 

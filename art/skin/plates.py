@@ -1,17 +1,15 @@
-"""The one bevel of the skin: raised plates, sunken displays and steel frames."""
+"""Plates and bevels: what most things of a skin are made of."""
 
 from typing import NamedTuple
 
 import cairo
 
-from . import shapes
-from .colours import colour, contrast
-
-RADIUS = 5
+from . import current, shapes
+from .colours import colour
 
 
 class Look(NamedTuple):
-    """Colours of a plate, by their names in the palette."""
+    """Colours of a plate, by their names in the palette, and its state."""
 
     top: str
     bottom: str
@@ -20,23 +18,51 @@ class Look(NamedTuple):
     ink: str
     sunken: bool = False
     glow: str = ""
+    enabled: bool = True
 
 
 REST = Look("plate-top", "plate-bottom", "plate-light", "plate-dark", "plate-ink")
 ON = Look("lamp-top", "lamp-bottom", "lamp-light", "lamp-dark", "lamp-ink", True, "lamp-glow")
-OFF = Look("off-top", "off-bottom", "off-light", "off-dark", "off-ink")
-OFF_ON = Look("ember-top", "ember-bottom", "ember-light", "ember-dark", "ember-ink", True)
-STEEL = Look("steel", "steel-face", "steel-light", "steel-dark", "letter-top")
+OFF = Look("off-top", "off-bottom", "off-light", "off-dark", "off-ink", enabled=False)
+OFF_ON = Look("ember-top", "ember-bottom", "ember-light", "ember-dark", "ember-ink", True,
+              enabled=False)
+FRAME = Look("frame", "frame-face", "frame-light", "frame-dark", "plate-ink")
 # A lit plate that still stands up, for the pictures that announce something good.
 LIT = ON._replace(sunken=False)
-READABLE = 4.5
 
 
-def _downwards(y, height, top, bottom):
+def downwards(y, height, top, bottom):
+    """A gradient between two colours of the palette."""
     gradient = cairo.LinearGradient(0, y, 0, y + height)
     gradient.add_color_stop_rgb(0, *colour(top))
     gradient.add_color_stop_rgb(1, *colour(bottom))
     return gradient
+
+
+def bar(cr, name, x, y, width, height):
+    """A rectangle in one colour of the palette."""
+    cr.set_source_rgb(*colour(name))
+    cr.rectangle(x, y, width, height)
+    cr.fill()
+
+
+def box(cr, name, x, y, width, height, radius):
+    """A rectangle with round corners in one colour of the palette."""
+    shapes.rounded_rectangle(cr, x, y, width, height, radius)
+    cr.set_source_rgb(*colour(name))
+    cr.fill()
+
+
+def line(cr, name, x, y, width, height, radius, thickness, dash=()):
+    """A line that follows the inside of a rectangle with round corners."""
+    cr.save()
+    cr.set_line_width(thickness)
+    cr.set_dash(dash)
+    cr.set_source_rgb(*colour(name))
+    shapes.rounded_rectangle(cr, x + thickness / 2, y + thickness / 2, width - thickness,
+                             height - thickness, max(radius - thickness / 2, 0.5))
+    cr.stroke()
+    cr.restore()
 
 
 def _sides(x, y, width, height):
@@ -49,7 +75,7 @@ def _sides(x, y, width, height):
     return lit, shaded
 
 
-def _edge(cr, x, y, width, height, radius, names, strength):
+def edge(cr, x, y, width, height, radius, names, strength):
     """A line of one pixel inside a rectangle, in one colour towards the light and in another."""
     cr.set_line_width(1)
     for side, name in zip(_sides(x, y, width, height), names):
@@ -64,72 +90,16 @@ def _edge(cr, x, y, width, height, radius, names, strength):
         cr.restore()
 
 
-def bevel(cr, x, y, width, height, look, radius=RADIUS):
+def bevel(cr, x, y, width, height, look, radius):
     """Two lines of bevel just inside a rectangle, the outer one the stronger."""
     names = (look.dark, look.light) if look.sunken else (look.light, look.dark)
     for inset, strength in ((0, 0.85), (1, 0.3)):
-        _edge(cr, x + inset, y + inset, width - 2 * inset, height - 2 * inset,
-              max(radius - inset, 1), names, strength)
+        edge(cr, x + inset, y + inset, width - 2 * inset, height - 2 * inset,
+             max(radius - inset, 1), names, strength)
 
 
-def _inner_glow(cr, x, y, width, height, name):
-    """A lamp behind the plate: brightest in the middle."""
-    cr.save()
-    cr.translate(x + width / 2, y + height / 2)
-    cr.scale(width / 2, height / 2)
-    glow = cairo.RadialGradient(0, 0, 0, 0, 0, 1.1)
-    glow.add_color_stop_rgba(0.0, *colour(name), 0.85)
-    glow.add_color_stop_rgba(1.0, *colour(name), 0.0)
-    cr.set_source(glow)
-    cr.rectangle(-1, -1, 2, 2)
-    cr.fill()
-    cr.restore()
-
-
-def _sheen(cr, x, y, width, height):
-    """The reflection of the light over the upper half of a polished plate."""
-    gradient = cairo.LinearGradient(0, y, 0, y + height / 2)
-    gradient.add_color_stop_rgba(0, 1, 1, 1, 0.11)
-    gradient.add_color_stop_rgba(1, 1, 1, 1, 0.03)
-    cr.set_source(gradient)
-    cr.rectangle(x, y, width, height / 2 - 1)
-    cr.fill()
-
-
-def plate(picture, x, y, width, height, look, radius=RADIUS, line=1):
+def plate(picture, x, y, width, height, look, radius=None, thickness=1):
     """A plate with a dark line round it; it belongs to the picture as a whole."""
+    radius = current.craft().radius if radius is None else radius
     picture.cover(shapes.rounded_rectangle, x, y, width, height, radius)
-    face(picture.cr, x + line, y + line, width - 2 * line, height - 2 * line, look,
-         max(radius - line, 1))
-
-
-def face(cr, x, y, width, height, look, radius=RADIUS - 1):
-    """The face of a plate with its bevel, without the line."""
-    cr.save()
-    shapes.rounded_rectangle(cr, x, y, width, height, radius)
-    cr.clip()
-    cr.set_source(_downwards(y, height, look.top, look.bottom))
-    cr.paint()
-    if look.glow:
-        _inner_glow(cr, x, y, width, height, look.glow)
-    if not look.sunken:
-        _sheen(cr, x, y, width, height)
-    cr.restore()
-    bevel(cr, x, y, width, height, look, radius)
-
-
-def display(cr, x, y, width, height, rim="steel-light", radius=2):
-    """A dark glass let into what is there: its rim is shaded above and lit below."""
-    shapes.rounded_rectangle(cr, x, y, width, height, radius)
-    cr.set_source_rgb(*colour("glass"))
-    cr.fill()
-    _edge(cr, x - 1, y - 1, width + 2, height + 2, radius + 1, ("ink-dark", rim), 0.6)
-
-
-def require_readable(look, names):
-    """Raises ValueError if lettering in any of some colours is hard to read on a plate."""
-    for name in names:
-        for ground in (look.top, look.bottom):
-            reached = contrast(colour(name), colour(ground))
-            if reached < READABLE:
-                raise ValueError(f"{name} on {ground}: contrast {reached:.1f}")
+    current.craft().plate(picture.cr, x, y, width, height, look, radius, thickness)

@@ -47,3 +47,25 @@ def polyline(cr, points, closed):
     for i in range(1, last):
         _corner(cr, places[i - 1], places[i], places[i + 1], radii[i])
     cr.line_to(*places[last])
+
+
+def _inside(inner, outer, width, depth):
+    """The last point inside a box on the way from an inner point to an outer one."""
+    part = 1.0
+    for start, end, most in zip(inner, outer, (width, depth)):
+        if end < 0:
+            part = min(part, start / (start - end))
+        elif end > most:
+            part = min(part, (most - start) / (end - start))
+    part = max(part, 0.0)
+    return (*(start + (end - start) * part for start, end in zip(inner, outer)), 0.0)
+
+
+def shortened(points, width, depth):
+    """A stroke whose ends stop at the sides of a box of a width and a depth."""
+    points = list(points)
+    for end, inner in ((0, 1), (-1, -2)):
+        start = tuple(min(max(value, 0), most)
+                      for value, most in zip(points[inner], (width, depth)))
+        points[end] = _inside(start, points[end][:2], width, depth)
+    return points

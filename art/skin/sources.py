@@ -3,26 +3,39 @@
 from pathlib import Path
 
 ART = Path(__file__).resolve().parent.parent
-SKIN = ART.parent / "Skins" / "Original"
+SKINS = ART.parent / "Skins"
 
 
-def lines(name):
+def results(skin):
+    """The folder that the pictures of a skin go to."""
+    return SKINS / skin
+
+
+def own(skin, name):
+    """The path of a source that belongs to one skin."""
+    return ART / "skins" / skin / name
+
+
+def lines(path):
     """The lines of a source that say something: no remarks, no empty ones.
 
     Indentation is kept, for it says what belongs to what; a "#" is a remark only at the start of a
     line and before a space, for the character grids draw with it.
     """
-    for line in (ART / name).read_text(encoding="ascii").splitlines():
+    for line in path.read_text(encoding="ascii").splitlines():
         if line.strip() and not line.startswith("# "):
             yield line.rstrip()
 
 
-def grids(name):
-    """The character grids of a source: a dictionary from the name to a list of rows."""
+def grids(path):
+    """The character grids of a source: a dictionary from the name to a list of rows.
+
+    A name begins with a capital or a digit; the rows below it consist of signs and small letters.
+    """
     found = {}
-    for line in lines(name):
-        if set(line) <= {"#", "."}:
-            rows.append(line)
-        else:
+    for line in lines(path):
+        if line[0].isupper() or line[0].isdigit():
             rows = found.setdefault(line.split()[0], [])
+        else:
+            rows.append(line)
     return found

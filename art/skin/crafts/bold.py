@@ -1,0 +1,133 @@
+"""Black and white with few strong hues: thick lines, large marks, nothing that needs colour."""
+
+from .. import boards, current, letters, plates, shapes, sources
+from ..colours import colour
+from ..tiles import SIZE
+from .craft import Craft, Lettering
+
+
+class Bold(Craft):
+    """The craft of Contrast."""
+
+    radius = 4
+    wall = 12
+    press = 0
+    outline = 1
+    logo_kinds = (1, 3, 2, 1, 6, 3, 7)
+    score_kinds = (3, 1)
+    sign_pen = 3
+    lettering = Lettering(letters.Type(1, 1, 3, 2, 3), 1, ("letter-top", "letter-bottom"),
+                          ("number-top", "number-bottom"))
+    button_cut = letters.Type(0.8, 1.1, 3, 2)
+    heading_cut = letters.Type(0.75, 0.7, 3, 2, 2)
+    overlay_cuts = {
+        "huge": letters.Type(1.6, 2, 6, 4),
+        "large": letters.Type(1.2, 1.6, 5, 4),
+        "middle": letters.Type(0.9, 1.4, 4, 3),
+        "small": letters.Type(0.8, 1.1, 3, 2),
+        "stars": letters.Type(1.2, 1.2, 0, 5),
+    }
+    key_cuts = {
+        "single": letters.Type(2, 2.1, 5, 0),
+        "mark": letters.Type(3, 2.4, 6, 0),
+        "paired": letters.Type(1.5, 1.2, 4, 0),
+        "word": letters.Type(0.75, 1, 2, 1),
+    }
+
+    # plates
+
+    def plate(self, cr, x, y, width, height, look, radius, thickness):
+        """A flat face in a thick line, which is broken where the plate cannot be used."""
+        plates.box(cr, "edge", x, y, width, height, radius)
+        self.face(cr, x + thickness, y + thickness, width - 2 * thickness,
+                  height - 2 * thickness, look, radius)
+
+    def face(self, cr, x, y, width, height, look, radius):
+        """The states differ in their lines: whole or broken, and dark on light where it is on."""
+        plates.box(cr, look.top, x, y, width, height, radius)
+        dash = () if look.enabled else (4, 4)
+        if look.sunken or look.glow:  # on: a dark line inside the light one
+            plates.line(cr, look.dark, x + 2, y + 2, width - 4, height - 4, radius - 1, 1, dash)
+        else:
+            plates.line(cr, look.light, x, y, width, height, radius, 2, dash)
+
+    def cap(self, picture, x, width, height, look):
+        """A key cap: a thick line, and a foot below its face."""
+        plates.plate(picture, x, 0, width, height, look._replace(top=look.light, light=look.dark))
+        plates.box(picture.cr, "black", x + 3, 3, width - 6, height - 11, 3)
+        plates.box(picture.cr, look.top, x + 4, 4, width - 8, height - 13, 3)
+
+    def panel(self, cr, x, y, width, height, radius):
+        """A field in a white line."""
+        plates.box(cr, "frame", x, y, width, height, radius)
+        plates.box(cr, "black", x + 2, y + 2, width - 4, height - 4, radius - 2)
+
+    def well(self, cr, x, y, width, height, radius=2):
+        """A field that is all black, as the panel itself is."""
+        plates.box(cr, "glass", x, y, width, height, radius)
+
+    # grounds
+
+    def ground(self, picture):
+        """Black between two white lines."""
+        for x in (0, picture.width - 3):
+            plates.bar(picture.cr, "frame", x, 0, 3, picture.height)
+
+    def half(self, picture):
+        """Black, with a ruled field for the values."""
+        left, across = boards.PANEL_LEFT, boards.PANEL_WIDTH - 2
+        self.panel(picture.cr, left, 0, across, picture.height, self.radius)
+        for y in (*boards.RULES, boards.VALUES_TOP):
+            plates.bar(picture.cr, "frame", left, y, across, 2)
+
+    # the board
+
+    def board(self, picture, left, inside, depth):
+        """Thick white walls with a mark for every row, and a floor as thick."""
+        cr, width, height = picture.cr, picture.width, picture.height
+        full, bottom = width - 2 * left, depth + self.wall
+        picture.cover(shapes.rounded_rectangle, left, 0, full, bottom, 2)
+        plates.box(cr, "frame", left, 0, full, bottom, 2)
+        for x in (left + 3, width - left - self.wall + 3):
+            for row in range(1, depth // boards.CELL):
+                plates.bar(cr, "black", x, row * boards.CELL - 1, self.wall - 6, 2)
+        plates.bar(cr, "black", inside - 2, 0, boards.CELL * boards.COLUMNS + 4, depth + 2)
+        for column in range(boards.COLUMNS):
+            name = "board-stripe" if column % 2 else "board"
+            plates.bar(cr, name, inside + column * boards.CELL, 0, boards.CELL, depth)
+
+    # tiles
+
+    def tile(self, picture, x, y, kind):
+        """One tile: a face in its ring with a large mark, all in flat colours."""
+        cr = picture.cr
+        picture.mask.rectangle(x, y, SIZE, SIZE)
+        picture.mask.fill()
+        plates.bar(cr, "black", x, y, SIZE, SIZE)
+        plates.box(cr, f"ring-{kind}", x, y, SIZE - 1, SIZE - 1, 1)
+        plates.bar(cr, f"tile-{kind}", x + 2, y + 2, SIZE - 5, SIZE - 5)
+        mark = sources.grids(sources.own(current.skin(), "marks.txt"))[str(kind)]
+        cr.set_source_rgb(*colour(f"mark-{kind}"))
+        for row, line in enumerate(mark):
+            for column, sign in enumerate(line):
+                if sign == "#":
+                    cr.rectangle(x + 2 + column, y + 2 + row, 1, 1)
+        cr.fill()
+
+    def bar(self, cr, x, width, height, kind):
+        """A bar of the statistics, in the colours of its tile."""
+        plates.bar(cr, "black", x, 0, width, height)
+        plates.bar(cr, f"ring-{kind}", x, 0, width - 1, height)
+        plates.bar(cr, f"tile-{kind}", x + 1, 0, width - 3, height)
+
+    # titles
+
+    def title(self, picture, text, large, kinds):
+        """Heavy letters: a strong hue, and in the logo a thick white line round it."""
+        if large:
+            cut = letters.Type(4.7, 5.6, 20, 14)
+            layers = ((20, "frame", 1), (13, "black", 1), (10, "black", 0))
+        else:
+            cut = letters.Type(2.8, 3.6, 11, 10)
+            layers = ((11, "black", 0),)
+        self.stroked_title(picture, text, kinds, cut, layers)
