@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/host.h"
@@ -32,6 +33,8 @@ class HeadlessHost final : public Host {
     void SetCounterFrequency(std::uint64_t countsPerSecond) { counterFrequency_ = countsPerSecond; }
     /// The folder that paths are resolved beneath.
     void UseFolder(const std::string& folder);
+    /// Takes all paths to files of the caller's.
+    void UseFiles(std::unique_ptr<Files> files) { files_ = std::move(files); }
     void Push(const HostEvent& event) { events_.push_back(event); }
     void PushKey(std::uint8_t key, bool down, std::uint8_t modifiers = 0);
     /// Called when the program waits without limit and no event waits; it must push one (a program

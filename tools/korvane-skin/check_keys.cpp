@@ -1,0 +1,119 @@
+#include <functional>
+
+#include "tools/korvane-skin/checks.h"
+#include "tools/korvane-skin/colour.h"
+#include "tools/korvane-skin/limits.h"
+
+namespace korvane {
+namespace {
+
+/// How many pixels something is true of, and the first of them.
+struct Spots {
+    int count = 0;
+    POINT first{};
+    std::uint32_t colour = 0;
+
+    explicit operator bool() const { return count > 0; }
+};
+
+Spots FindSpots(const DecodedBitmap& bitmap, const std::function<bool(int x, int y)>& isOne) {
+    Spots spots;
+    for (int y = 0; y < bitmap.size.cy; ++y) {
+        for (int x = 0; x < bitmap.size.cx; ++x) {
+            if (!isOne(x, y)) continue;
+            if (spots.count++ == 0) spots = {1, {x, y}, PixelOf(bitmap, x, y)};
+        }
+    }
+    return spots;
+}
+
+std::string SpotText(const Spots& spots) {
+    return Text(spots.count, spots.count == 1 ? " pixel (" : " pixels (the first at ",
+                spots.count == 1 ? "at " : "", spots.first.x, ", ", spots.first.y, ", ",
+                ColourName(spots.colour), ")");
+}
+
+bool TouchesKey(const DecodedBitmap& bitmap, int x, int y, std::uint32_t key) {
+    constexpr POINT kBeside[] = {{-1, 0}, {1, 0}, {0, -1}, {0, 1}};
+    for (const POINT& step : kBeside) {
+        const POINT at{x + step.x, y + step.y};
+        const bool isInside =
+            at.x >= 0 && at.y >= 0 && at.x < bitmap.size.cx && at.y < bitmap.size.cy;
+        if (isInside && PixelOf(bitmap, at.x, at.y) == key) return true;
+    }
+    return false;
+}
+
+void CheckCollisions(const PictureRow& row, const DecodedBitmap& bitmap, std::uint32_t key,
+                     Report& report) {
+    const Spots spots = FindSpots(bitmap, [&](int x, int y) {
+        const std::uint32_t pixel = PixelOf(bitmap, x, y);
+        return pixel != key && ReducedTo565(pixel) == ReducedTo565(key);
+    });
+    if (spots)
+        report.Add(Severity::Warning, row.file,
+                   Text(SpotText(spots), " become the key colour ", ColourName(key),
+                        " in full screen of 16 bits and are holes there; move them away from it"));
+}
+
+void CheckFringes(const PictureRow& row, const DecodedBitmap& bitmap, std::uint32_t key,
+                  Report& report) {
+    const Spots spots = FindSpots(bitmap, [&](int x, int y) {
+        const std::uint32_t pixel = PixelOf(bitmap, x, y);
+        return ReducedTo565(pixel) != ReducedTo565(key) &&
+               ChannelDistance(pixel, key) <= kFringeDistance && TouchesKey(bitmap, x, y, key);
+    });
+    if (spots)
+        report.Add(Severity::Warning, row.file,
+                   Text(SpotText(spots), " are a fringe close to the key colour ", ColourName(key),
+                        "; make each either that or a colour of the art (a brush without soft "
+                        "edges)"));
+}
+
+/// Pixels in one of the other key colours, which shows as it is.
+void CheckWrongKey(const CheckedSkin& skin, const PictureRow& row, const DecodedBitmap& bitmap,
+                   Report& report) {
+    for (int other = 0; other < 3; ++other) {
+        const std::uint32_t colour = skin.Key(other);
+        if (row.key != kNoKey && colour == skin.Key(row.key)) continue;
+        const Spots spots =
+            FindSpots(bitmap, [&](int x, int y) { return PixelOf(bitmap, x, y) == colour; });
+        if (!spots) continue;
+        const std::string own = row.key == kNoKey ? std::string("but nothing is transparent here")
+                                                  : Text("but here key ", row.key + 1, " (",
+                                                         ColourName(skin.Key(row.key)), ") is");
+        report.Add(Severity::Warning, row.file,
+                   Text(SpotText(spots), " have key colour ", other + 1, ", ", own,
+                        "; they show as they are"));
+    }
+}
+
+bool NeedsTransparency(const PictureRow& row) {
+    return row.kind == PictureKind::Cells && row.key != 1;
+}
+
+void CheckTransparency(const PictureRow& row, const DecodedBitmap& bitmap, std::uint32_t key,
+                       Report& report) {
+    if (NeedsTransparency(row) &&
+        !FindSpots(bitmap, [&](int x, int y) { return PixelOf(bitmap, x, y) == key; }))
+        report.Add(Severity::Warning, row.file,
+                   Text("has no pixel of its key colour ", ColourName(key),
+                        ", so that characters are drawn as boxes; fill the ground with it"));
+}
+
+}  // namespace
+
+void CheckKeys(const CheckedSkin& skin, Report& report) {
+    for (const PictureRow& row : kPictures) {
+        const SkinPicture& picture = skin.Picture(row);
+        if (!picture.isOwn || row.kind == PictureKind::Keys) continue;
+        CheckWrongKey(skin, row, *picture.bitmap, report);
+        if (row.key == kNoKey) continue;
+        const std::uint32_t key = skin.Key(row.key);
+        CheckCollisions(row, *picture.bitmap, key, report);
+        CheckFringes(row, *picture.bitmap, key, report);
+        CheckTransparency(row, *picture.bitmap, key, report);
+    }
+}
+
+}  // namespace korvane
