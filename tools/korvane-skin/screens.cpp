@@ -1,6 +1,7 @@
 #include "tools/korvane-skin/screens.h"
 
 #include <array>
+#include <initializer_list>
 #include <span>
 
 #include "app/process_state.h"
@@ -19,6 +20,8 @@ namespace korvane {
 namespace {
 
 constexpr int kBoardTop = 50;
+/// As far down as a quake takes a board.
+constexpr int kLowestTop = 106;
 
 using Rows = std::span<const std::string_view>;
 
@@ -110,25 +113,48 @@ std::vector<std::uint32_t> ShowMenu(Stage& stage, Change change) {
     return picture;
 }
 
-void AddMenus(Stage& stage, std::vector<ScreenPicture>& screens) {
+void ClickAll(MenuScreen& menu, std::initializer_list<POINT> points) {
+    for (const POINT& point : points)
+        menu.Click(point.x, point.y);
+}
+
+void AddMainViews(Stage& stage, std::vector<ScreenPicture>& screens) {
+    constexpr POINT kConfigure{200, 240};
+    constexpr POINT kAbout{200, 360};
+    constexpr POINT kStart{200, 420};
+    constexpr POINT kQuit{320, 420};
     const auto nothing = [](MenuScreen&) {};
     screens.push_back({"Menu, one player, without sound", ShowMenu(stage, nothing)});
     theSettings.players = 2;
-    theSettings.battle = true;
     theSettings.difficulty = {1, 2};
     theSettings.clockwise = {true, false};
     theSettings.timeBased = {false, true};
     screens.push_back({"Menu, two players", ShowMenu(stage, nothing)});
-    screens.push_back(
-        {"Credits", ShowMenu(stage, [](MenuScreen& menu) { menu.ToggleCreditsView(); })});
-    screens.push_back(
-        {"Keys", ShowMenu(stage, [](MenuScreen& menu) { menu.ToggleKeyConfigView(); })});
-    screens.push_back({"Keys, one waiting", ShowMenu(stage, [](MenuScreen& menu) {
-                           constexpr POINT kSlot{360, 200};
-                           menu.ToggleKeyConfigView();
-                           menu.Click(kSlot.x, kSlot.y);
+    theSettings.battle = true;
+    theSettings.difficulty = {2, 1};
+    theSettings.clockwise = {false, true};
+    theSettings.timeBased = {true, false};
+    screens.push_back({"Menu, the lower buttons pressed", ShowMenu(stage, [&](MenuScreen& menu) {
+                           ClickAll(menu, {kConfigure, kAbout, kStart, kQuit});
                        })});
     theSettings.battle = false;
+    theSettings.timeBased = {false, false};
+    theSettings.difficulty = {0, 0};
+}
+
+void AddOtherViews(Stage& stage, std::vector<ScreenPicture>& screens) {
+    constexpr POINT kSlot{360, 200};
+    constexpr POINT kReset{380, 455};
+    screens.push_back(
+        {"Credits", ShowMenu(stage, [](MenuScreen& menu) { menu.ToggleCreditsView(); })});
+    screens.push_back({"Keys, reset pressed", ShowMenu(stage, [&](MenuScreen& menu) {
+                           menu.ToggleKeyConfigView();
+                           ClickAll(menu, {kReset});
+                       })});
+    screens.push_back({"Keys, one waiting", ShowMenu(stage, [&](MenuScreen& menu) {
+                           menu.ToggleKeyConfigView();
+                           ClickAll(menu, {kSlot});
+                       })});
 }
 
 void AddGames(Stage& stage, std::vector<ScreenPicture>& screens) {
@@ -154,7 +180,13 @@ void AddGames(Stage& stage, std::vector<ScreenPicture>& screens) {
     screens.push_back({"Battle, won and lost", show(right, left)});
     theSettings.battle = false;
     Player nobody{Side::Right};
-    screens.push_back({"Waiting for the right player", show(nobody, left)});
+    PlayInto(left, /*timed=*/false, 3, kLeftRows);
+    screens.push_back({"The right player has not joined", show(nobody, left)});
+    PlayInto(right, /*timed=*/false, 3, kRightRows);
+    screens.push_back({"Boards apart in a quake", stage.Show([&] {
+                           DrawPlayer(right, kLowestTop);
+                           DrawPlayer(left, 0);
+                       })});
 }
 
 void AddHighScores(Stage& stage, std::vector<ScreenPicture>& screens) {
@@ -166,29 +198,33 @@ void AddHighScores(Stage& stage, std::vector<ScreenPicture>& screens) {
     screens.push_back({"High scores, a name being typed", stage.Show(draw)});
 }
 
-/// All characters and key signs, on the ground of menu and high scores.
-void DrawCharacters() {
+/// All key signs, sixteen in a row from a point down.
+void DrawKeySigns(std::uint32_t left, std::uint32_t top) {
     constexpr std::array kSheets = {"KeyConfig\\alpha1.bmp", "KeyConfig\\alpha2.bmp",
                                     "KeyConfig\\keys1.bmp", "KeyConfig\\keys2.bmp"};
-    constexpr int kSheetHeight = 44;
-    DrawScreenBackground();
-    theFont->DrawTextWide("ABCDEFGHIJKLMNOPQRSTUVWXYZ", 112, 40);
-    theFont->DrawText("ABCDEFGHIJKLMNOPQRSTUVWXYZ", 112, 72);
-    theFont->DrawTextWide("0123456789:;<=>?@", 112, 104);
-    theFont->DrawText("0123456789:;<=>?@", 112, 136);
-    std::uint32_t y = 180;
+    constexpr SIZE kSign{29, 44};
+    constexpr std::uint32_t kInRow = 16;
+    std::uint32_t place = 0;
     for (const char* file : kSheets) {
         Surface sheet(file);
         sheet.SetColorKey(ColorKey(2));
-        // Twenty cells are wider than the ground, so they come in two rows of ten.
-        const auto width = static_cast<std::int32_t>(sheet.Width());
-        for (int left = 0; left < width; left += 290) {
-            const int part = width - left < 290 ? width - left : 290;
-            const std::uint32_t x = left == 0 ? 20 : 330;
-            sheet.Draw(x, y, left, 0, part, kSheetHeight, DDBLTFAST_SRCCOLORKEY);
-        }
-        y += 66;
+        const int signs = static_cast<int>(sheet.Width()) / kSign.cx;
+        for (int sign = 0; sign < signs; ++sign, ++place)
+            sheet.Draw(left + place % kInRow * 29, top + place / kInRow * 54, sign * kSign.cx, 0,
+                       kSign.cx, kSign.cy, DDBLTFAST_SRCCOLORKEY);
     }
+}
+
+void DrawCharacters() {
+    constexpr const char* kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    constexpr const char* kNumbers = "0123456789:;<=>?@";
+    constexpr std::uint32_t kLeft = 88;
+    DrawScreenBackground();
+    theFont->DrawTextWide(kLetters, kLeft, 40);
+    theFont->DrawText(kLetters, kLeft, 68);
+    theFont->DrawTextWide(kNumbers, kLeft, 104);
+    theFont->DrawText(kNumbers, kLeft, 132);
+    DrawKeySigns(kLeft, 176);
 }
 
 }  // namespace
@@ -199,8 +235,8 @@ std::vector<ScreenPicture> DrawScreens() {
     theSettings.dropDelayMs = 0;
     std::vector<ScreenPicture> screens;
     Stage stage;
-    AddMenus(stage, screens);
-    theSettings.difficulty = {0, 0};
+    AddMainViews(stage, screens);
+    AddOtherViews(stage, screens);
     AddGames(stage, screens);
     AddHighScores(stage, screens);
     screens.push_back({"Letters, numbers and key signs", stage.Show(DrawCharacters)});
