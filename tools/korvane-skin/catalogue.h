@@ -58,7 +58,7 @@ constexpr PictureRow Disabled(std::string_view file, const PictureRow& button) {
             2,
             button.room,
             button.at,
-            "the same while it is disabled",
+            "the one above while disabled",
             button.file};
 }
 

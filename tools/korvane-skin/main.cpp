@@ -1,8 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
-#include "app/settings.h"
-#include "platform/headless/headless_host.h"
 #include "tools/korvane-skin/checks.h"
 #include "tools/korvane-skin/new_skin.h"
 #include "tools/korvane-skin/sheet.h"
@@ -27,29 +25,17 @@ int Refuse(const std::string& reason) {
     return kWrongUse;
 }
 
-/// Lets the game find the skin; the reason when it cannot.
-std::string UseSkin(const Request& request) {
-    const auto skin = FindSkin(request.skin);
-    if (!skin) return Text("there is no folder ", request.skin);
-    if (skin->name.size() > kSkinNameLimit) return "the folder's name is too long for a skin";
-    const auto original = FindOriginal(*skin, request.original);
-    if (!original)
-        return "the skin Original is needed: run this in the game's folder, or --original";
-    theSettings.SetDefaults();
-    theSettings.skinName = skin->name;
-    Headless().UseFiles(std::make_unique<SkinFiles>(*skin, *original));
-    return {};
-}
-
 int Check(const Request& request) {
-    if (const std::string reason = UseSkin(request); !reason.empty()) return Refuse(reason);
+    if (const std::string reason = UseSkin(request.skin, request.original); !reason.empty())
+        return Refuse(reason);
     const Report report = CheckSkin();
     report.Print(std::cout);
     return report.Count(Severity::Error) > 0 ? kFoundErrors : 0;
 }
 
 int Sheet(const Request& request) {
-    if (const std::string reason = UseSkin(request); !reason.empty()) return Refuse(reason);
+    if (const std::string reason = UseSkin(request.skin, request.original); !reason.empty())
+        return Refuse(reason);
     if (!WriteSheet(request.picture)) return Refuse(Text("cannot write ", request.picture));
     return 0;
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <initializer_list>
 #include <span>
+#include <utility>
 
 #include "app/process_state.h"
 #include "app/settings.h"
@@ -92,12 +93,12 @@ void EndGame(Player& player) {
     Run(player, 5000);
 }
 
-void DrawPlayers(Player& right, Player& left) {
-    for (Player* player : {&right, &left}) {
+void DrawPlayers(Player& right, Player& left, int rightTop = kBoardTop, int leftTop = kBoardTop) {
+    for (const auto& [player, top] : {std::pair(&right, rightTop), std::pair(&left, leftTop)}) {
         // The shown score climbs with each drawing; here it has arrived.
         while (player->ShownScore() != player->Score())
             player->StepShownScore();
-        DrawPlayer(*player, kBoardTop);
+        DrawPlayer(*player, top);
     }
 }
 
@@ -183,10 +184,8 @@ void AddGames(Stage& stage, std::vector<ScreenPicture>& screens) {
     PlayInto(left, /*timed=*/false, 3, kLeftRows);
     screens.push_back({"The right player has not joined", show(nobody, left)});
     PlayInto(right, /*timed=*/false, 3, kRightRows);
-    screens.push_back({"Boards apart in a quake", stage.Show([&] {
-                           DrawPlayer(right, kLowestTop);
-                           DrawPlayer(left, 0);
-                       })});
+    screens.push_back(
+        {"Boards apart in a quake", stage.Show([&] { DrawPlayers(right, left, kLowestTop, 0); })});
 }
 
 void AddHighScores(Stage& stage, std::vector<ScreenPicture>& screens) {

@@ -5,6 +5,10 @@
 #include <filesystem>
 #include <utility>
 
+#include "app/settings.h"
+#include "platform/headless/headless_host.h"
+#include "tools/korvane-skin/finding.h"
+
 namespace korvane {
 namespace {
 
@@ -71,6 +75,19 @@ bool SkinFiles::Replace(std::string_view /*path*/, std::span<const std::byte> /*
 std::optional<std::vector<FolderEntry>> SkinFiles::List(std::string_view folder) {
     const std::optional<RealPath> real = Find(folder);
     return real ? real->files.List(real->path) : std::nullopt;
+}
+
+std::string UseSkin(const std::string& folder, const std::string& original) {
+    const std::optional<SkinPlace> skin = FindSkin(folder);
+    if (!skin) return Text("there is no folder ", folder);
+    if (skin->name.size() > kSkinNameLimit) return "the folder's name is too long for a skin";
+    const std::optional<SkinPlace> behind = FindOriginal(*skin, original);
+    if (!behind)
+        return "the Original is needed: run this in the game's folder or name it with --original";
+    theSettings.SetDefaults();
+    theSettings.skinName = skin->name;
+    Headless().UseFiles(std::make_unique<SkinFiles>(*skin, *behind));
+    return {};
 }
 
 }  // namespace korvane

@@ -48,4 +48,8 @@ class SkinFiles final : public Files {
     Root original_;
 };
 
+/// Makes a skin's folder the one that the game on the headless machine shows, with the Original of
+/// `FindOriginal` behind it and default settings. Empty, or why it cannot be done.
+std::string UseSkin(const std::string& folder, const std::string& original);
+
 }  // namespace korvane
