@@ -47,6 +47,7 @@ BmpRecipe GoodPicture(const PictureRow& row) {
 void SkinToolFixture::SetUp() {
     Headless().Reset();
     WriteGoodSkin(folder, "Original");
+    std::filesystem::create_directory(folder.Path() + "/Skins/Mine");
     Restore();
     Use("Mine");
 }
@@ -57,8 +58,21 @@ void SkinToolFixture::TearDown() {
 }
 
 void SkinToolFixture::Restore() const {
-    Remove("Skins/Mine");
-    WriteGoodSkin(folder, "Mine");
+    namespace fs = std::filesystem;
+    const fs::path skins = fs::path(folder.Path()) / "Skins";
+    std::vector<fs::path> strangers;
+    for (const auto& entry : fs::recursive_directory_iterator(skins / "Mine")) {
+        if (!fs::exists(skins / "Original" / fs::relative(entry.path(), skins / "Mine")))
+            strangers.push_back(entry.path());
+    }
+    for (const fs::path& stranger : strangers)
+        fs::remove_all(stranger);
+    for (const auto& entry : fs::recursive_directory_iterator(skins / "Original")) {
+        if (!entry.is_regular_file()) continue;
+        const std::string name = fs::relative(entry.path(), skins / "Original").string();
+        const std::vector<std::byte> good = folder.Read("Skins/Original/" + name);
+        if (folder.Read("Skins/Mine/" + name) != good) folder.Write("Skins/Mine/" + name, good);
+    }
 }
 
 void SkinToolFixture::Use(const std::string& skin) const {

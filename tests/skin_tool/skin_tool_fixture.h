@@ -21,7 +21,7 @@ class SkinToolFixture : public testing::Test {
     void SetUp() override;
     void TearDown() override;
 
-    /// Everything of Mine as it was.
+    /// Makes Mine a copy of the Original again.
     void Restore() const;
     void Use(const std::string& skin) const;
     void Remove(const std::string& name) const {
