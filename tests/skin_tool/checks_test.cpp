@@ -110,13 +110,13 @@ TEST_F(SkinChecks, ColoursOfSinglePixels) {
     };
     // A good pause picture is grey, but for its key colour 00FF00 at 0, 0.
     constexpr Case kCases[] = {
-        {"Game\\pause.bmp", {5, 5}, 0x07FC07, "1 pixel (at 5, 5, #07FC07) become the key colour"},
+        {"Game\\pause.bmp", {5, 5}, 0x07FC07, "1 pixel (at 5, 5: #07FC07) too close"},
         {"Game\\pause.bmp", {5, 5}, 0x08FC07, nullptr},
-        {"Game\\pause.bmp", {1, 0}, 0x37C837, "fringe close to the key colour #00FF00"},
-        {"Game\\pause.bmp", {1, 0}, 0x40B840, nullptr},
-        {"Game\\pause.bmp", {1, 1}, 0x37C837, nullptr},
-        {"Game\\pause.bmp", {5, 5}, 0xFF00FF, "key colour 1, but here key 2 (#00FF00) is"},
-        {"Background.bmp", {5, 5}, 0x00FFFF, "key colour 3, but nothing is transparent here"},
+        {"Game\\pause.bmp", {1, 0}, 0x49B649, "in a fringe round the key colour #00FF00"},
+        {"Game\\pause.bmp", {1, 0}, 0x4AB54A, nullptr},
+        {"Game\\pause.bmp", {1, 1}, 0x49B649, nullptr},
+        {"Game\\pause.bmp", {5, 5}, 0xFF00FF, "here key colour 2 (#00FF00) is transparent"},
+        {"Background.bmp", {5, 5}, 0x00FFFF, "key colour 3, which shows as it is: nothing"},
         {"Letters.bmp", {14 + 16, 5}, 0xFFFFFF, "the characters B use the right two columns"},
     };
     for (const auto& [file, at, colour, text] : kCases) {

@@ -73,6 +73,7 @@ TEST_F(SkinTool, ANewSkinIsACopyUnderAFreeName) {
     for (const char* name : {"", ".", "..", "a/b", "a\\b", ".hidden", "Mine", "mINE", "Original",
                              "C:", "blank ", "two\nlines"})
         EXPECT_FALSE(MakeNewSkin(name).wasMade) << name;
+    EXPECT_FALSE(MakeNewSkin(std::string(LongestSkinName() + 1, 'n')).wasMade);
     EXPECT_TRUE(MakeNewSkin("My skin").wasMade);
     EXPECT_FALSE(MakeNewSkin("My skin").wasMade);
     fs::current_path(before);

@@ -128,6 +128,14 @@ inline constexpr std::array kSoundFiles = {
     SoundRow{"Audio\\NewLevel.wav", "the next level"},
 };
 
+/// The longest name that a skin may have: the paths of its pictures go up to 254 characters.
+constexpr std::size_t LongestSkinName() {
+    std::size_t longest = 0;
+    for (const PictureRow& row : kPictures)
+        longest = row.file.size() > longest ? row.file.size() : longest;
+    return 254 - std::string_view("Skins\\\\").size() - longest;
+}
+
 /// The row of a picture that is known to be in the table.
 constexpr const PictureRow& RowOf(std::string_view file) {
     std::size_t i = 0;

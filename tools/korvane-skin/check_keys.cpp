@@ -27,10 +27,11 @@ Spots FindSpots(const DecodedBitmap& bitmap, const std::function<bool(int x, int
     return spots;
 }
 
+/// "3 pixels (the first at 5, 7: #FF00FE)".
 std::string SpotText(const Spots& spots) {
-    return Text(spots.count, spots.count == 1 ? " pixel (" : " pixels (the first at ",
-                spots.count == 1 ? "at " : "", spots.first.x, ", ", spots.first.y, ", ",
-                ColourName(spots.colour), ")");
+    const bool isOne = spots.count == 1;
+    return Text(spots.count, isOne ? " pixel (at " : " pixels (the first at ", spots.first.x, ", ",
+                spots.first.y, ": ", ColourName(spots.colour), ")");
 }
 
 bool TouchesKey(const DecodedBitmap& bitmap, int x, int y, std::uint32_t key) {
@@ -52,8 +53,8 @@ void CheckCollisions(const PictureRow& row, const DecodedBitmap& bitmap, std::ui
     });
     if (spots)
         report.Add(Severity::Warning, row.file,
-                   Text(SpotText(spots), " become the key colour ", ColourName(key),
-                        " in full screen of 16 bits and are holes there; move them away from it"));
+                   Text(SpotText(spots), " too close to the key colour ", ColourName(key),
+                        ": full screen of 16 bits shows holes; choose another colour"));
 }
 
 void CheckFringes(const PictureRow& row, const DecodedBitmap& bitmap, std::uint32_t key,
@@ -65,9 +66,8 @@ void CheckFringes(const PictureRow& row, const DecodedBitmap& bitmap, std::uint3
     });
     if (spots)
         report.Add(Severity::Warning, row.file,
-                   Text(SpotText(spots), " are a fringe close to the key colour ", ColourName(key),
-                        "; make each either that or a colour of the art (a brush without soft "
-                        "edges)"));
+                   Text(SpotText(spots), " in a fringe round the key colour ", ColourName(key),
+                        "; make each either that or a colour of the art, with a hard brush"));
 }
 
 /// Pixels in one of the other key colours, which shows as it is.
@@ -79,12 +79,13 @@ void CheckWrongKey(const CheckedSkin& skin, const PictureRow& row, const Decoded
         const Spots spots =
             FindSpots(bitmap, [&](int x, int y) { return PixelOf(bitmap, x, y) == colour; });
         if (!spots) continue;
-        const std::string own = row.key == kNoKey ? std::string("but nothing is transparent here")
-                                                  : Text("but here key ", row.key + 1, " (",
-                                                         ColourName(skin.Key(row.key)), ") is");
-        report.Add(Severity::Warning, row.file,
-                   Text(SpotText(spots), " have key colour ", other + 1, ", ", own,
-                        "; they show as they are"));
+        const std::string own =
+            row.key == kNoKey ? std::string("nothing is transparent here; take another colour")
+                              : Text("here key colour ", row.key + 1, " (",
+                                     ColourName(skin.Key(row.key)), ") is transparent; take that");
+        report.Add(
+            Severity::Warning, row.file,
+            Text(SpotText(spots), " in key colour ", other + 1, ", which shows as it is: ", own));
     }
 }
 

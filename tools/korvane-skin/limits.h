@@ -20,8 +20,9 @@ inline constexpr double kGroundShare = 0.05;
 inline constexpr double kLeastTileDistance = 9.0;
 
 /// A pixel at a transparent edge that is no farther from the key colour than this (in 8-bit steps
-/// of red, green and blue) is what a soft brush or a smaller picture leaves behind.
-inline constexpr double kFringeDistance = 96.0;
+/// of red, green and blue) is what a soft brush or a smaller picture leaves behind: black, white
+/// and most art are twice as far, so that this one is half key colour at least.
+inline constexpr double kFringeDistance = 128.0;
 
 /// Tiles smaller than this are copied so often in each frame that it takes time.
 inline constexpr int kLeastTileSide = 16;

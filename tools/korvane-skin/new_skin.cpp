@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "app/settings.h"
 #include "tools/korvane-skin/checked_skin.h"
 #include "tools/korvane-skin/finding.h"
 
@@ -15,7 +14,7 @@ namespace fs = std::filesystem;
 /// A name that every system takes, and the game's paths with it.
 bool IsFolderName(const std::string& name) {
     constexpr std::string_view kForbidden = "/\\:*?\"<>|";
-    if (name.empty() || name.size() > kSkinNameLimit || name.front() == '.') return false;
+    if (name.empty() || name.size() > LongestSkinName() || name.front() == '.') return false;
     if (name.front() == ' ' || name.back() == ' ' || name.back() == '.') return false;
     return std::ranges::none_of(name, [&](char character) {
         return static_cast<unsigned char>(character) < ' ' ||

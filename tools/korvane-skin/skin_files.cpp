@@ -7,6 +7,7 @@
 
 #include "app/settings.h"
 #include "platform/headless/headless_host.h"
+#include "tools/korvane-skin/catalogue_table.h"
 #include "tools/korvane-skin/finding.h"
 
 namespace korvane {
@@ -80,7 +81,8 @@ std::optional<std::vector<FolderEntry>> SkinFiles::List(std::string_view folder)
 std::string UseSkin(const std::string& folder, const std::string& original) {
     const std::optional<SkinPlace> skin = FindSkin(folder);
     if (!skin) return Text("there is no folder ", folder);
-    if (skin->name.size() > kSkinNameLimit) return "the folder's name is too long for a skin";
+    if (skin->name.size() > LongestSkinName())
+        return Text("the folder's name is longer than ", LongestSkinName(), " characters");
     const std::optional<SkinPlace> behind = FindOriginal(*skin, original);
     if (!behind)
         return "the Original is needed: run this in the game's folder or name it with --original";
