@@ -181,7 +181,9 @@ TEST_F(SkinChecks, TilesThatSomeEyesCannotTellApart) {
 TEST_F(SkinChecks, KeyColoursOfTheirOwn) {
     const PictureRow& row = RowOf("colorkey.bmp");
     BmpRecipe keys = GoodPicture(row);
-    keys.pixel = [](int x, int) { return std::array{0xFF00FFu, 0x00C0C0u, 0x00FFFFu}[x]; };
+    keys.pixel = [](int x, int) {
+        return std::array{0xFF00FFu, 0x00C0C0u, 0x00FFFFu}[static_cast<std::size_t>(x)];
+    };
     WritePicture(row, keys);
     EXPECT_TRUE(Finds(Severity::Note, "", "", 0));
     Remove("Skins/Mine/Game/pause.bmp");

@@ -35,7 +35,7 @@ std::string NextSteps(const std::string& folder) {
         "  1. Paint over the pictures there. Delete those that are to stay the Original's.\n",
         "  2. korvane-skin check \"", folder, "\"          tells what does not fit.\n",
         "  3. korvane-skin sheet \"", folder, "\" my.png   shows every screen.\n",
-        "  4. Start the game here and choose the skin.\n");
+        "  4. Start the game here and choose it in Advanced Settings.\n");
 }
 
 }  // namespace
