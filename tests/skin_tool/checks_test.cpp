@@ -112,6 +112,7 @@ TEST_F(SkinChecks, ColoursOfSinglePixels) {
     constexpr Case kCases[] = {
         {"Game\\pause.bmp", {5, 5}, 0x07FC07, "1 pixel (at 5, 5: #07FC07) too close"},
         {"Game\\pause.bmp", {5, 5}, 0x08FC07, nullptr},
+        {"Game\\pause.bmp", {5, 5}, 0x00FB00, nullptr},
         {"Game\\pause.bmp", {1, 0}, 0x49B649, "in a fringe round the key colour #00FF00"},
         {"Game\\pause.bmp", {1, 0}, 0x4AB54A, nullptr},
         {"Game\\pause.bmp", {1, 1}, 0x49B649, nullptr},
@@ -233,11 +234,11 @@ TEST(SkinReport, IsSortedByFileAndCounted) {
     Report report;
     report.Add(Severity::Note, "b.bmp", "first");
     report.Add(Severity::Error, "b.bmp", "second");
-    report.Add(Severity::Warning, "a\\z.bmp", "third");
+    report.Add(Severity::Warning, "a\\z.bmp", "third\nand \x1B[1m");
     std::ostringstream out;
     report.Print(out);
     EXPECT_EQ(out.str(),
-              "warning  a/z.bmp: third\nerror  b.bmp: second\nnote  b.bmp: first\n"
+              "warning  a/z.bmp: third?and ?[1m\nerror  b.bmp: second\nnote  b.bmp: first\n"
               "1 error, 1 warning, 1 note\n");
 }
 

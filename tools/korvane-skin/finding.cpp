@@ -15,6 +15,15 @@ const char* NameOf(Severity severity) {
     return kNames[static_cast<std::size_t>(severity)];
 }
 
+/// What comes from files may hold anything; a finding is one line, and no command to a terminal.
+std::string Printable(std::string text) {
+    const auto isControl = [](char character) {
+        return static_cast<unsigned char>(character) < ' ' || character == '\x7F';
+    };
+    std::ranges::replace_if(text, isControl, '?');
+    return text;
+}
+
 std::string Counted(std::size_t count, Severity severity) {
     return Text(count, ' ', NameOf(severity), count == 1 ? "" : "s");
 }
@@ -22,7 +31,7 @@ std::string Counted(std::size_t count, Severity severity) {
 }  // namespace
 
 void Report::Add(Severity severity, std::string_view file, std::string text) {
-    findings_.push_back({severity, ShownName(file), std::move(text)});
+    findings_.push_back({severity, Printable(ShownName(file)), Printable(std::move(text))});
 }
 
 std::size_t Report::Count(Severity severity) const {
