@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/host.h"
@@ -33,6 +34,8 @@ class HeadlessHost final : public Host {
     void SetCounterFrequency(std::uint64_t countsPerSecond) { counterFrequency_ = countsPerSecond; }
     /// The folder that paths are resolved beneath.
     void UseFolder(const std::string& folder);
+    /// Takes all paths to files of the caller's.
+    void UseFiles(std::unique_ptr<Files> files) { files_ = std::move(files); }
     void Push(const HostEvent& event) { events_.push_back(event); }
     void PushKey(std::uint8_t key, bool down, std::uint8_t modifiers = 0);
     /// Typing: one Text event for each character; the program gets those that it accepts.

@@ -26,6 +26,10 @@ GOOD = {
     "app/main.cpp": '#include "screens/menu.h"\n#include "res/dialogs.h"\n',
     "tests/board_test.cpp": '#include <fstream>\n#include "platform/headless/host.h"\n'
     '#include "platform/sdl/keys.h"\n#include <freetype/x.h>\n',
+    "tools/korvane-skin/sheet.cpp": '#include <filesystem>\n#include "screens/menu.h"\n'
+    '#include "platform/headless/host.h"\n#include "tools/korvane-skin/sheet.h"\n',
+    "tools/korvane-skin/sheet.h": "",
+    "tests/sheet_test.cpp": '#include "tools/korvane-skin/sheet.h"\n',
     "bench/present.cpp": "#include <SDL.h>\n#include <chrono>\n",
     "build-dev/made.cpp": '#include "nowhere.h"\n',
 }
@@ -53,6 +57,10 @@ BAD = [
     ("game/board.h", "inline auto now = std::time(nullptr);\n", "calls std::time"),
     ("game/board.h", '#include "game/board.h"\n', "includes itself by way of itself"),
     ("game/board.h", '#include "game/rows.h"\n', "includes itself by way of game/rows.h"),
+    ("tools/korvane-skin/sheet.h", '#include "app/main.cpp"\n', "lies above it"),
+    ("tools/korvane-skin/sheet.h", '#include "platform/sdl/keys.h"\n', "only the link step"),
+    ("tools/korvane-skin/sheet.h", "#include <SDL.h>\n", "only platform/sdl/ knows SDL"),
+    ("app/main.cpp", '#include "tools/korvane-skin/sheet.h"\n', "stands by itself"),
     ("other/new.cpp", "", "has no rank"),
 ]
 

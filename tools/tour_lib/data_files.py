@@ -18,6 +18,7 @@ class Settings:
     quakes: bool = True
     battle: bool = False
     music: bool = True
+    scrolling: bool = True
 
     def record(self):
         """What the tour does not set is the default, but there is no dialog at the start, the score
@@ -30,7 +31,7 @@ class Settings:
                 + struct.pack("<III", 0, 16, 0)                    # drop delay, full screen
                 + bytes([1, 1])                                    # statistics
                 + struct.pack("<H", len(skin)) + skin
-                + bytes([0, 1, 31])                                # dialog, scrolling, sounds
+                + bytes([0, self.scrolling, 31])                   # dialog, scrolling, sounds
                 + struct.pack("<i", 8))                            # drop magnitude
 
     def pressed_buttons(self):

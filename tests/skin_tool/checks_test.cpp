@@ -1,0 +1,246 @@
+#include "tools/korvane-skin/checks.h"
+
+#include <span>
+
+#include "tests/skin_tool/skin_tool_fixture.h"
+#include "tests/support/wav_writer.h"
+#include "tools/korvane-skin/colour.h"
+
+namespace korvane {
+namespace {
+
+class SkinChecks : public SkinToolFixture {
+  protected:
+    void WriteText(const std::string& name, std::string_view text) const {
+        folder.Write("Skins/Mine/" + name, std::as_bytes(std::span(text)));
+    }
+    void WritePicture(const PictureRow& row, const BmpRecipe& recipe) const {
+        folder.Write("Skins/Mine/" + ShownName(row.file), MakeBmp(recipe));
+    }
+
+    /// The one thing that is found, or several of the same kind.
+    static testing::AssertionResult Finds(Severity severity, const std::string& file,
+                                          const std::string& text, std::size_t count = 1) {
+        const Report report = CheckSkin();
+        bool isRight = report.Findings().size() == count;
+        for (const Finding& finding : report.Findings())
+            isRight &= finding.severity == severity && finding.file == file &&
+                       finding.text.find(text) != std::string::npos;
+        if (isRight) return testing::AssertionSuccess();
+        std::ostringstream all;
+        report.Print(all);
+        return testing::AssertionFailure() << all.str() << "instead of: " << file << ": " << text;
+    }
+};
+
+TEST_F(SkinChecks, NothingIsFoundInAFaultlessSkin) {
+    EXPECT_TRUE(Finds(Severity::Note, "", "", 0));
+}
+
+TEST_F(SkinChecks, FilesThatAreMissingStrangeOrUnreadable) {
+    struct Case {
+        Severity severity;
+        const char* file;
+        const char* content;  ///< null: the file is missing
+        const char* text;
+    };
+    constexpr Case kCases[] = {
+        {Severity::Note, "Game/pause.bmp", nullptr, "the Original's shows"},
+        {Severity::Note, "colorkey.bmp", nullptr, "the Original's shows"},
+        {Severity::Note, "Audio", nullptr, "the Original's music and sounds"},
+        {Severity::Note, "Audio/module.txt", nullptr, "the Original's music"},
+        {Severity::Note, "Audio/Rotate.wav", nullptr, "the Original's is heard"},
+        {Severity::Error, "menu/logo.bmp", "\x89PNG...", "is a PNG file"},
+        {Severity::Error, "menu/logo.bmp", "\xFF\xD8...", "is a JPEG file"},
+        {Severity::Error, "menu/logo.bmp", "GIF", "no BMP"},
+        {Severity::Error, "menu/logo.bmp", "BM and no more", "damaged"},
+        {Severity::Error, "Audio/sniffit.xm", "Extended Module: no", "is no module"},
+        {Severity::Error, "Audio/Button.wav", "RIFF", "is no sound"},
+        {Severity::Warning, "menu/startbut.bmp", "", "misspelt"},
+        {Severity::Warning, "Audio/Trible.wav", "", "misspelt"},
+    };
+    for (const auto& [severity, file, content, text] : kCases) {
+        Restore();
+        if (content) WriteText(file, content);
+        if (!content) Remove(Text("Skins/Mine/", file));
+        EXPECT_TRUE(Finds(severity, file, text));
+    }
+    Restore();
+    Remove("Skins/Mine/Game/pause.bmp");
+    Remove("Skins/Original/Game/pause.bmp");
+    EXPECT_TRUE(Finds(Severity::Error, "Game/pause.bmp", "neither"));
+}
+
+TEST_F(SkinChecks, SizesThatDoNotFitThePlaces) {
+    struct Case {
+        const char* file;
+        SIZE size;
+        Severity severity;
+        const char* text;
+    };
+    constexpr Case kCases[] = {
+        {"Background.bmp", {15, 64}, Severity::Warning, "thousands of times"},
+        {"Letters.bmp", {415, 16}, Severity::Error, "26 cells"},
+        {"Game\\statistics.bmp", {56, 19}, Severity::Error, "7 cells"},
+        {"KeyConfig\\keys2.bmp", {581, 44}, Severity::Warning, "never shows"},
+        {"menu\\LeftPlayer.bmp", {110, 12}, Severity::Warning, "its room is 109 x 12"},
+        {"menu\\1playerbutt.bmp", {236, 37}, Severity::Warning, "its room is 118 x 36"},
+        {"menu\\1playerbutt.bmp", {235, 36}, Severity::Error, "equally wide"},
+        {"menu\\easybutt2.bmp", {218, 31}, Severity::Error, "cut like menu/easybutt.bmp"},
+        {"menu\\logo.bmp", {633, 100}, Severity::Error, "leaves the screen"},
+        {"Game\\playboard.bmp", {217, 372}, Severity::Warning, "does not fit round"},
+        {"Game\\playboard.bmp", {218, 375}, Severity::Error, "leaves the screen"},
+    };
+    for (const auto& [file, size, severity, text] : kCases) {
+        Restore();
+        BmpRecipe recipe = GoodPicture(RowOf(file));
+        recipe.width = size.cx;
+        recipe.height = size.cy;
+        WritePicture(RowOf(file), recipe);
+        EXPECT_TRUE(Finds(severity, ShownName(file), text));
+    }
+}
+
+TEST_F(SkinChecks, ColoursOfSinglePixels) {
+    struct Case {
+        const char* file;
+        POINT at;
+        std::uint32_t colour;
+        const char* text;  ///< null: nothing is found
+    };
+    // A good pause picture is grey, but for its key colour 00FF00 at 0, 0.
+    constexpr Case kCases[] = {
+        {"Game\\pause.bmp", {5, 5}, 0x07FC07, "1 pixel (at 5, 5: #07FC07) too close"},
+        {"Game\\pause.bmp", {5, 5}, 0x08FC07, nullptr},
+        {"Game\\pause.bmp", {5, 5}, 0x00FB00, nullptr},
+        {"Game\\pause.bmp", {1, 0}, 0x49B649, "in a fringe round the key colour #00FF00"},
+        {"Game\\pause.bmp", {1, 0}, 0x4AB54A, nullptr},
+        {"Game\\pause.bmp", {1, 1}, 0x49B649, nullptr},
+        {"Game\\pause.bmp", {5, 5}, 0xFF00FF, "here key colour 2 (#00FF00) is transparent"},
+        {"Background.bmp", {5, 5}, 0x00FFFF, "key colour 3, which shows as it is: nothing"},
+        {"Letters.bmp", {14 + 16, 5}, 0xFFFFFF, "the characters B use the right two columns"},
+    };
+    for (const auto& [file, at, colour, text] : kCases) {
+        Restore();
+        BmpRecipe recipe = GoodPicture(RowOf(file));
+        const auto good = recipe.pixel;
+        recipe.pixel = [&, at = at, colour = colour](int x, int y) {
+            return x == at.x && y == at.y ? colour : good(x, y);
+        };
+        WritePicture(RowOf(file), recipe);
+        EXPECT_TRUE(text ? Finds(Severity::Warning, ShownName(file), text)
+                         : Finds(Severity::Note, "", "", 0))
+            << ColourName(colour);
+    }
+}
+
+TEST_F(SkinChecks, ColoursOfWholePictures) {
+    struct Case {
+        const char* file;
+        std::uint32_t colour;  ///< of the whole picture
+        const char* inFile;    ///< where it is told
+        const char* text;
+        std::size_t count;
+    };
+    constexpr Case kCases[] = {
+        {"KeyConfig\\keys1.bmp", 0xFFFFFF, "KeyConfig/keys1.bmp", "drawn as boxes", 1},
+        // White numbers on a ground that has 4.5 to 1 just not, and just so.
+        {"Game\\statisticsframe.bmp", 0x777777, "Numbers.bmp", "on Game/statisticsframe.bmp", 1},
+        {"Game\\statisticsframe.bmp", 0x767676, "", "", 0},
+        {"Game\\blocks.bmp", 0x606060, "Game/blocks.bmp", "look alike", 4 * 28},
+    };
+    for (const auto& [file, colour, inFile, text, count] : kCases) {
+        Restore();
+        BmpRecipe recipe = GoodPicture(RowOf(file));
+        recipe.pixel = [colour = colour](int, int) { return colour; };
+        WritePicture(RowOf(file), recipe);
+        EXPECT_TRUE(Finds(Severity::Warning, inFile, text, count));
+    }
+}
+
+TEST_F(SkinChecks, TilesThatSomeEyesCannotTellApart) {
+    struct Case {
+        std::array<std::uint32_t, 2> tiles;  ///< the third and the fourth
+        const char* text;
+    };
+    constexpr Case kCases[] = {
+        {{0xF00030, 0x206030}, "tiles 3 and 4 look alike with protanopia"},
+        {{0xC01020, 0x009010}, "tiles 3 and 4 look alike with deuteranopia"},
+        {{0x0040F0, 0x7060F0}, "tiles 3 and 4 look alike with tritanopia"},
+    };
+    for (const auto& [tiles, text] : kCases) {
+        BmpRecipe recipe = GoodPicture(RowOf("Game\\blocks.bmp"));
+        const auto good = recipe.pixel;
+        recipe.pixel = [&, tiles = tiles](int x, int y) {
+            return x / 16 == 2 ? tiles[0] : x / 16 == 3 ? tiles[1] : good(x, y);
+        };
+        WritePicture(RowOf("Game\\blocks.bmp"), recipe);
+        EXPECT_TRUE(Finds(Severity::Warning, "Game/blocks.bmp", text));
+    }
+}
+
+TEST_F(SkinChecks, KeyColoursOfTheirOwn) {
+    const PictureRow& row = RowOf("colorkey.bmp");
+    BmpRecipe keys = GoodPicture(row);
+    keys.pixel = [](int x, int) {
+        return std::array{0xFF00FFu, 0x00C0C0u, 0x00FFFFu}[static_cast<std::size_t>(x)];
+    };
+    WritePicture(row, keys);
+    EXPECT_TRUE(Finds(Severity::Note, "", "", 0));
+    Remove("Skins/Mine/Game/pause.bmp");
+    EXPECT_TRUE(Finds(Severity::Warning, "Game/pause.bmp",
+                      "the Original's shows its key colour #00FF00 here"));
+    // The indices have the bytes of the three keys, which alone the game looks at.
+    Restore();
+    constexpr std::array kBytes = {0xFFu, 0u, 0xFFu, 0u, 0xFFu, 0u, 0xFFu, 0xFFu, 0u};
+    BmpRecipe palette{.width = 9, .bits = 8, .palette = std::vector<std::uint32_t>(256)};
+    palette.pixel = [&](int x, int) { return kBytes[static_cast<std::size_t>(x)]; };
+    WritePicture(row, palette);
+    EXPECT_TRUE(Finds(Severity::Error, "colorkey.bmp", "24 bits"));
+}
+
+TEST_F(SkinChecks, EntriesOfModuleText) {
+    constexpr const char* kName = "FILENAME:\nsniffit.xm\n";
+    constexpr const char* kMenu = "Menu start position:\r\n0\r\n";
+    constexpr const char* kGame = "GAME START POSITION:\n8\n";
+    constexpr const char* kScores = "HIGH SCORE START POSITION:\n54\n";
+    const std::vector<std::pair<std::string, std::pair<Severity, const char*>>> kCases = {
+        {Text("\n", kName, kMenu, kGame, kScores),
+         {Severity::Warning, "HIGH SCORE START POSITION: in line 8 is not read"}},
+        {Text(kName, kMenu, kGame), {Severity::Warning, "says nothing under HIGH SCORE"}},
+        {Text("FILENAME: sniffit.xm\n", kMenu, kGame, kScores),
+         {Severity::Warning, "line 1 is not read: FILENAME: stands alone"}},
+        {Text("FILENAME:\nsnifit.xm\n", kMenu, kGame, kScores),
+         {Severity::Error, "\"snifit.xm\", which is not in Audio"}},
+        {Text(kName, kMenu, "GAME START POSITION:\n60\n", kScores),
+         {Severity::Warning, "60 is beyond the module's 60 positions"}},
+        {Text(kName, kMenu, "GAME START POSITION:\n-1\n", kScores),
+         {Severity::Warning, "-1 is below 0"}},
+        {Text(kName, kMenu, "GAME START POSITION:\nstart\n", kScores),
+         {Severity::Warning, "\"start\", which counts as 0"}},
+    };
+    for (const auto& [content, found] : kCases) {
+        WriteText("Audio/module.txt", content);
+        EXPECT_TRUE(Finds(found.first, "Audio/module.txt", found.second));
+    }
+}
+
+TEST_F(SkinChecks, SoundsBeyondTheLimits) {
+    folder.Write("Skins/Mine/Audio/Tetris.wav", MakeWav({.rate = 96000}));
+    EXPECT_TRUE(Finds(Severity::Error, "Audio/Tetris.wav", "8000 to 48000 Hz"));
+}
+
+TEST(SkinReport, IsSortedByFileAndCounted) {
+    Report report;
+    report.Add(Severity::Note, "b.bmp", "first");
+    report.Add(Severity::Error, "b.bmp", "second");
+    report.Add(Severity::Warning, "a\\z.bmp", "third\nand \x1B[1m");
+    std::ostringstream out;
+    report.Print(out);
+    EXPECT_EQ(out.str(),
+              "warning  a/z.bmp: third?and ?[1m\nerror  b.bmp: second\nnote  b.bmp: first\n"
+              "1 error, 1 warning, 1 note\n");
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,130 @@
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <fstream>
+#include <set>
+#include <sstream>
+
+#include "app/settings.h"
+#include "platform/headless/headless_host.h"
+#include "tests/skin_tool/skin_tool_fixture.h"
+#include "tools/korvane-skin/catalogue_table.h"
+#include "tools/korvane-skin/checks.h"
+#include "tools/korvane-skin/new_skin.h"
+#include "tools/korvane-skin/screens.h"
+#include "tools/korvane-skin/skin_files.h"
+
+namespace korvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Keeps what the game asks for.
+class RecordingFiles final : public Files {
+  public:
+    RecordingFiles(const std::string& folder, std::set<std::string>& asked)
+        : files_(OpenDiskFiles(folder)), asked_(asked) {}
+    std::optional<std::vector<std::byte>> Read(std::string_view path, std::size_t cap) override {
+        asked_.emplace(path);
+        return files_->Read(path, cap);
+    }
+    bool Replace(std::string_view, std::span<const std::byte>) override { return false; }
+    std::optional<std::vector<FolderEntry>> List(std::string_view) override { return {}; }
+
+  private:
+    std::unique_ptr<Files> files_;
+    std::set<std::string>& asked_;
+};
+
+class SkinTool : public SkinToolFixture {
+  protected:
+    static std::vector<ScreenPicture> ScreensOf(const std::string& skin) {
+        EXPECT_EQ(UseSkin(skin, ""), "");
+        return DrawScreens();
+    }
+};
+
+TEST_F(SkinTool, TheGameAsksForJustThePicturesOfTheCatalogue) {
+    std::set<std::string> asked;
+    Headless().UseFiles(std::make_unique<RecordingFiles>(folder.Path(), asked));
+    DrawScreens();
+    std::erase_if(asked, [](const std::string& path) { return path.starts_with("data"); });
+    std::set<std::string> known;
+    for (const PictureRow& row : kPictures)
+        known.insert(Text("Skins\\Mine\\", row.file));
+    EXPECT_EQ(asked, known);
+}
+
+TEST_F(SkinTool, AnEmptySkinAnywhereShowsTheOriginal) {
+    const std::vector<ScreenPicture> original = ScreensOf(folder.Path() + "/Skins/Original");
+    const fs::path bare = fs::path(folder.Path()) / "Skins/Bare";
+    fs::create_directory(bare);
+    const std::vector<ScreenPicture> fallen = ScreensOf(bare.string());
+    ASSERT_EQ(original.size(), fallen.size());
+    for (std::size_t i = 0; i < original.size(); ++i) {
+        EXPECT_EQ(original[i].pixels.size(), 640u * 480u) << original[i].caption;
+        EXPECT_EQ(original[i].pixels, fallen[i].pixels) << original[i].caption;
+    }
+}
+
+TEST_F(SkinTool, ANewSkinIsACopyUnderAFreeName) {
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.Path());
+    for (const char* name : {"", ".", "..", "a/b", "a\\b", ".hidden", "Mine", "mINE", "Original",
+                             "C:", "blank ", "two\nlines"})
+        EXPECT_FALSE(MakeNewSkin(name).wasMade) << name;
+    EXPECT_FALSE(MakeNewSkin(std::string(LongestSkinName() + 1, 'n')).wasMade);
+    EXPECT_TRUE(MakeNewSkin("My skin").wasMade);
+    EXPECT_FALSE(MakeNewSkin("My skin").wasMade);
+    fs::current_path(before);
+    for (const char* file : {"colorkey.bmp", "Game/blocks.bmp", "Audio/sniffit.xm"})
+        EXPECT_EQ(folder.Read(Text("Skins/My skin/", file)),
+                  folder.Read(Text("Skins/Original/", file)));
+}
+
+TEST_F(SkinTool, TellsByItsResultHowItWent) {
+    const std::string skins = folder.Path() + "/Skins/";
+    const std::pair<std::string, int> kCases[] = {
+        {"check " + skins + "Mine", 0},
+        {"check " + skins + "Broken", 1},
+        {"check " + skins + "None", 2},
+        {"check", 2},
+        {"paint " + skins + "Mine", 2},
+        {"sheet " + skins + "Mine " + folder.Path() + "/sheet.png", 0},
+        {"sheet " + skins + "Mine " + folder.Path() + "/no/sheet.png", 2},
+        {"--help", 0},
+    };
+    folder.Write("Skins/Broken/Letters.bmp", {});
+    for (const auto& [words, result] : kCases) {
+        const std::string command = Text(KORVANE_SKIN_PROGRAM " ", words, " >/dev/null 2>&1");
+        EXPECT_EQ(WEXITSTATUS(system(command.c_str())), result) << words;
+    }
+    EXPECT_GT(folder.Read("sheet.png").size(), 1000u);
+}
+
+TEST(ShippedSkins, HaveNeitherErrorsNorWarnings) {
+    int skins = 0;
+    for (const auto& entry : fs::directory_iterator(KORVANE_SOURCE_FOLDER "/Skins")) {
+        if (!entry.is_directory()) continue;
+        ++skins;
+        ASSERT_EQ(UseSkin(entry.path().string(), ""), "");
+        const Report report = CheckSkin();
+        std::ostringstream all;
+        report.Print(all);
+        EXPECT_EQ(report.Count(Severity::Error) + report.Count(Severity::Warning), 0u)
+            << entry.path() << '\n'
+            << all.str();
+    }
+    EXPECT_GT(skins, 0);
+}
+
+TEST(SkinGuide, HasTheTableOfAllFiles) {
+    std::ifstream file(KORVANE_SOURCE_FOLDER "/docs/skins.md");
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_NE(text.find(CatalogueAsMarkdown()), std::string::npos)
+        << "docs/skins.md should hold this:\n\n"
+        << CatalogueAsMarkdown();
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,53 @@
+#include "tools/korvane-skin/catalogue.h"
+
+#include <algorithm>
+
+#include "tools/korvane-skin/catalogue_table.h"
+#include "tools/korvane-skin/finding.h"
+
+namespace korvane {
+namespace {
+
+std::string Size(SIZE size) {
+    return Text(size.cx, " × ", size.cy);
+}
+
+}  // namespace
+
+std::string ShownName(std::string_view file) {
+    std::string name(file);
+    std::ranges::replace(name, '\\', '/');
+    return name;
+}
+
+std::string SizeText(const PictureRow& row) {
+    switch (row.kind) {
+        case PictureKind::Tile:
+            return Text("any, such as ", Size(row.room));
+        case PictureKind::Single:
+            return Text("up to ", Size(row.room));
+        case PictureKind::Exact:
+            return Size(row.room);
+        case PictureKind::Button:
+            return Text("up to ", Size(row.FileSize()), ": two views");
+        case PictureKind::Cells:
+            return Text(Size(row.FileSize()), ": ", row.cells, " cells of ", Size(row.room));
+        case PictureKind::Keys:
+            return Size(row.FileSize());
+    }
+    return {};
+}
+
+std::string CatalogueAsMarkdown() {
+    std::string table = "| file | size in pixels | key | where |\n|---|---|---|---|\n";
+    for (const PictureRow& row : kPictures) {
+        const std::string key = row.key == kNoKey ? "none" : std::to_string(row.key + 1);
+        table += Text("| `", ShownName(row.file), "` | ", SizeText(row), " | ", key, " | ",
+                      row.place, " |\n");
+    }
+    for (const SoundRow& row : kSoundFiles)
+        table += Text("| `", ShownName(row.file), "` | | | ", row.event, " |\n");
+    return table;
+}
+
+}  // namespace korvane

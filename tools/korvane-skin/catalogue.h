@@ -1,0 +1,80 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/types.h"
+
+namespace korvane {
+
+enum class PictureKind : std::uint8_t {
+    Tile,    ///< laid side by side from the left top; any size
+    Single,  ///< one picture of at most its room
+    Exact,   ///< one picture whose inside has to fit what is drawn into it
+    Button,  ///< two views side by side, normal and pressed, each of at most its room
+    Cells,   ///< a strip of cells of a fixed size
+    Keys,    ///< the three key colours
+};
+
+inline constexpr int kNoKey = -1;
+
+/// A picture that a skin may hold. Sizes are pixels; `room` is that of one view or cell.
+struct PictureRow {
+    std::string_view file;  ///< relative to the skin, with a backslash, as the game asks for it
+    PictureKind kind;
+    int key;  ///< which key colour is left out, 0 to 2, or kNoKey
+    int cells;
+    SIZE room;
+    POINT at;  ///< of its places on the screen the one nearest to the right and lower edge
+    std::string_view place;
+    /// For the look of disabled buttons: the file whose views it stands in for.
+    std::string_view standsFor = {};
+
+    constexpr SIZE FileSize() const { return {room.cx * cells, room.cy}; }
+};
+
+constexpr PictureRow Tile(std::string_view file, SIZE size, std::string_view place) {
+    return {file, PictureKind::Tile, kNoKey, 1, size, {0, 0}, place};
+}
+constexpr PictureRow Single(std::string_view file, int key, SIZE room, POINT at,
+                            std::string_view place) {
+    return {file, PictureKind::Single, key, 1, room, at, place};
+}
+constexpr PictureRow Cells(std::string_view file, int key, int cells, SIZE cell,
+                           std::string_view place) {
+    return {file, PictureKind::Cells, key, cells, cell, {0, 0}, place};
+}
+constexpr PictureRow TwoViews(std::string_view file, SIZE view, POINT at, std::string_view place) {
+    return {file, PictureKind::Button, 0, 2, view, at, place};
+}
+/// The look of the button before it while that is disabled.
+constexpr PictureRow Disabled(std::string_view file, const PictureRow& button) {
+    return {file,
+            PictureKind::Button,
+            0,
+            2,
+            button.room,
+            button.at,
+            "the one above while disabled",
+            button.file};
+}
+
+/// One of the sounds in the folder Audio.
+struct SoundRow {
+    std::string_view file;
+    std::string_view event;
+};
+
+inline constexpr std::string_view kModuleTextFile = "Audio\\module.txt";
+
+/// The name of a file of the skin as people write it, with slashes.
+std::string ShownName(std::string_view file);
+/// What size a picture's file has or may have, as a few words.
+std::string SizeText(const PictureRow& row);
+/// The table of all files as Markdown, a line for each.
+std::string CatalogueAsMarkdown();
+
+}  // namespace korvane

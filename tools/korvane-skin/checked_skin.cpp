@@ -1,0 +1,75 @@
+#include "tools/korvane-skin/checked_skin.h"
+
+#include <algorithm>
+
+#include "app/settings.h"
+#include "gfx/skin.h"
+#include "platform/host.h"
+
+namespace korvane {
+namespace {
+
+std::optional<DecodedBitmap> Decode(const std::string& path) {
+    const auto file = TheHost().GameFiles().Read(path, kMaxBitmapBytes);
+    return file ? DecodeBmp(*file) : std::nullopt;
+}
+
+std::uint32_t FromGdi(COLORREF colour) {
+    return (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
+}
+
+char Lowered(char character) {
+    const bool isCapital = character >= 'A' && character <= 'Z';
+    return isCapital ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+}  // namespace
+
+CheckedSkin::CheckedSkin() {
+    ListFolder("");
+    for (const PictureRow& row : kPictures) {
+        const std::string file(row.file);
+        SkinPicture& picture = pictures_[IndexOf(row)];
+        picture.isThere = Has(file);
+        picture.bitmap = Decode(SkinPath(file));
+        picture.isOwn = picture.bitmap.has_value();
+        if (!picture.isOwn) picture.bitmap = Decode(FallbackPicturePath(file));
+    }
+    keys_ = LoadKeys();
+    const std::string name = theSettings.skinName;
+    theSettings.skinName = "Original";
+    originalKeys_ = LoadKeys();
+    theSettings.skinName = name;
+}
+
+CheckedSkin::Keys CheckedSkin::LoadKeys() {
+    SkinColorKeys keys;
+    keys.Load();
+    return {FromGdi(keys.Key(0)), FromGdi(keys.Key(1)), FromGdi(keys.Key(2))};
+}
+
+/// Skins have no folders in folders.
+void CheckedSkin::ListFolder(const std::string& folder) {
+    const auto entries = TheHost().GameFiles().List(SkinPath(folder));
+    if (!entries) return;
+    for (const FolderEntry& entry : *entries) {
+        std::string name = folder.empty() ? entry.name : folder + '\\' + entry.name;
+        if (!entry.isFolder) {
+            fileNames_.push_back(std::move(name));
+        } else if (folder.empty()) {
+            ListFolder(name);
+            folders_.push_back(std::move(name));
+        }
+    }
+}
+
+bool CheckedSkin::Has(std::string_view name) const {
+    const auto isIt = [name](const std::string& other) { return IsSameName(name, other); };
+    return std::ranges::any_of(fileNames_, isIt) || std::ranges::any_of(folders_, isIt);
+}
+
+bool IsSameName(std::string_view one, std::string_view other) {
+    return std::ranges::equal(one, other, {}, Lowered, Lowered);
+}
+
+}  // namespace korvane

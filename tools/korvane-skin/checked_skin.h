@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/bmp.h"
+#include "tools/korvane-skin/catalogue_table.h"
+
+namespace korvane {
+
+/// A picture as the game would get it.
+struct SkinPicture {
+    bool isThere = false;  ///< the skin has a file for it
+    bool isOwn = false;    ///< the picture is the skin's, not the Original's
+    /// Nothing when neither has one that can be read.
+    std::optional<DecodedBitmap> bitmap;
+};
+
+/// All that the checks look at: the files and pictures of the skin that theSettings name, read
+/// through the machine's files, and its key colours.
+class CheckedSkin {
+  public:
+    CheckedSkin();
+
+    /// Relative names with backslashes, spelled as on the disk.
+    const std::vector<std::string>& FileNames() const { return fileNames_; }
+    /// Whether there is such a file or folder, in whatever letter case.
+    bool Has(std::string_view name) const;
+    const SkinPicture& Picture(const PictureRow& row) const { return pictures_[IndexOf(row)]; }
+    /// 0x00RRGGBB.
+    std::uint32_t Key(int index) const { return keys_[static_cast<std::size_t>(index)]; }
+    std::uint32_t OriginalKey(int index) const {
+        return originalKeys_[static_cast<std::size_t>(index)];
+    }
+
+  private:
+    using Keys = std::array<std::uint32_t, 3>;
+
+    void ListFolder(const std::string& folder);
+    static Keys LoadKeys();
+
+    std::vector<std::string> fileNames_;
+    std::vector<std::string> folders_;
+    std::array<SkinPicture, kPictures.size()> pictures_;
+    Keys keys_{};
+    Keys originalKeys_{};
+};
+
+/// Compares names without regard to ASCII letter case.
+bool IsSameName(std::string_view one, std::string_view other);
+
+/// A pixel of a decoded picture; x and y lie inside.
+inline std::uint32_t PixelOf(const DecodedBitmap& bitmap, int x, int y) {
+    return bitmap.pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(bitmap.size.cx) +
+                         static_cast<std::size_t>(x)];
+}
+
+}  // namespace korvane

@@ -1,0 +1,53 @@
+#include "tools/korvane-skin/finding.h"
+
+#include <algorithm>
+#include <array>
+#include <tuple>
+
+#include "tools/korvane-skin/catalogue.h"
+
+namespace korvane {
+namespace {
+
+constexpr std::array kNames = {"error", "warning", "note"};
+
+const char* NameOf(Severity severity) {
+    return kNames[static_cast<std::size_t>(severity)];
+}
+
+/// What comes from files may hold anything; a finding is one line, and no command to a terminal.
+std::string Printable(std::string text) {
+    const auto isControl = [](char character) {
+        return static_cast<unsigned char>(character) < ' ' || character == '\x7F';
+    };
+    std::ranges::replace_if(text, isControl, '?');
+    return text;
+}
+
+std::string Counted(std::size_t count, Severity severity) {
+    return Text(count, ' ', NameOf(severity), count == 1 ? "" : "s");
+}
+
+}  // namespace
+
+void Report::Add(Severity severity, std::string_view file, std::string text) {
+    findings_.push_back({severity, Printable(ShownName(file)), Printable(std::move(text))});
+}
+
+std::size_t Report::Count(Severity severity) const {
+    return static_cast<std::size_t>(std::ranges::count(findings_, severity, &Finding::severity));
+}
+
+void Report::Print(std::ostream& out) const {
+    std::vector<Finding> sorted = findings_;
+    std::ranges::stable_sort(sorted, {}, [](const Finding& finding) {
+        return std::tuple(finding.file, finding.severity);
+    });
+    for (const Finding& finding : sorted)
+        out << NameOf(finding.severity) << "  " << finding.file << ": " << finding.text << '\n';
+    out << Counted(Count(Severity::Error), Severity::Error) << ", "
+        << Counted(Count(Severity::Warning), Severity::Warning) << ", "
+        << Counted(Count(Severity::Note), Severity::Note) << '\n';
+}
+
+}  // namespace korvane

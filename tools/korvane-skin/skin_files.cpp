@@ -1,0 +1,95 @@
+#include "tools/korvane-skin/skin_files.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <utility>
+
+#include "app/settings.h"
+#include "platform/headless/headless_host.h"
+#include "tools/korvane-skin/catalogue_table.h"
+#include "tools/korvane-skin/finding.h"
+
+namespace korvane {
+namespace {
+
+char Folded(char character) {
+    if (character == '/') return '\\';
+    const bool isCapital = character >= 'A' && character <= 'Z';
+    return isCapital ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+/// What follows in a path behind a folder; nothing when it lies elsewhere.
+std::optional<std::string> Behind(std::string_view path, const std::string& folder) {
+    const std::string_view start = path.substr(0, folder.size());
+    if (!std::ranges::equal(start, folder, {}, Folded, Folded)) return std::nullopt;
+    const std::string_view rest = path.substr(folder.size());
+    if (!rest.empty() && Folded(rest.front()) != '\\') return std::nullopt;
+    return std::string(rest);
+}
+
+}  // namespace
+
+std::optional<SkinPlace> FindSkin(const std::string& folder) {
+    std::error_code failed;
+    const std::filesystem::path path = std::filesystem::canonical(folder, failed);
+    if (failed || !std::filesystem::is_directory(path, failed)) return std::nullopt;
+    return SkinPlace{path.parent_path().string(), path.filename().string()};
+}
+
+std::optional<SkinPlace> FindOriginal(const SkinPlace& skin, const std::string& given) {
+    if (!given.empty()) return FindSkin(given);
+    for (const std::string& folder : {skin.parent + "/Original", std::string("Skins/Original")})
+        if (std::optional<SkinPlace> found = FindSkin(folder)) return found;
+    return std::nullopt;
+}
+
+SkinFiles::SkinFiles(SkinPlace skin, SkinPlace original)
+    : skin_{skin, OpenDiskFiles(skin.parent)},
+      original_{original, OpenDiskFiles(original.parent)} {}
+
+std::optional<SkinFiles::RealPath> SkinFiles::Find(std::string_view path) const {
+    std::string ownFolder = "Skins\\";
+    ownFolder += skin_.place.name;
+    // The skin comes first, so that one that is called Original stands in for ours.
+    const std::array<std::pair<std::string, const Root*>, 3> folders = {{
+        {ownFolder, &skin_},
+        {"Skins\\Original", &original_},
+        {"Graphics\\Original", &original_},
+    }};
+    for (const auto& [folder, root] : folders) {
+        if (const std::optional<std::string> rest = Behind(path, folder))
+            return RealPath{*root->parent, root->place.name + *rest};
+    }
+    return std::nullopt;
+}
+
+std::optional<std::vector<std::byte>> SkinFiles::Read(std::string_view path, std::size_t cap) {
+    const std::optional<RealPath> real = Find(path);
+    return real ? real->files.Read(real->path, cap) : std::nullopt;
+}
+
+bool SkinFiles::Replace(std::string_view /*path*/, std::span<const std::byte> /*bytes*/) {
+    return false;
+}
+
+std::optional<std::vector<FolderEntry>> SkinFiles::List(std::string_view folder) {
+    const std::optional<RealPath> real = Find(folder);
+    return real ? real->files.List(real->path) : std::nullopt;
+}
+
+std::string UseSkin(const std::string& folder, const std::string& original) {
+    const std::optional<SkinPlace> skin = FindSkin(folder);
+    if (!skin) return Text("there is no folder ", folder);
+    if (skin->name.size() > LongestSkinName())
+        return Text("the folder's name is longer than ", LongestSkinName(), " characters");
+    const std::optional<SkinPlace> behind = FindOriginal(*skin, original);
+    if (!behind)
+        return "the Original is needed: run this in the game's folder or name it with --original";
+    theSettings.SetDefaults();
+    theSettings.skinName = skin->name;
+    Headless().UseFiles(std::make_unique<SkinFiles>(*skin, *behind));
+    return {};
+}
+
+}  // namespace korvane
