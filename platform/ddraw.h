@@ -49,11 +49,11 @@ struct DDSURFACEDESC2 {
     std::uint32_t height = 0;
     std::uint32_t backBufferCount = 0;
     std::uint32_t refreshRate = 0;  ///< of a display mode, in Hz; 0: unknown
-    std::uint32_t caps = 0;        ///< DDSCAPS_
-    std::uint32_t pixelFlags = 0;  ///< DDPF_
-    PixelFormat format;            ///< bits per pixel and channel masks
-    std::ptrdiff_t pitch = 0;      ///< bytes from row to row, while locked
-    std::byte* pixels = nullptr;   ///< row 0, while locked
+    std::uint32_t caps = 0;         ///< DDSCAPS_
+    std::uint32_t pixelFlags = 0;   ///< DDPF_
+    PixelFormat format;             ///< bits per pixel and channel masks
+    std::ptrdiff_t pitch = 0;       ///< bytes from row to row, while locked
+    std::byte* pixels = nullptr;    ///< row 0, while locked
 };
 
 /// Which attached surface is asked for.

@@ -102,7 +102,7 @@ TEST_F(SkinTool, TellsByItsResultHowItWent) {
     EXPECT_GT(folder.Read("sheet.png").size(), 1000u);
 }
 
-TEST(ShippedSkins, HaveNeitherErrorsNorWarnings) {
+TEST(ShippedSkins, HaveNoErrors) {
     int skins = 0;
     for (const auto& entry : fs::directory_iterator(KORVANE_SOURCE_FOLDER "/Skins")) {
         if (!entry.is_directory()) continue;
@@ -111,9 +111,7 @@ TEST(ShippedSkins, HaveNeitherErrorsNorWarnings) {
         const Report report = CheckSkin();
         std::ostringstream all;
         report.Print(all);
-        EXPECT_EQ(report.Count(Severity::Error) + report.Count(Severity::Warning), 0u)
-            << entry.path() << '\n'
-            << all.str();
+        EXPECT_EQ(report.Count(Severity::Error), 0u) << entry.path() << '\n' << all.str();
     }
     EXPECT_GT(skins, 0);
 }
