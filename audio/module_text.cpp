@@ -40,9 +40,13 @@ struct Keyword {
 constexpr Keyword kKeywords[] = {
     {"FILENAME:", [](ModuleChoice& choice, const std::string& value) { choice.fileName = value; }},
     {"MENU START POSITION:",
-     [](ModuleChoice& choice, const std::string& value) { choice.menuPosition = ReadDecimal(value); }},
+     [](ModuleChoice& choice, const std::string& value) {
+         choice.menuPosition = ReadDecimal(value);
+     }},
     {"GAME START POSITION:",
-     [](ModuleChoice& choice, const std::string& value) { choice.gamePosition = ReadDecimal(value); }},
+     [](ModuleChoice& choice, const std::string& value) {
+         choice.gamePosition = ReadDecimal(value);
+     }},
     {"HIGH SCORE START POSITION:",
      [](ModuleChoice& choice, const std::string& value) {
          choice.highScorePosition = ReadDecimal(value);
