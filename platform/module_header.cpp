@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <limits>
 
 namespace korvane {
 namespace {
@@ -25,6 +27,10 @@ class Header {
                 return false;
         return true;
     }
+    bool Contains(std::string_view text) const {
+        return std::string_view(reinterpret_cast<const char*>(file_.data()), Size()).find(text) !=
+               std::string_view::npos;
+    }
 
   private:
     std::span<const std::byte> file_;
@@ -46,23 +52,78 @@ bool IsAccepted(const ModuleCounts& counts, std::size_t fileSize) {
            isCount(counts.samples) && counts.tablesEnd <= fileSize;
 }
 
+// Memory: places may name the same data time and again, and patterns may be empty. ---------------
+
+/// The rows of each pattern.
+using Rows = std::array<std::size_t, kMaxModuleParts>;
+
+constexpr std::size_t kDefaultRows = 64;
+
+/// The player takes no more, and the default for none.
+std::size_t RowsOf(unsigned written) {
+    return written == 0 ? kDefaultRows : std::min(written, 1024U);
+}
+
+/// The cells, and for each row of each order the states in which it was passed. There are the more
+/// of those the more loops a row has, up to a limit; loops are not looked at here.
+std::size_t PatternMemory(const Header& header, std::size_t orders, unsigned orderCount,
+                          const Rows& rows, std::size_t channels) {
+    constexpr std::size_t kCell = 6;
+    constexpr std::size_t kPassedRow = 1536;
+    std::size_t memory = 0;
+    for (const std::size_t count : rows)
+        memory += count * channels * kCell;
+    for (std::size_t i = 0; i < orderCount; ++i)
+        memory += rows[header.Byte(orders + i)] * kPassedRow;
+    return memory;
+}
+
+/// IT and S3M have the same two flags, in turns: one for 16 bits, one for two channels.
+std::size_t SampleMemory(std::size_t length, unsigned flags) {
+    return length << std::popcount(flags & 6U);
+}
+
+/// Where each part lies in the file once and is small, the limits above are enough.
+std::size_t NoMemory(const Header& /*header*/, const ModuleCounts& /*counts*/) {
+    return 0;
+}
+
 // XM: the header's size counts from its own field; the order table is part of it. ----------------
 
+constexpr std::size_t kXmSizeField = 60;
+constexpr std::size_t kXmOrders = 80;
+
+/// Before version 1.04 the patterns stood elsewhere.
 bool IsXm(const Header& header) {
-    return header.Has(0, "Extended Module: ");
+    return header.Has(0, "Extended Module: ") && header.Word(58) >= 0x0104;
 }
 
 ModuleCounts XmCounts(const Header& header) {
-    constexpr std::size_t kSizeField = 60;
-    constexpr std::size_t kFieldsEnd = 80;
     return {.channels = header.Word(68),
             .orders = header.Word(64),
             .patterns = header.Word(70),
             .instruments = header.Word(72),
-            .tablesEnd = std::max(kFieldsEnd, kSizeField + header.Long(kSizeField))};
+            .tablesEnd = std::max(kXmOrders, kXmSizeField + header.Long(kXmSizeField))};
+}
+
+std::size_t XmMemory(const Header& header, const ModuleCounts& counts) {
+    using namespace std::string_view_literals;
+    // A few bytes of Ogg can be any length of sound.
+    if (header.Contains("OggS\0"sv)) return std::numeric_limits<std::size_t>::max();
+    Rows rows{};
+    std::size_t at = kXmSizeField + header.Long(kXmSizeField);
+    for (std::size_t i = 0; i < counts.patterns; ++i) {
+        rows[i] = RowsOf(header.Word(at + 5));
+        at += header.Long(at) + header.Word(at + 7);
+    }
+    // Samples lie in the file once, packed to half their size at most.
+    return 2 * header.Size() +
+           PatternMemory(header, kXmOrders, counts.orders, rows, counts.channels);
 }
 
 // IT: always 64 channels; behind the orders lie the places of instruments, samples and patterns. --
+
+constexpr std::size_t kItOrders = 192;
 
 bool IsIt(const Header& header) {
     return header.Has(0, "IMPM");
@@ -75,11 +136,31 @@ ModuleCounts ItCounts(const Header& header) {
                         .instruments = header.Word(34),
                         .samples = header.Word(36)};
     const std::size_t places = counts.instruments + counts.samples + counts.patterns;
-    counts.tablesEnd = 192 + counts.orders + 4 * places;
+    counts.tablesEnd = kItOrders + counts.orders + 4 * places;
     return counts;
 }
 
+std::size_t ItMemory(const Header& header, const ModuleCounts& counts) {
+    // Patterns can name so many, though no more than 64 are played.
+    constexpr std::size_t kChannels = 127;
+    const std::size_t samples = kItOrders + counts.orders + std::size_t{4} * counts.instruments;
+    const std::size_t patterns = samples + std::size_t{4} * counts.samples;
+    std::size_t memory = 0;
+    for (std::size_t i = 0; i < counts.samples; ++i) {
+        const std::size_t at = header.Long(samples + 4 * i);
+        memory += SampleMemory(header.Long(at + 48), header.Byte(at + 18));
+    }
+    Rows rows{};
+    for (std::size_t i = 0; i < counts.patterns; ++i) {
+        const std::size_t at = header.Long(patterns + 4 * i);
+        rows[i] = at == 0 ? kDefaultRows : RowsOf(header.Word(at + 2));
+    }
+    return memory + PatternMemory(header, kItOrders, counts.orders, rows, kChannels);
+}
+
 // S3M: 32 channels at most, each switched by a byte of the header. --------------------------------
+
+constexpr std::size_t kS3mOrders = 96;
 
 bool IsS3m(const Header& header) {
     return header.Has(44, "SCRM");
@@ -91,8 +172,22 @@ ModuleCounts S3mCounts(const Header& header) {
                         .patterns = header.Word(36),
                         .samples = header.Word(34)};
     const std::size_t places = counts.samples + counts.patterns;
-    counts.tablesEnd = 96 + counts.orders + 2 * places;
+    counts.tablesEnd = kS3mOrders + counts.orders + 2 * places;
     return counts;
+}
+
+std::size_t S3mMemory(const Header& header, const ModuleCounts& counts) {
+    constexpr unsigned kSampled = 1;  // the other sorts have no data
+    const std::size_t samples = kS3mOrders + counts.orders;
+    std::size_t memory = 0;
+    for (std::size_t i = 0; i < counts.samples; ++i) {
+        const std::size_t at = std::size_t{16} * header.Word(samples + 2 * i);
+        if (header.Byte(at) == kSampled)
+            memory += SampleMemory(header.Long(at + 16), header.Byte(at + 31));
+    }
+    Rows rows{};
+    std::fill_n(rows.begin(), counts.patterns, kDefaultRows);
+    return memory + PatternMemory(header, kS3mOrders, counts.orders, rows, counts.channels);
 }
 
 // MOD: 31 samples; the signature behind the orders tells the channels. ----------------------------
@@ -159,16 +254,18 @@ struct FormatRow {
     std::string_view name;
     bool (*matches)(const Header& header);
     ModuleCounts (*counts)(const Header& header);
+    /// What the player takes, or more; only for counts that are accepted.
+    std::size_t (*memory)(const Header& header, const ModuleCounts& counts);
 };
 
 // In the order of `ModuleFormat`. MOD's signature comes late in the file and MTM's is short, so
 // the others are tried first.
 constexpr std::array kFormats = {
-    FormatRow{ModuleFormat::Xm, "xm", IsXm, XmCounts},
-    FormatRow{ModuleFormat::It, "it", IsIt, ItCounts},
-    FormatRow{ModuleFormat::S3m, "s3m", IsS3m, S3mCounts},
-    FormatRow{ModuleFormat::Mod, "mod", IsMod, ModCounts},
-    FormatRow{ModuleFormat::Mtm, "mtm", IsMtm, MtmCounts},
+    FormatRow{ModuleFormat::Xm, "xm", IsXm, XmCounts, XmMemory},
+    FormatRow{ModuleFormat::It, "it", IsIt, ItCounts, ItMemory},
+    FormatRow{ModuleFormat::S3m, "s3m", IsS3m, S3mCounts, S3mMemory},
+    FormatRow{ModuleFormat::Mod, "mod", IsMod, ModCounts, NoMemory},
+    FormatRow{ModuleFormat::Mtm, "mtm", IsMtm, MtmCounts, NoMemory},
 };
 
 }  // namespace
@@ -182,8 +279,11 @@ std::optional<ModuleFormat> CheckModuleHeader(std::span<const std::byte> file) {
     const Header header(file);
     const auto row = std::ranges::find_if(
         kFormats, [&](const FormatRow& format) { return format.matches(header); });
-    if (row == kFormats.end() || !IsAccepted(row->counts(header), file.size())) return std::nullopt;
-    return row->format;
+    if (row == kFormats.end()) return std::nullopt;
+    const ModuleCounts counts = row->counts(header);
+    const bool accepted =
+        IsAccepted(counts, file.size()) && row->memory(header, counts) <= kMaxModuleMemory;
+    return accepted ? std::optional(row->format) : std::nullopt;
 }
 
 }  // namespace korvane

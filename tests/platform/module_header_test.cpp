@@ -22,11 +22,17 @@ void PutWord(File& file, std::size_t at, unsigned value) {
     file.at(at + 1) = static_cast<std::byte>(value >> 8);
 }
 
+void PutLong(File& file, std::size_t at, std::size_t value) {
+    PutWord(file, at, value & 0xFFFF);
+    PutWord(file, at + 2, static_cast<unsigned>(value >> 16));
+}
+
 // The smallest files of each format that are accepted.
 
 File Xm() {
     File file(60 + 276);
     PutText(file, 0, "Extended Module: ");
+    PutWord(file, 58, 0x0104);
     PutWord(file, 60, 276);
     for (const std::size_t count : {64U, 68U, 70U, 72U})
         PutWord(file, count, 1);
@@ -136,6 +142,70 @@ TEST(ModuleHeaderTest, CountsHaveLimits) {
     }
 }
 
+/// A sample without data. Its head lies at 4000, in a file without patterns.
+File ItSample(unsigned flags) {
+    File file = It();
+    file.resize(8000);
+    PutWord(file, 38, 0);
+    PutWord(file, 198, 4000);
+    PutWord(file, 4018, flags);
+    return file;
+}
+
+File S3mSample(unsigned flags, unsigned sort = 1) {
+    File file = S3m();
+    file.resize(8000);
+    PutWord(file, 36, 0);
+    PutWord(file, 98, 4000 / 16);
+    PutWord(file, 4000, sort);
+    PutWord(file, 4030, flags << 8);
+    return file;
+}
+
+/// The same pattern in every order; its head lies behind the tables.
+File XmPattern() {
+    File file = Xm();
+    file.resize(8000);
+    PutWord(file, 64, 256);
+    return file;
+}
+
+File ItPattern() {
+    File file = It();
+    file.resize(8000);
+    PutWord(file, 32, 256);
+    PutWord(file, 456, 4000);
+    return file;
+}
+
+TEST(ModuleHeaderTest, WhatThePlayerMakesOfItHasALimit) {
+    struct Case {
+        const char* what;
+        File file;
+        std::size_t at;
+        std::size_t most;
+    };
+    Case cases[] = {
+        {"IT, 8 bits", ItSample(0), 4048, kMaxModuleMemory},
+        {"IT, 16 bits", ItSample(2), 4048, kMaxModuleMemory / 2},
+        {"IT, 16 bits, stereo", ItSample(6), 4048, kMaxModuleMemory / 4},
+        {"IT, rows", ItPattern(), 4002, 127},
+        {"S3M, 8 bits", S3mSample(0), 4016, kMaxModuleMemory},
+        {"S3M, 16 bits, stereo", S3mSample(6), 4016, kMaxModuleMemory / 4},
+        {"XM, rows", XmPattern(), 60 + 276 + 5, 127},
+    };
+    for (Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        PutLong(c.file, c.at, c.most);
+        EXPECT_TRUE(CheckModuleHeader(c.file));
+        PutLong(c.file, c.at, c.most + 1);
+        EXPECT_FALSE(CheckModuleHeader(c.file));
+    }
+    File synthesised = S3mSample(0, /*sort=*/2);
+    PutLong(synthesised, 4016, 0x7FFFFFFF);
+    EXPECT_TRUE(CheckModuleHeader(synthesised)) << "it has settings there, no length";
+}
+
 TEST(ModuleHeaderTest, ModSignaturesTellTheChannels) {
     for (const char* good :
          {"M.K.", "M!K!", "FLT4", "FLT8", "CD81", "OKTA", "1CHN", "9CHN", "10CH", "64CH"})
@@ -155,6 +225,13 @@ TEST(ModuleHeaderTest, NoOtherFormatAndNoLargerFile) {
         PutText(other, 0, signature);
         EXPECT_FALSE(CheckModuleHeader(other)) << signature;
     }
+    File packed = Xm();
+    packed.resize(500);
+    PutText(packed, 490, "OggS");
+    EXPECT_FALSE(CheckModuleHeader(packed)) << "a sample that is packed";
+    File early = Xm();
+    PutWord(early, 58, 0x0103);
+    EXPECT_FALSE(CheckModuleHeader(early)) << "its patterns lie elsewhere";
 }
 
 }  // namespace

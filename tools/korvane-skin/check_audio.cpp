@@ -115,7 +115,8 @@ int CheckModule(const CheckedSkin& skin, const std::string& name, Report& report
                    bytes ? Text("is no module that the game takes: XM, IT, S3M, MOD or MTM with at "
                                 "most ",
                                 kMaxModuleChannels, " channels and ", kMaxModuleParts,
-                                " of each kind of part; save it as one of these")
+                                " of each kind of part, and ", kMaxModuleMemory >> 20,
+                                " MB unpacked; save it as one of these")
                          : Text("cannot be opened, or is larger than ", kMaxModuleBytes >> 20,
                                 " MB; make it smaller"));
         return 0;
