@@ -25,7 +25,7 @@ def stanzas(folder, name):
     Each is a pair: the words of its head, and the indented lines below it.
     """
     head, body = None, []
-    for line in sources.lines(f"sound/{folder}/{name}"):
+    for line in sources.lines(SOUND / folder / name):
         if line.startswith(" "):
             body.append(line.strip())
             continue
