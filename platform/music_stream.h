@@ -19,6 +19,10 @@ class MusicStream {
     virtual void Render(std::span<float> samples) = 0;
 };
 
+/// Begins, on a thread of its own, what the first module to be opened would take long for. May be
+/// called once, by the thread that opens modules, which then waits for it.
+void PrepareModules();
+
 /// Opens a tracker module; null when it is none of the formats of platform/module_header.h or is
 /// damaged. May throw std::bad_alloc.
 std::unique_ptr<MusicStream> OpenModule(std::span<const std::byte> file);

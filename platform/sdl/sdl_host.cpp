@@ -12,6 +12,7 @@
 #include <thread>
 #include <tuple>
 
+#include "platform/music_stream.h"
 #include "platform/sdl/heap.h"
 
 namespace korvane {
@@ -124,6 +125,7 @@ bool SdlHost::StartVideo() {
             event.type = kTerminateEvent;
             SDL_PushEvent(&event);
         });
+        PrepareModules();  // while the window and the sound device open
     }
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return false;
     if (DriverShowsNothing()) {

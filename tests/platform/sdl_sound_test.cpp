@@ -106,6 +106,7 @@ TEST_F(SdlSoundTest, ThereMayBeNoDevice) {
 /// Stands for the device, but asks without a pause between two buffers.
 TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
     Mixer mixer;
+    PrepareModules();
     const std::shared_ptr<MusicStream> music[] = {OpenModule(MakeXm({})), OpenModule(MakeXm({}))};
     const auto click = std::make_shared<const Sample>(Sample{1, std::vector<std::int16_t>(90)});
     std::atomic<bool> ended = false;
