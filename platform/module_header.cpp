@@ -187,7 +187,9 @@ std::size_t S3mMemory(const Header& header, const ModuleCounts& counts) {
     }
     Rows rows{};
     std::fill_n(rows.begin(), counts.patterns, kDefaultRows);
-    return memory + PatternMemory(header, kS3mOrders, counts.orders, rows, counts.channels);
+    // The file itself is copied once.
+    return header.Size() + memory +
+           PatternMemory(header, kS3mOrders, counts.orders, rows, counts.channels);
 }
 
 // MOD: 31 samples; the signature behind the orders tells the channels. ----------------------------
@@ -249,6 +251,11 @@ ModuleCounts MtmCounts(const Header& header) {
     return counts;
 }
 
+/// The player would unpack these before it looks for a format.
+bool IsPacked(const Header& header) {
+    return header.Has(0, "PP20") || header.Has(0, "XPKF") || header.Has(0, "ziRCONia");
+}
+
 struct FormatRow {
     ModuleFormat format;
     std::string_view name;
@@ -279,7 +286,7 @@ std::optional<ModuleFormat> CheckModuleHeader(std::span<const std::byte> file) {
     const Header header(file);
     const auto row = std::ranges::find_if(
         kFormats, [&](const FormatRow& format) { return format.matches(header); });
-    if (row == kFormats.end()) return std::nullopt;
+    if (row == kFormats.end() || IsPacked(header)) return std::nullopt;
     const ModuleCounts counts = row->counts(header);
     const bool accepted =
         IsAccepted(counts, file.size()) && row->memory(header, counts) <= kMaxModuleMemory;

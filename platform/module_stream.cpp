@@ -27,18 +27,26 @@ const std::map<std::string, std::string> kControls = {
     {"seek.sync_samples", "0"},
 };
 
+/// Enough to tell what the player takes a file for.
+const std::map<std::string, std::string> kLook = {
+    {"load.skip_plugins", "1"},
+    {"load.skip_subsongs_init", "1"},
+    {"load.skip_samples", "1"},
+};
+
 class ModuleStream final : public MusicStream {
   public:
-    explicit ModuleStream(std::span<const std::byte> file)
-        : module_(reinterpret_cast<const std::uint8_t*>(file.data()), file.size(), log_,
-                  kControls) {
+    explicit ModuleStream(std::span<const std::byte> file,
+                          const std::map<std::string, std::string>& controls = kControls)
+        : module_(reinterpret_cast<const std::uint8_t*>(file.data()), file.size(), log_, controls) {
         module_.set_repeat_count(-1);
         orders_ = module_.get_num_orders();
     }
 
     /// The player may have taken the file for another format than its header was checked for.
     bool IsOf(ModuleFormat format) const {
-        return module_.get_metadata("type") == NameOf(format) && orders_ >= 1 &&
+        return module_.get_metadata("type") == NameOf(format) &&
+               module_.get_metadata("container").empty() && orders_ >= 1 &&
                orders_ <= static_cast<int>(kMaxModuleParts) &&
                module_.get_num_channels() <= static_cast<int>(kMaxModuleChannels);
     }
@@ -82,6 +90,19 @@ std::vector<std::byte> TinyModule() {
     return file;
 }
 
+/// MOD and S3M files begin with a title, where the signature of another format could stand: the
+/// player would take the file for that, whose limits are not known to hold.
+std::size_t TitleBytes(ModuleFormat format) {
+    switch (format) {
+        case ModuleFormat::Mod:
+            return 20;
+        case ModuleFormat::S3m:
+            return 28;
+        default:
+            return 0;
+    }
+}
+
 /// Makes the tables, while there is something to wait for.
 std::jthread& TableMaker() {
     static std::jthread thread;
@@ -108,6 +129,14 @@ std::unique_ptr<MusicStream> OpenModule(std::span<const std::byte> file) {
     const std::optional<ModuleFormat> format = CheckModuleHeader(file);
     if (!format) return nullptr;
     try {
+        std::vector<std::byte> untitled;
+        if (const std::size_t title = TitleBytes(*format); title > 0) {
+            untitled.assign(file.begin(), file.end());
+            std::fill_n(untitled.begin(), title, std::byte{0});
+            file = untitled;
+        }
+        // Before samples are made of it: signatures can stand elsewhere, too.
+        if (!ModuleStream(file, kLook).IsOf(*format)) return nullptr;
         auto stream = std::make_unique<ModuleStream>(file);
         if (!stream->IsOf(*format)) return nullptr;
         return stream;

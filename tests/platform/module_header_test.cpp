@@ -190,8 +190,8 @@ TEST(ModuleHeaderTest, WhatThePlayerMakesOfItHasALimit) {
         {"IT, 16 bits", ItSample(2), 4048, kMaxModuleMemory / 2},
         {"IT, 16 bits, stereo", ItSample(6), 4048, kMaxModuleMemory / 4},
         {"IT, rows", ItPattern(), 4002, 127},
-        {"S3M, 8 bits", S3mSample(0), 4016, kMaxModuleMemory},
-        {"S3M, 16 bits, stereo", S3mSample(6), 4016, kMaxModuleMemory / 4},
+        {"S3M, 8 bits", S3mSample(0), 4016, kMaxModuleMemory - 8000},
+        {"S3M, 16 bits, stereo", S3mSample(6), 4016, (kMaxModuleMemory - 8000) / 4},
         {"XM, rows", XmPattern(), 60 + 276 + 5, 127},
     };
     for (Case& c : cases) {
@@ -224,6 +224,12 @@ TEST(ModuleHeaderTest, NoOtherFormatAndNoLargerFile) {
         File other(2000);
         PutText(other, 0, signature);
         EXPECT_FALSE(CheckModuleHeader(other)) << signature;
+    }
+    for (const char* signature : {"PP20", "XPKF", "ziRCONia"}) {
+        for (File packed : {Mod(), S3m()}) {
+            PutText(packed, 0, signature);
+            EXPECT_FALSE(CheckModuleHeader(packed)) << signature;
+        }
     }
     File packed = Xm();
     packed.resize(500);
