@@ -18,12 +18,10 @@ constexpr std::size_t kFileCap = 64 * 1024;
 
 /// Takes the next line from the front of a text, without its end; empty when there is none left.
 std::string TakeLine(std::string_view& text) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    const std::size_t length = std::min(end, kLineLimit);
-    std::string line(text.substr(0, length));
-    const bool isWhole = length == end;
-    text.remove_prefix(std::min(text.size(), isWhole ? end + 1 : length));
-    if (isWhole && line.ends_with('\r')) line.pop_back();
+    const std::size_t feed = std::min(text.find('\n'), text.size());
+    const std::size_t end = feed - (text.substr(0, feed).ends_with('\r') ? 1 : 0);
+    const std::string line(text.substr(0, std::min(end, kLineLimit)));
+    text.remove_prefix(std::min(text.size(), end <= kLineLimit ? feed + 1 : kLineLimit));
     return line.substr(0, line.find('\0'));
 }
 

@@ -54,8 +54,12 @@ TEST(ModuleTextTest, KeywordsAndTheirLines) {
 
 TEST(ModuleTextTest, ALongLineUsesUpKeywordLines) {
     const std::string line(255, 'x');
-    EXPECT_EQ(After(line + "\n\nFILENAME:\na\nFILENAME:\nb\n").fileName, "a");
-    EXPECT_EQ(After(line.substr(1) + "\n\nFILENAME:\na\nFILENAME:\nb\n").fileName, "b");
+    for (const std::string end : {"\n", "\r\n"}) {
+        const std::string rest =
+            end + end + "FILENAME:" + end + "a" + end + "FILENAME:" + end + "b" + end;
+        EXPECT_EQ(After(line + rest).fileName, "a");
+        EXPECT_EQ(After(line.substr(1) + rest).fileName, "b");
+    }
 }
 
 TEST(ModuleTextTest, Numbers) {
