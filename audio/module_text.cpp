@@ -13,8 +13,6 @@ namespace {
 
 constexpr int kKeywordLines = 4;
 constexpr std::size_t kLineLimit = 254;
-/// No module.txt of eight lines is larger by far.
-constexpr std::size_t kFileCap = 64 * 1024;
 
 /// Takes the next line from the front of a text, without its end; empty when there is none left.
 std::string TakeLine(std::string_view& text) {
@@ -64,7 +62,7 @@ void ApplyModuleText(std::string_view text, ModuleChoice& choice) {
 
 bool ReadModuleText(const std::string& folder, ModuleChoice& choice) {
     const std::optional<std::vector<std::byte>> file =
-        TheHost().GameFiles().Read(folder + "module.txt", kFileCap);
+        TheHost().GameFiles().Read(folder + "module.txt", kMaxModuleTextBytes);
     if (!file) return false;
     ApplyModuleText({reinterpret_cast<const char*>(file->data()), file->size()}, choice);
     return true;

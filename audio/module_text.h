@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace korvane {
+
+/// The largest module.txt that is opened: eight lines, and whatever stands below them.
+inline constexpr std::size_t kMaxModuleTextBytes = std::size_t{1} << 20;
 
 /// Which module plays, and from which of its orders on each kind of screen.
 struct ModuleChoice {
@@ -26,7 +30,7 @@ struct ModuleChoice {
 void ApplyModuleText(std::string_view text, ModuleChoice& choice);
 
 /// Reads module.txt from a folder, whose name ends with a backslash. False, with nothing changed,
-/// when there is none.
+/// when there is none that can be opened.
 bool ReadModuleText(const std::string& folder, ModuleChoice& choice);
 
 }  // namespace korvane

@@ -37,6 +37,7 @@ TEST_F(MusicPlayerTest, LoadsFromTheSkinOrTheOriginal) {
     };
     constexpr const char* kOriginal = "FILENAME:\no.xm\nMENU START POSITION:\n20\n";
     const ModuleChoice kOriginalOverMine = {"o.xm", 20, 2, 3};
+    const std::string annotated = kMine + std::string(kMaxModuleTextBytes - 100, 'x');
     const Case cases[] = {
         {"all of the skin", kMine, "mine.xm", kOriginal, "o.xm", true, kMineChoice},
         {"the skin's module is missing", kMine, nullptr, kOriginal, "o.xm", true,
@@ -48,6 +49,8 @@ TEST_F(MusicPlayerTest, LoadsFromTheSkinOrTheOriginal) {
          "o.xm",
          true,
          {"o.xm", 20, 8, 54}},
+        {"much below the skin's entries", annotated.c_str(), "mine.xm", kOriginal, "o.xm", true,
+         kMineChoice},
         {"no text at all", nullptr, nullptr, nullptr, "sniffit.xm", true, {}},
         {"no text of the Original", kMine, nullptr, nullptr, "sniffit.xm", true, {}},
         {"nothing", nullptr, nullptr, nullptr, nullptr, false, {}},

@@ -128,8 +128,8 @@ int CheckModule(const CheckedSkin& skin, const std::string& name, Report& report
 }
 
 void CheckMusic(const CheckedSkin& skin, Report& report) {
-    constexpr std::size_t kCap = 64 * 1024;
-    const auto bytes = TheHost().GameFiles().Read(SkinPath(std::string(kModuleTextFile)), kCap);
+    const auto bytes =
+        TheHost().GameFiles().Read(SkinPath(std::string(kModuleTextFile)), kMaxModuleTextBytes);
     if (!bytes) {
         report.Add(Severity::Note, kModuleTextFile,
                    "not there; the Original's music plays, whatever module lies in Audio");
