@@ -1,5 +1,6 @@
 #include "platform/bass.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
 #include <memory>
@@ -185,7 +186,7 @@ HSAMPLE BASS_SampleLoad(bool /*fromMemory*/, const std::string& path, std::uint3
     if (!sample) return 0;
     AudioLibrary& library = Library();
     library.samples[++library.lastHandle] = {std::make_shared<const Sample>(std::move(*sample)),
-                                             limit};
+                                             std::max(limit, 1U)};
     return library.lastHandle;
 }
 

@@ -51,7 +51,7 @@ HMUSIC BASS_MusicLoad(bool fromMemory, const std::string& path, std::uint32_t of
 bool BASS_MusicPlayEx(HMUSIC music, std::int32_t position, std::uint32_t flags, bool reset);
 void BASS_MusicFree(HMUSIC music);
 
-/// `limit` is how many playbacks of it sound at once; one more ends the oldest.
+/// `limit` is how many playbacks of it sound at once, at least one; one more ends the oldest.
 HSAMPLE BASS_SampleLoad(bool fromMemory, const std::string& path, std::uint32_t offset,
                         std::uint32_t length, std::uint32_t limit, std::uint32_t flags);
 /// A new playback from the sample's beginning; 0 when there is no such sample.

@@ -26,8 +26,8 @@ HMUSIC LoadMusic(const std::string& path) {
     return BASS_MusicLoad(false, path, 0, 0, 1);
 }
 
-HSAMPLE LoadWav(const std::string& path) {
-    return BASS_SampleLoad(false, path, 0, 0, 3, 0x20000);
+HSAMPLE LoadWav(const std::string& path, std::uint32_t limit = 3) {
+    return BASS_SampleLoad(false, path, 0, 0, limit, 0x20000);
 }
 
 bool PlayAt(HMUSIC music, std::int32_t position) {
@@ -173,8 +173,9 @@ class RandomCalls {
             Hear();
         }
         EXPECT_LE(std::ranges::count_if(music_, BASS_ChannelIsActive), 1);
-        for (const auto& [sample, channels] : channels_)
-            EXPECT_LE(std::ranges::count_if(channels, BASS_ChannelIsActive), 3);
+        for (const auto& [sample, loaded] : samples_)
+            EXPECT_LE(std::ranges::count_if(loaded.channels, BASS_ChannelIsActive),
+                      std::max(loaded.limit, 1));
     }
 
   private:
@@ -188,19 +189,21 @@ class RandomCalls {
         for (const HMUSIC music : music_)
             EXPECT_FALSE(PlayAt(music, 0));
         music_.clear();
-        channels_.clear();
+        samples_.clear();
         EXPECT_EQ(BASS_Init(-1, 44100, 0x10, nullptr), 1);
     }
 
     void Load() {
         const char* const paths[] = {"a.xm", "click.wav", "missing"};
         const char* path = paths[random_() % std::size(paths)];
-        const std::uint32_t handle = Chance() ? LoadMusic(path) : LoadWav(path);
+        const int limit = static_cast<int>(random_() % 4);
+        const std::uint32_t handle =
+            Chance() ? LoadMusic(path) : LoadWav(path, static_cast<std::uint32_t>(limit));
         if (handle == 0) return;
         EXPECT_GT(handle, last_) << "no number comes twice";
         last_ = handle;
         if (path == paths[0]) music_.insert(handle);
-        if (path == paths[1]) channels_[handle];
+        if (path == paths[1]) samples_[handle].limit = limit;
     }
 
     void Free() {
@@ -211,10 +214,10 @@ class RandomCalls {
             return;
         }
         BASS_SampleFree(handle);
-        const auto found = channels_.find(handle);
-        if (found == channels_.end()) return;
-        EXPECT_TRUE(std::ranges::none_of(found->second, BASS_ChannelIsActive));
-        channels_.erase(found);
+        const auto found = samples_.find(handle);
+        if (found == samples_.end()) return;
+        EXPECT_TRUE(std::ranges::none_of(found->second.channels, BASS_ChannelIsActive));
+        samples_.erase(found);
     }
 
     void Change() {
@@ -242,24 +245,29 @@ class RandomCalls {
 
     void PlaySample(HSAMPLE sample) {
         const HCHANNEL channel = BASS_SamplePlay(sample);
-        EXPECT_EQ(channel != 0, channels_.contains(sample));
+        EXPECT_EQ(channel != 0, samples_.contains(sample));
         EXPECT_EQ(BASS_ChannelIsActive(channel), channel != 0);
         if (channel == 0) return;
         last_ = channel;
-        channels_[sample].push_back(channel);
+        samples_[sample].channels.push_back(channel);
     }
 
     void Hear() {
         bool sounds = std::ranges::any_of(music_, BASS_ChannelIsActive);
-        for (const auto& [sample, channels] : channels_)
-            sounds = sounds || std::ranges::any_of(channels, BASS_ChannelIsActive);
+        for (const auto& [sample, loaded] : samples_)
+            sounds = sounds || std::ranges::any_of(loaded.channels, BASS_ChannelIsActive);
         EXPECT_EQ(PeakOf(Headless().Hear(200 + random_() % 700)) > 0, sounds);
     }
+
+    struct LoadedSample {
+        int limit = 0;
+        std::vector<HCHANNEL> channels;
+    };
 
     std::minstd_rand random_{3};
     std::uint32_t last_ = 0;
     std::set<HMUSIC> music_;
-    std::map<HSAMPLE, std::vector<HCHANNEL>> channels_;
+    std::map<HSAMPLE, LoadedSample> samples_;
 };
 
 TEST_F(BassTest, TenThousandRandomCallsKeepEveryPromise) {
