@@ -20,10 +20,11 @@ bool IsSlow(std::uint64_t counts, std::size_t frames) {
 float SoftLimit(float sample) {
     constexpr float kKnee = 0.75F;
     constexpr float kRoom = 1.0F - kKnee;
+    if (std::isnan(sample)) return 0;
     const float over = std::abs(sample) - kKnee;
     if (over <= 0) return sample;
     // Slope 1 at the knee, full scale at infinity.
-    return std::copysign(kKnee + kRoom * over / (over + kRoom), sample);
+    return std::copysign(kKnee + kRoom * (1.0F - kRoom / (over + kRoom)), sample);
 }
 
 // Music. -----------------------------------------------------------------------------------------
@@ -33,7 +34,7 @@ bool Mixer::StartMusic(const std::shared_ptr<MusicStream>& stream, std::optional
     const std::lock_guard lock(mutex_);
     if (tooSlow_.lock() == stream) return false;
     // A jump that was asked for and not yet done still counts for a start without one.
-    if (order || !IsCurrent(*stream)) jump_ = order;
+    if (order) jump_ = {stream, *order};
     music_.swap(replaced);
     state_ = MusicState::Playing;
     return true;
@@ -65,12 +66,12 @@ bool Mixer::IsMusicPlaying(const MusicStream& stream) {
 /// The mix begins with the music.
 void Mixer::RenderMusic() {
     std::shared_ptr<MusicStream> stream;
-    std::optional<int> jump;
+    Jump jump;
     {
         const std::lock_guard lock(mutex_);
         if (state_ == MusicState::Playing) {
             stream = music_;
-            jump = std::exchange(jump_, std::nullopt);
+            if (jump_.stream.lock() == stream) jump = std::exchange(jump_, {});
         }
     }
     if (!stream) {
@@ -78,12 +79,14 @@ void Mixer::RenderMusic() {
         return;
     }
     const std::uint64_t start = TheHost().Counter();
-    if (jump) stream->Seek(*jump);
+    if (!jump.stream.expired()) stream->Seek(jump.order);
     stream->Render(mix_);
     WatchPace(stream, IsSlow(TheHost().Counter() - start, mix_.size() / kSoundChannels));
 }
 
 void Mixer::WatchPace(const std::shared_ptr<MusicStream>& stream, bool slow) {
+    if (watched_.lock() != stream) slowRenders_ = 0;
+    watched_ = stream;
     slowRenders_ = slow ? slowRenders_ + 1 : 0;
     if (slowRenders_ < kSlowRenders) return;
     slowRenders_ = 0;

@@ -15,7 +15,7 @@
 namespace korvane {
 
 /// Brings any sum of sounds into -1 to 1: unchanged up to three quarters, bent smoothly towards
-/// full scale above, so that loud moments neither wrap nor crack.
+/// full scale above, so that loud moments neither wrap nor crack. What is no number is silence.
 float SoftLimit(float sample);
 
 /// Mixes one piece of music with any number of samples.
@@ -61,6 +61,11 @@ class Mixer final : public SoundSource {
         std::size_t frame = 0;
     };
 
+    struct Jump {
+        std::weak_ptr<MusicStream> stream;
+        int order = 0;
+    };
+
     bool IsCurrent(const MusicStream& stream) const { return music_.get() == &stream; }
     void RenderMusic();
     void WatchPace(const std::shared_ptr<MusicStream>& stream, bool slow);
@@ -71,13 +76,14 @@ class Mixer final : public SoundSource {
     std::mutex mutex_;  // guards the next five
     std::shared_ptr<MusicStream> music_;
     MusicState state_ = MusicState::Stopped;
-    std::optional<int> jump_;  ///< to be done before the next frames
+    Jump jump_;  ///< to be done before the next frames of that stream
     std::weak_ptr<MusicStream> tooSlow_;
     std::vector<Voice> voices_;  ///< in the order in which they began
 
     // The rendering thread's own.
     std::vector<float> mix_;
     int slowRenders_ = 0;
+    std::weak_ptr<MusicStream> watched_;  ///< whose they were
 };
 
 }  // namespace korvane

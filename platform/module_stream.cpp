@@ -6,7 +6,7 @@
 #include <map>
 #include <new>
 #include <optional>
-#include <sstream>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -73,7 +73,7 @@ class ModuleStream final : public MusicStream {
     }
 
   private:
-    std::ostringstream log_;  // what the player grumbles about is nobody's concern
+    std::ostream log_{nullptr};  // what the player grumbles about is nobody's concern
     openmpt::module module_;
     int orders_ = 0;
 };

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 
 #include "platform/headless/headless_host.h"
@@ -54,6 +55,10 @@ TEST(SoftLimitTest, IsPlainBelowTheKneeAndNeverPassesFullScale) {
         EXPECT_EQ(SoftLimit(-loud), -limited);
         before = limited;
     }
+    constexpr float kInfinity = std::numeric_limits<float>::infinity();
+    EXPECT_EQ(SoftLimit(kInfinity), 1.0F);
+    EXPECT_EQ(SoftLimit(-kInfinity), -1.0F);
+    EXPECT_EQ(SoftLimit(std::numeric_limits<float>::quiet_NaN()), 0.0F);
 }
 
 TEST_F(MixerTest, AnySumStaysBelowFullScaleWithItsSign) {
@@ -101,6 +106,15 @@ TEST_F(MixerTest, JumpsAreDoneByWhoRenders) {
     mixer.StartMusic(stream, std::nullopt);
     Level();
     EXPECT_EQ(stream->seeks, (std::vector{5})) << "it plays on where it is";
+    const auto other = std::make_shared<FakeStream>();
+    mixer.StartMusic(stream, 7);
+    mixer.StopMusic(*stream);
+    mixer.StartMusic(other, std::nullopt);
+    Level();
+    EXPECT_TRUE(other->seeks.empty());
+    mixer.StartMusic(stream, std::nullopt);
+    Level();
+    EXPECT_EQ(stream->seeks, (std::vector{5, 7})) << "it was still to be done";
 }
 
 TEST_F(MixerTest, MusicThatIsAlwaysTooSlowEndsAndStaysOff) {
@@ -119,7 +133,16 @@ TEST_F(MixerTest, MusicThatIsAlwaysTooSlowEndsAndStaysOff) {
     EXPECT_FALSE(mixer.IsMusicPlaying(*stream));
     EXPECT_NEAR(Level(), 1000, 2) << "samples go on";
     EXPECT_FALSE(mixer.StartMusic(stream, 0));
-    EXPECT_TRUE(mixer.StartMusic(std::make_shared<FakeStream>(), 0));
+    // What one piece was late does not count for the next.
+    const std::shared_ptr<FakeStream> others[] = {std::make_shared<FakeStream>(),
+                                                  std::make_shared<FakeStream>()};
+    for (const auto& other : others) {
+        other->milliseconds = 12;
+        EXPECT_TRUE(mixer.StartMusic(other, 0));
+        for (int i = 1; i < Mixer::kSlowRenders; ++i)
+            Level();
+        EXPECT_TRUE(mixer.IsMusicPlaying(*other));
+    }
 }
 
 }  // namespace
