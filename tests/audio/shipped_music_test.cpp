@@ -10,11 +10,13 @@
 namespace korvane {
 namespace {
 
-TEST(OriginalMusicTest, EachSectionRepeatsWithinItsOrders) {
+class ShippedMusicTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(ShippedMusicTest, EachSectionReturnsToItsFirstOrder) {
     // So few frames a second are no music any more, but the same rows in the same order.
     constexpr int kRate = 1000;
     constexpr int kFrames = 10 * 60 * kRate;
-    const std::string folder = "Skins\\Original\\Audio\\";
+    const std::string folder = std::string("Skins\\") + GetParam() + "\\Audio\\";
     Headless().Reset();
     Headless().UseFolder(KORVANE_FOLDER);
     ModuleChoice choice;
@@ -34,14 +36,18 @@ TEST(OriginalMusicTest, EachSectionRepeatsWithinItsOrders) {
         for (int frame = 0; frame < kFrames; frame += 16) {
             ASSERT_EQ(module.read_interleaved_stereo(kRate, 16, samples), 16U);
             const int order = module.get_current_order();
-            ASSERT_GE(order, starts[section]) << section << ", frame " << frame;
+            if (order < before) {
+                ASSERT_EQ(order, starts[section]) << section << ", frame " << frame;
+                ++returns;
+            }
             ASSERT_LT(order, starts[section + 1]) << section << ", frame " << frame;
-            if (order < before) ++returns;
             before = order;
         }
         EXPECT_GE(returns, 1) << section;
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Skins, ShippedMusicTest, testing::Values("Original", "Daylight"));
 
 }  // namespace
 }  // namespace korvane
