@@ -2,16 +2,12 @@
 
 #include <SDL.h>
 
-#include <chrono>
 #include <span>
 #include <string_view>
 #include <utility>
 
 namespace korvane {
 namespace {
-
-/// Between two looks for a device that has gone; half of the second after which it is to be heard.
-constexpr std::chrono::milliseconds kRetry{500};
 
 /// Drivers that nobody hears are only wanted by somebody who names them.
 bool DriverIsMute() {
@@ -34,7 +30,7 @@ bool SdlSound::Open(SoundSource& source) {
     // Apart from video: a machine without sound still shows the game.
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
     source_ = &source;
-    device_ = DriverIsMute() ? 0 : OpenDevice();
+    device_ = DriverIsMute() ? 0 : opener_(source);
     if (device_ == 0) {
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
         source_ = nullptr;
@@ -68,15 +64,14 @@ void SdlSound::OnEvent(const SDL_AudioDeviceEvent& event) {
     changed_.notify_one();
 }
 
-/// 0 when there is none.
-SDL_AudioDeviceID SdlSound::OpenDevice() {
+SDL_AudioDeviceID SdlSound::OpenDefault(SoundSource& source) {
     SDL_AudioSpec wanted{};
     wanted.freq = kSoundRate;
     wanted.format = AUDIO_S16SYS;
     wanted.channels = kSoundChannels;
     wanted.samples = kSoundBufferFrames;
     wanted.callback = Fill;
-    wanted.userdata = source_;
+    wanted.userdata = &source;
     const SDL_AudioDeviceID device = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
     if (device != 0) SDL_PauseAudioDevice(device, 0);
     return device;
@@ -92,11 +87,11 @@ void SdlSound::KeepDevice() {
         // Opening and closing may wait for the system; nobody is to wait for the lock meanwhile.
         lock.unlock();
         if (gone != 0) SDL_CloseAudioDevice(gone);
-        const SDL_AudioDeviceID found = OpenDevice();
+        const SDL_AudioDeviceID found = opener_(*source_);
         lock.lock();
         device_ = found;
         lost_ = found == 0 || found == removed_;
-        if (lost_) changed_.wait_for(lock, kRetry, [this] { return ending_; });
+        if (lost_) changed_.wait_for(lock, retry_, [this] { return ending_; });
     }
 }
 

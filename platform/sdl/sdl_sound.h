@@ -3,9 +3,12 @@
 #include <SDL_audio.h>
 #include <SDL_events.h>
 
+#include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <thread>
+#include <utility>
 
 #include "platform/sound_source.h"
 
@@ -14,10 +17,18 @@ namespace korvane {
 /// The system's default sound device. SDL asks the source for frames on a thread of its own.
 ///
 /// When the device vanishes (a plug pulled, a sound server restarted), a second thread opens the
-/// default device again, twice a second until there is one; whoever opened the sound never waits.
+/// default device again, time after time until there is one; whoever opened the sound never waits.
 class SdlSound {
   public:
-    SdlSound() = default;
+    /// Opens a device and starts it; 0 when there is none.
+    using Opener = std::function<SDL_AudioDeviceID(SoundSource&)>;
+    static SDL_AudioDeviceID OpenDefault(SoundSource& source);
+
+    /// `retry` lies between two looks for a device: half of the second after which it is to be
+    /// heard.
+    explicit SdlSound(Opener opener = OpenDefault,
+                      std::chrono::milliseconds retry = std::chrono::milliseconds(500))
+        : opener_(std::move(opener)), retry_(retry) {}
     ~SdlSound() { Close(); }
     SdlSound(const SdlSound&) = delete;
     SdlSound& operator=(const SdlSound&) = delete;
@@ -29,10 +40,11 @@ class SdlSound {
     void OnEvent(const SDL_AudioDeviceEvent& event);
 
   private:
-    SDL_AudioDeviceID OpenDevice();
     /// Body of the second thread.
     void KeepDevice();
 
+    const Opener opener_;
+    const std::chrono::milliseconds retry_;
     SoundSource* source_ = nullptr;
     std::thread keeper_;
 

@@ -49,15 +49,18 @@ class CountingSource final : public SoundSource {
     std::size_t size_ = 0;
 };
 
-void ReportRemoved(SdlSound& sound, bool recorder) {
-    // Whichever number SDL gave it.
-    for (std::uint32_t device = 0; device <= 16; ++device) {
-        SDL_AudioDeviceEvent event{};
-        event.type = SDL_AUDIODEVICEREMOVED;
-        event.which = device;
-        event.iscapture = recorder ? 1 : 0;
-        sound.OnEvent(event);
-    }
+void ReportRemoved(SdlSound& sound, SDL_AudioDeviceID device, bool recorder = false) {
+    SDL_AudioDeviceEvent event{};
+    event.type = SDL_AUDIODEVICEREMOVED;
+    event.which = device;
+    event.iscapture = recorder ? 1 : 0;
+    sound.OnEvent(event);
+}
+
+/// Whichever number SDL gave it.
+void ReportAnyRemoved(SdlSound& sound, bool recorder) {
+    for (SDL_AudioDeviceID device = 0; device <= 16; ++device)
+        ReportRemoved(sound, device, recorder);
 }
 
 class SdlSoundTest : public testing::Test {
@@ -80,8 +83,8 @@ TEST_F(SdlSoundTest, ARemovedDeviceIsOpenedAgainEachTime) {
     ASSERT_TRUE(sound.Open(source));
     for (int devices = 1; devices <= 3; ++devices) {
         ASSERT_TRUE(source.WaitForDevices(devices));
-        ReportRemoved(sound, /*recorder=*/true);
-        ReportRemoved(sound, /*recorder=*/false);
+        ReportAnyRemoved(sound, /*recorder=*/true);
+        ReportAnyRemoved(sound, /*recorder=*/false);
     }
     EXPECT_TRUE(source.WaitForDevices(4));
 }
@@ -92,7 +95,7 @@ TEST_F(SdlSoundTest, OpensAgainAfterItWasClosed) {
         EXPECT_TRUE(source.WaitForDevices(devices));
         sound.Close();
         sound.Close();
-        ReportRemoved(sound, /*recorder=*/false);
+        ReportAnyRemoved(sound, /*recorder=*/false);
     }
 }
 
@@ -101,6 +104,38 @@ TEST_F(SdlSoundTest, ThereMayBeNoDevice) {
     EXPECT_FALSE(sound.Open(source));
     setenv("SDL_AUDIODRIVER", "dummy", 1);
     EXPECT_TRUE(sound.Open(source));
+}
+
+TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
+    // Numbers that SDL knows nothing of. The second look finds none, and what the third finds has
+    // gone before it can be told.
+    constexpr SDL_AudioDeviceID kFound[] = {20, 0, 21, 22, 23};
+    constexpr std::size_t kGone = 2;
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::size_t looks = 0;
+    SdlSound* opened = nullptr;
+    SdlSound scripted(
+        [&](SoundSource&) {
+            const std::lock_guard lock(mutex);
+            if (looks == kGone) ReportRemoved(*opened, kFound[kGone]);
+            changed.notify_all();
+            return looks < std::size(kFound) ? kFound[looks++] : 0;
+        },
+        std::chrono::milliseconds(1));
+    opened = &scripted;
+    const auto waitForLooks = [&](std::size_t count) {
+        std::unique_lock lock(mutex);
+        return changed.wait_for(lock, std::chrono::seconds(20), [&] { return looks == count; });
+    };
+    ASSERT_TRUE(scripted.Open(source));
+    ReportRemoved(scripted, 20);
+    ASSERT_TRUE(waitForLooks(4));
+    ReportRemoved(scripted, 20);  // long gone
+    ReportRemoved(scripted, 22);
+    EXPECT_TRUE(waitForLooks(5));
+    scripted.Close();
+    EXPECT_EQ(looks, 5U) << "no look for a device that is there";
 }
 
 /// Stands for the device, but asks without a pause between two buffers.
