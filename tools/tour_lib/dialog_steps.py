@@ -4,6 +4,7 @@ from .hearing import MENU
 from .tour import check, see_menu
 
 TITLE_ADVANCED = "Advanced settings"
+MOST_COLOURS = 32  # bits per pixel, as the first mode has
 ROTATE = 8  # the bit of the sound
 NEXT_SKIN = "Daylight"
 
@@ -42,14 +43,15 @@ def cancel_advanced_settings(tour):
 
 
 def change_advanced_settings(tour):
-    """From the list of skins by way of the modes to the delay and the magnitude."""
+    """From the list of skins to the modes, the delay and the magnitude."""
     open_dialog(tour, "alt+s", "d")
-    tour.game.press(NEXT_SKIN[0].lower(), "Tab", "Tab", *5 * ["Right"], "Tab", "Right")
+    tour.game.press(NEXT_SKIN[0].lower(), "Tab", "Home", "Tab", *5 * ["Right"], "Tab", "Right")
     tour.keep_picture("advanced-settings")
     tour.wear(NEXT_SKIN)
     with tour.hearing.music(MENU):
         leave_dialog(tour, "Return")
     tour.settings.drop_delay, tour.settings.drop_magnitude = 5, 16
+    tour.settings.full_screen = (MOST_COLOURS, tour.settings.full_screen[1])
     see_menu(tour)
     tour.keep_picture("menu-in-another-skin")
 
