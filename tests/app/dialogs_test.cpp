@@ -8,6 +8,7 @@
 
 #include "app/advanced_dialog.h"
 #include "app/mode_text.h"
+#include "app/process_state.h"
 #include "app/program.h"
 #include "app/settings.h"
 #include "game/game_frame.h"
@@ -136,6 +137,57 @@ TEST_F(DialogsTest, OffersTheFoldersThatCanBeKept) {
          },
          Ok});
     EXPECT_EQ(theSettings.skinName, longest);
+}
+
+TEST_F(DialogsTest, AdvancedTakesEverythingWithOkAndNothingWithCancel) {
+    MakeSkin("Another");
+    Start();
+    SettingsValues changed = theSettings;
+    const auto change = [] {
+        for (const std::uint16_t id :
+             {kItemLeftPreview, kItemRightStatistics, kItemCountUpScore, kItemIndividualQuakes,
+              kItemScrollingPieces, kItemMagnitude16})
+            ClickItem(id);
+        SendScroll(SB_LINERIGHT, 7);
+        Select(kItemSkins, "another");
+        Select(kItemDisplayModes, "640 x 480 x 32 - 60 Hz");
+    };
+    Use(kCmdAdvancedSettings, {change, Cancel});
+    EXPECT_EQ(static_cast<const SettingsValues&>(theSettings), changed);
+    changed.preview[IndexOf(Side::Left)] ^= true;
+    changed.statistics[IndexOf(Side::Right)] ^= true;
+    changed.countUpScore ^= true;
+    changed.individualQuakes ^= true;
+    changed.scrollingPieces ^= true;
+    changed.dropMagnitude = 16;
+    changed.dropDelayMs += 7;
+    changed.skinName = "Another";
+    changed.fullscreenBpp = 32;
+    changed.fullscreenRefresh = 60;
+    Use(kCmdAdvancedSettings, {change, Ok});
+    EXPECT_EQ(static_cast<const SettingsValues&>(theSettings), changed);
+}
+
+TEST_F(DialogsTest, MissingSkinsAndModesAreTold) {
+    Start();
+    theSettings.soundEffects = theSettings.music = audioReady = false;
+    std::filesystem::rename(folder.Path() + "/Skins", folder.Path() + "/elsewhere");
+    Headless().SetDisplayModes({{800, 600, 16, 60}});
+    const auto read = [](const char* picture) {
+        return [picture] {
+            EXPECT_TRUE(MatchesGolden(picture));
+            Ok();
+        };
+    };
+    const auto emptyLists = [] {
+        EXPECT_TRUE(Entries(kItemSkins).empty());
+        EXPECT_TRUE(Entries(kItemDisplayModes).empty());
+        Ok();
+    };
+    theSettings.windowed = false;  // as for the next start
+    Use(kCmdAdvancedSettings, {read("box-no-skins"), emptyLists, read("box-no-modes")});
+    EXPECT_TRUE(theSettings.windowed);
+    EXPECT_EQ(theSettings.skinName, "Original");
 }
 
 TEST_F(DialogsTest, TheDelayEndsBelowWhatItsTextShows) {

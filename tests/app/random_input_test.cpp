@@ -6,8 +6,11 @@
 #include "app/settings.h"
 #include "game/game_frame.h"
 #include "game/key_bindings.h"
+#include "game/level_table.h"
+#include "platform/desktop.h"
 #include "platform/headless/headless_host.h"
 #include "platform/user.h"
+#include "platform/virtual_keys.h"
 #include "res/commands.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
@@ -15,6 +18,8 @@
 
 namespace korvane {
 namespace {
+
+constexpr int kEventsForEachDialog = 100'000;
 
 /// Sends the window procedure anything that can come from outside, in any order.
 class RandomInputTest : public ProgramFixture {
@@ -63,6 +68,7 @@ class RandomInputTest : public ProgramFixture {
         constexpr int kFullScreen = 1002;
         const int id = Below(40) == 0 ? 1000 + Below(3) : 40001 + Below(27);
         if (id == kExit || (id == kFullScreen && Below(10) != 0)) return;
+        CallOffQuit();
         Command(static_cast<std::uint16_t>(id));
     }
 
@@ -80,9 +86,53 @@ class RandomInputTest : public ProgramFixture {
         LetTimePass(1500);
     }
 
-    /// Time goes on; a Quit that waits would end it all.
-    void LetTimePass(std::uint32_t milliseconds) {
+    /// Back to the game, out of whatever may stand before it.
+    void WakeAndLeave() {
+        constexpr std::array kKeys = {VK_RETURN, VK_ESCAPE, VK_TAB};
+        Headless().Push({.type = HostEventType::Activated});
+        if (!TheDesktop().modal) return;
+        const std::uint8_t key = kKeys[static_cast<std::size_t>(Below(3))];
+        Headless().PushKey(key, /*down=*/true);
+        Headless().PushKey(key, /*down=*/false);
+    }
+
+    /// What wakes a dialog or message box, and now and then ends it; without one the game waits.
+    void WakeWithAnything() {
+        if (!TheDesktop().modal) {
+            Headless().Push({.type = HostEventType::Activated});
+            return;
+        }
+        ++wakings_;
+        HostEvent event{.type = kDialogEvents[static_cast<std::size_t>(
+                            Below(static_cast<int>(kDialogEvents.size())))],
+                        .modifiers = static_cast<std::uint8_t>(Below(5) == 0 ? Below(8) : 0),
+                        .x = Below(640),
+                        .y = Below(500),
+                        .amount = Below(7) - 3};
+        event.key = Below(2) == 0 ? static_cast<std::uint8_t>(Below(256)) : PickedKey();
+        event.character = static_cast<char32_t>(Below(4) == 0 ? Below(0x11'0000) : Below(0x100));
+        if (Below(3) == 0) event.key = VK_TAB;
+        Headless().Push(event);
+        // What is held repeats for as long.
+        if (event.type == HostEventType::LeftButtonDown)
+            Headless().PushLater(static_cast<std::uint32_t>(Below(700)),
+                                 {.type = HostEventType::LeftButtonUp, .x = event.x, .y = event.y});
+    }
+
+    std::uint8_t PickedKey() {
+        constexpr std::array<std::uint8_t, 12> kKeys = {VK_LEFT,  VK_RIGHT,  VK_UP,     VK_DOWN,
+                                                        VK_HOME,  VK_END,    VK_BACK,   VK_DELETE,
+                                                        VK_SPACE, VK_ESCAPE, VK_RETURN, 'V'};
+        return kKeys[static_cast<std::size_t>(Below(static_cast<int>(kKeys.size())))];
+    }
+
+    /// When time goes on, a Quit that waits would end it all.
+    static void CallOffQuit() {
         if (pendingClick == kMenuQuit) pendingClick = kMenuNothing;
+    }
+
+    void LetTimePass(std::uint32_t milliseconds) {
+        CallOffQuit();
         Run(milliseconds);
     }
 
@@ -124,15 +174,25 @@ class RandomInputTest : public ProgramFixture {
         theMenuScreen->OnKeyConfigKey('K');
     }
 
+    int Wakings() const { return wakings_; }
+
   private:
+    static constexpr std::array kDialogEvents = {
+        HostEventType::KeyDown,        HostEventType::KeyDown,      HostEventType::KeyUp,
+        HostEventType::LeftButtonDown, HostEventType::LeftButtonUp, HostEventType::MouseMove,
+        HostEventType::Wheel,          HostEventType::Text,         HostEventType::Deactivated,
+        HostEventType::Activated,      HostEventType::Resized,      HostEventType::Moved,
+    };
+
     std::mt19937 random_{20021105};
+    int wakings_ = 0;
 };
 
 TEST_F(RandomInputTest, NothingThatComesInMakesScreensAndSettingsDisagree) {
     folder.Write("data/hs.dat", std::vector<std::byte>(260));
     Start();
     audioReady = true;
-    Headless().WhenWaiting([] { Headless().Push({.type = HostEventType::Activated}); });
+    Headless().WhenWaiting([this] { WakeAndLeave(); });
     int games = 0;
     int scores = 0;
     for (int i = 0; i < 100'000; ++i) {
@@ -150,6 +210,29 @@ TEST_F(RandomInputTest, NothingThatComesInMakesScreensAndSettingsDisagree) {
     EXPECT_GT(games, 1000) << "the screens all have had their turn";
     EXPECT_GT(scores, 1000);
     EXPECT_GT(theHighScoreScreen->Table().Row(0).score, 0);
+}
+
+TEST_F(RandomInputTest, NothingBringsADialogDown) {
+    folder.Write("Skins/Another/module.txt", {});
+    Start();
+    Headless().WhenWaiting([this] { WakeWithAnything(); });
+    for (const std::uint16_t dialog :
+         {kCmdAdvancedSettings, kCmdLevelSettings, kCmdSfxSettings, kCmdAbout}) {
+        const int enough = Wakings() + kEventsForEachDialog;
+        int times = 0;
+        for (; Wakings() < enough; ++times) {
+            Command(dialog);
+            ASSERT_TRUE(IsRunning());
+            ASSERT_EQ(TheDesktop().modal, nullptr);
+            ASSERT_EQ(Headless().PictureSize(), (SIZE{640, 499}));
+            Run(10);
+        }
+        EXPECT_GT(times, kEventsForEachDialog / 1000) << dialog;
+    }
+    for (const auto& level : theLevelTable.normalMs)
+        for (const std::uint32_t milliseconds : level)
+            EXPECT_TRUE(milliseconds >= 1 && milliseconds <= 4999) << milliseconds;
+    EXPECT_LE(theSettings.dropDelayMs, 159u);
 }
 
 }  // namespace
