@@ -106,9 +106,18 @@ void ShowModes(HDLG dialog) {
     if (ListBox_GetCurSel(list) == LB_ERR) ListBox_SetCurSel(list, 0);
 }
 
-/// A folder whose name is too long to be kept cannot be chosen.
+/// A folder whose name is too long to be kept, or would lead elsewhere as a path, cannot be chosen.
 bool IsSkin(const FolderEntry& entry) {
-    return entry.isFolder && !entry.name.starts_with('.') && entry.name.size() <= kSkinNameLimit;
+    return entry.isFolder && !entry.name.starts_with('.') && entry.name.size() <= kSkinNameLimit &&
+           entry.name.find('\\') == std::string::npos;
+}
+
+/// Names can differ in nothing but the case of their letters: the very same one goes first.
+int FindSkin(HCTL list, const std::string& name) {
+    const int first = ListBox_FindStringExact(list, name);
+    for (int entry = first; entry != LB_ERR && !ListBox_GetText(list, entry).empty(); ++entry)
+        if (ListBox_GetText(list, entry) == name) return entry;
+    return first;
 }
 
 void ShowSkins(HDLG dialog) {
@@ -119,8 +128,8 @@ void ShowSkins(HDLG dialog) {
     if (entries)
         for (const FolderEntry& entry : *entries)
             if (IsSkin(entry)) ListBox_AddString(list, entry.name);
-    int chosen = ListBox_FindStringExact(list, theSettings.skinName);
-    if (chosen == LB_ERR) chosen = ListBox_FindStringExact(list, "Original");
+    int chosen = FindSkin(list, theSettings.skinName);
+    if (chosen == LB_ERR) chosen = FindSkin(list, "Original");
     ListBox_SetCurSel(list, chosen);
 }
 

@@ -99,8 +99,10 @@ bool StartUp() {
     // Whoever ends the program in the first dialog does not see its window come up.
     const bool ending =
         theSettings.showAdvancedAtStart && DialogBox(kAdvancedDlg, mainWindow, AdvancedDlg) < 0;
-    if (!ending) ShowWindow(mainWindow);
-    theMusic.Play();
+    if (!ending) {
+        ShowWindow(mainWindow);
+        theMusic.Play();
+    }
     lastFrameTick = GetTickCount();
     return true;
 }

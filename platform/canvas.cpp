@@ -74,7 +74,7 @@ void Canvas::DrawBevel(const RECT& area, const Bevel& bevel) {
 void Canvas::DottedFrame(const RECT& area, Colour colour) {
     for (int y = area.top; y < area.bottom; ++y) {
         const bool wholeRow = y == area.top || y == area.bottom - 1;
-        for (int x = area.left; x < area.right; x += wholeRow ? 1 : area.Width() - 1)
+        for (int x = area.left; x < area.right; x += wholeRow ? 1 : std::max(1, area.Width() - 1))
             if ((x + y) % 2 == 0) Fill({x, y, x + 1, y + 1}, colour);
     }
 }

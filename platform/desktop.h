@@ -71,6 +71,9 @@ void Enqueue(std::uint32_t message, WPARAM wParam, LPARAM lParam, std::uint8_t m
 /// window as they were when it came.
 void TakeHostEvents();
 
+/// The next message ends the program: no box or dialog handles it or stays for anything else.
+bool EndWaits();
+
 /// Milliseconds until the next timer is due; nothing when no timer runs.
 std::optional<std::uint32_t> TimeToNextTimer();
 

@@ -15,7 +15,7 @@ namespace korvane {
 enum class ControlKind : std::uint8_t {
     Text,  ///< \n begins a new line
     GroupBox,
-    Icon,  ///< of the window's class, in its smallest size of at least 32 pixels
+    Icon,  ///< of the window's class, 32 pixels wide and high
     PushButton,
     CheckBox,
     RadioButton,

@@ -39,11 +39,9 @@ Dialog::Dialog(Window& window, const DLGTEMPLATE& source, DLGPROC procedure)
 }
 
 int Dialog::RunToEnd() {
-    const Desktop& desktop = TheDesktop();
-    const Window* const window = desktop.window.get();
     if (procedure_(this, WM_INITDIALOG, 0, 0)) SetFocus(NextStop(nullptr, 1), FocusBy::Keyboard);
-    if (IsOpen() && desktop.window.get() == window) Run();
-    return result_;
+    if (IsOpen()) Run();
+    return EndWaits() ? -1 : result_;
 }
 
 void Dialog::End(int result) {

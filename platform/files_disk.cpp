@@ -150,11 +150,15 @@ class DiskFiles final : public Files {
         if (!place) return std::nullopt;
         const std::optional<std::vector<std::string>> names = NamesIn(place->folder, place->name);
         if (!names) return std::nullopt;
+        const Descriptor inside(openat(place->folder.Number(), place->name.c_str(),
+                                       O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        if (!inside) return std::nullopt;
         std::vector<FolderEntry> entries;
         for (const std::string& name : *names) {
-            path->push_back(name);
-            entries.push_back({name, IsFolder(*path)});
-            path->pop_back();
+            struct stat status {};
+            if (fstatat(inside.Number(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) continue;
+            entries.push_back({name, S_ISLNK(status.st_mode) ? LeadsToFolder(*path, name)
+                                                             : S_ISDIR(status.st_mode)});
         }
         return entries;
     }
@@ -170,8 +174,9 @@ class DiskFiles final : public Files {
         return names ? Walk(*names) : std::nullopt;
     }
 
-    /// Links are followed: one that leads to a folder beneath the root can be used as one.
-    bool IsFolder(const std::vector<std::string>& names) const {
+    /// True for a link to a folder beneath the root: it can be used as one.
+    bool LeadsToFolder(std::vector<std::string> names, const std::string& link) const {
+        names.push_back(link);
         const std::optional<Place> place = Walk(names);
         const std::optional<struct stat> status = place ? StatusOf(*place) : std::nullopt;
         return status && S_ISDIR(status->st_mode);

@@ -16,11 +16,14 @@ char Lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// The order of names whatever the case of their letters.
+/// The order of names whatever the case of their letters; that decides only between equals.
 bool ComesBefore(std::string_view a, std::string_view b) {
-    return std::ranges::lexicographical_compare(a, b, [](char x, char y) {
-        return static_cast<unsigned char>(Lower(x)) < static_cast<unsigned char>(Lower(y));
-    });
+    const auto order = [](char x, char y) {
+        return static_cast<unsigned char>(Lower(x)) <=> static_cast<unsigned char>(Lower(y));
+    };
+    const auto found =
+        std::lexicographical_compare_three_way(a.begin(), a.end(), b.begin(), b.end(), order);
+    return found != 0 ? found < 0 : a < b;
 }
 
 bool IsSame(std::string_view a, std::string_view b) {

@@ -43,6 +43,14 @@ void Enqueue(std::uint32_t message, WPARAM wParam, LPARAM lParam, std::uint8_t m
     desktop.queue.push_back({{desktop.window.get(), message, wParam, lParam}, modifiers});
 }
 
+bool EndWaits() {
+    // What the host holds is not taken here: it can be meant for whatever opens next.
+    MSG waiting;
+    if (!FindMessage(waiting, PM_NOREMOVE)) return false;
+    return waiting.message == WM_QUIT || waiting.message == WM_CLOSE ||
+           (waiting.message == WM_SYSCOMMAND && waiting.wParam == SC_CLOSE);
+}
+
 std::optional<std::uint32_t> TimeToNextTimer() {
     std::optional<std::uint32_t> least;
     const std::uint32_t now = GetTickCount();

@@ -24,12 +24,6 @@ void ReleaseHeldKeys() {
     held.reset();
 }
 
-/// True for what ends the program, and so must not be handled meanwhile.
-bool EndsProgram(const MSG& message) {
-    return message.message == WM_QUIT || message.message == WM_CLOSE ||
-           (message.message == WM_SYSCOMMAND && message.wParam == SC_CLOSE);
-}
-
 std::optional<std::uint32_t> Sooner(std::optional<std::uint32_t> a,
                                     std::optional<std::uint32_t> b) {
     return a && b ? std::min(a, b) : a ? a : b;
@@ -43,6 +37,7 @@ ModalWindow::ModalWindow(Window& window, Overlay overlay)
 // From opening to closing. -----------------------------------------------------------------------
 
 void ModalWindow::Run() {
+    if (EndWaits()) return;
     Desktop& desktop = TheDesktop();
     outer_ = std::exchange(desktop.modal, this);
     if (outer_) outer_->OnInputLost();
@@ -52,7 +47,6 @@ void ModalWindow::Run() {
     RunLoop();
     desktop.modal = outer_;
     TheHost().AcceptText(false);
-    if (desktop.window.get() != &window_) return;  // destroyed meanwhile
     Leave();
     if (outer_) return outer_->UpdateTextInput();
     if (window_.active) SendMessage(&window_, WM_ACTIVATE, WA_ACTIVE, 0);
@@ -78,7 +72,7 @@ void ModalWindow::RunLoop() {
         Tick();
         MSG message;
         const bool waits = PeekMessage(message, PM_NOREMOVE);
-        if (!open_ || (waits && EndsProgram(message))) return;
+        if (!open_ || EndWaits()) return;
         if (!waits) {
             TheHost().WaitForEvent(Sooner(TimeToNextTimer(), TimeToTick()));
         } else if (PeekMessage(message, PM_REMOVE)) {
@@ -99,11 +93,6 @@ void ModalWindow::Leave() {
     ResetMenuBar();
     RefreshMenu();
     if (window_.shown) TheShownPicture().Update();
-}
-
-void ModalWindow::CloseAll() {
-    Close();
-    if (outer_) outer_->CloseAll();
 }
 
 void ModalWindow::UpdateTextInput() {

@@ -20,13 +20,11 @@ class ModalWindow {
     ModalWindow(const ModalWindow&) = delete;
     ModalWindow& operator=(const ModalWindow&) = delete;
 
-    /// Returns when it was closed, or somebody ends the program: that message waits then. The
-    /// window is deactivated meanwhile.
+    /// Returns when it was closed, or somebody ends the program: that message waits then, and
+    /// nothing opens any more. The window is deactivated meanwhile.
     void Run();
     /// Ends Run.
     void Close() { open_ = false; }
-    /// Ends Run of this one and of those below it.
-    void CloseAll();
     bool IsOpen() const { return open_; }
 
     /// It is, perhaps with others over it, all that the window shows.

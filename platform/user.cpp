@@ -96,10 +96,14 @@ HWND CreateWindowEx(std::uint32_t exStyle, const std::string& className, const s
 bool DestroyWindow(HWND window) {
     Desktop& desktop = TheDesktop();
     if (!window || window != desktop.window.get()) return false;
+    if (desktop.modal) {
+        // Whoever opened it still uses what goes with the window: it ends first.
+        PostMessage(window, WM_CLOSE, 0, 0);
+        return true;
+    }
     SendMessage(window, WM_DESTROY, 0, 0);
     desktop.queue.clear();
     desktop.timers.clear();
-    if (desktop.modal) desktop.modal->CloseAll();
     desktop.window.reset();
     desktop.heldAsPlainKey.reset();
     ResetMenuBar();

@@ -26,18 +26,18 @@ inline constexpr std::array kAdvancedDlgItems = {
     DLGITEMTEMPLATE{kItemMagnitude16, ControlKind::RadioButton, "x 16", {99, 128, 32, 10}},
 
     DLGITEMTEMPLATE{
-        kItemLeftPreview, ControlKind::CheckBox, "Left preview", {140, 87, 82, 10}, kFirstOfGroup},
-    DLGITEMTEMPLATE{kItemRightPreview, ControlKind::CheckBox, "Right preview", {140, 101, 82, 10}},
+        kItemLeftPreview, ControlKind::CheckBox, "Left preview", {140, 84, 82, 10}, kFirstOfGroup},
+    DLGITEMTEMPLATE{kItemRightPreview, ControlKind::CheckBox, "Right preview", {140, 100, 82, 10}},
     DLGITEMTEMPLATE{
-        kItemLeftStatistics, ControlKind::CheckBox, "Left statistics", {140, 115, 82, 10}},
+        kItemLeftStatistics, ControlKind::CheckBox, "Left statistics", {140, 116, 82, 10}},
     DLGITEMTEMPLATE{
-        kItemRightStatistics, ControlKind::CheckBox, "Right statistics", {140, 129, 82, 10}},
+        kItemRightStatistics, ControlKind::CheckBox, "Right statistics", {140, 132, 82, 10}},
     DLGITEMTEMPLATE{
-        kItemIndividualQuakes, ControlKind::CheckBox, "Individual quakes", {224, 87, 90, 10}},
+        kItemIndividualQuakes, ControlKind::CheckBox, "Individual quakes", {224, 84, 90, 10}},
     DLGITEMTEMPLATE{
-        kItemCountUpScore, ControlKind::CheckBox, "Counting up score", {224, 101, 90, 10}},
+        kItemCountUpScore, ControlKind::CheckBox, "Counting up score", {224, 100, 90, 10}},
     DLGITEMTEMPLATE{
-        kItemScrollingPieces, ControlKind::CheckBox, "Scrolling pieces", {224, 115, 90, 10}},
+        kItemScrollingPieces, ControlKind::CheckBox, "Scrolling pieces", {224, 116, 90, 10}},
 
     DLGITEMTEMPLATE{IDOK, ControlKind::PushButton, "OK", {247, 8, 64, 15}, kDefaultButton},
     DLGITEMTEMPLATE{IDCANCEL, ControlKind::PushButton, "Cancel", {247, 28, 64, 15}},

@@ -7,13 +7,15 @@ from . import readable, sight
 from .current import craft
 from .tiles import KINDS, SIZE
 
-# Where the lettering of the game lies on pictures that are drawn apart from it: on the ground
-# without its sides, on the values of a half of the game screen, and below the chart of the figures.
+# Where the lettering of the game lies on pictures that are drawn apart from it, as far as its cells
+# are ever filled: on the ground of the menu and of the high scores, on the values of a half of the
+# game screen, and on the display of the number of figures.
+LABELS = (133, 181, 229, 277, 336)
 TEXT_ROOM = (
-    ("Background.bmp", [(8, 100, 512, 435)]),
-    ("Game/Background.bmp", [(236, top, 312, bottom) for top, bottom in (
-        (133, 166), (181, 214), (229, 262), (277, 310), (336, 368))]),
-    ("Game/statisticsframe.bmp", [(8, 47, 72, 58)]))
+    ("Background.bmp", [(9, 104, 514, 430)]),
+    ("Game/Background.bmp", [box for top in LABELS for box in (
+        (234, top, 312, top + 15), (237, top + 19, 308, top + 34))]),
+    ("Game/statisticsframe.bmp", [(4, 44, 74, 59)]))
 # How far two tiles have to be apart: their pictures, as the mean distance of the pixels that lie on
 # each other, and their colours, as the distance of their means. Without any colour it is the mark
 # that tells tiles apart, so there the pictures alone count.

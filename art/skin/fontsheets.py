@@ -12,7 +12,7 @@ WIDEST = ADVANCE - 2
 # Alone in its cell, the I needs serifs to hold its place.
 CAPITALS = [*"ABCDEFGH", "I-wide", *"JKLMNOPQRSTUVWXYZ"]
 # Letters of so many strokes that a thick pen would close their gaps, and the pen that they get.
-CROWDED = {"W": 2, "@": 1.3}
+CROWDED = {"W": 2, "@": 1}
 NUMBERS = "0123456789:;<=>?@"
 
 

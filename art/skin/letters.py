@@ -166,10 +166,10 @@ def draw_glyph(cr, glyph, x, y, size, pen):
 
 
 def graded(cr, top, bottom, names):
-    """Makes a gradient downwards between two colours of the palette the source."""
+    """Makes a gradient downwards through colours of the palette, evenly apart, the source."""
     gradient = cairo.LinearGradient(0, top, 0, bottom)
     for place, name in enumerate(names):
-        gradient.add_color_stop_rgb(place, *colours.colour(name))
+        gradient.add_color_stop_rgb(place / (len(names) - 1), *colours.colour(name))
     cr.set_source(gradient)
 
 

@@ -4,9 +4,14 @@ The two are drawn apart. Art is drawn smoothly, over a dark ground of its own; t
 the end, pixel by pixel, between art and the colour key. So an edge never mixes the two.
 """
 
+import math
+
 import cairo
 
 from . import colours
+
+# In how many directions a sheet spreads.
+SPREAD_STEPS = 32
 
 
 def sheet(width, height):
@@ -41,6 +46,17 @@ def grown(surface, steps, least=64):
             reach += [(1, 1), (1, -1), (-1, 1), (-1, -1)]
         for dx, dy in reach:
             cr.mask_surface(source, dx, dy)
+    return result
+
+
+def spread(surface, reach):
+    """A smooth copy of a sheet, grown by some pixels to all sides with the corners rounded."""
+    result = sheet(surface.get_width(), surface.get_height())
+    cr = cairo.Context(result)
+    cr.mask_surface(surface)
+    for step in range(SPREAD_STEPS):
+        angle = 2 * math.pi * step / SPREAD_STEPS
+        cr.mask_surface(surface, reach * math.cos(angle), reach * math.sin(angle))
     return result
 
 

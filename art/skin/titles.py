@@ -6,6 +6,8 @@ from .picture import Picture
 
 CURSOR_LEFT, CURSOR_WIDTH, CURSOR_HEIGHT = 1, 12, 3
 CURSOR_TICK = 3
+# What a heading leaves free, so that it does not run into the one beside it.
+HEADING_GAP = 10
 
 
 def logo(width, height):
@@ -27,7 +29,7 @@ def heading(text):
     """A painter of the heading of a column of buttons."""
     def paint(width, height):
         picture = Picture(width, height, "halo")
-        cut = letters.squeezed(text, craft().heading_cut, width - 2)
+        cut = letters.squeezed(text, craft().heading_cut, width - HEADING_GAP)
         ink = letters.Ink(picture)
         letters.draw(ink.cr, text, (width - letters.width(text, cut)) // 2, 1, cut)
         ink.outline(1, "halo")

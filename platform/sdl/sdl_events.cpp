@@ -6,6 +6,7 @@
 #include <thread>
 #include <utility>
 
+#include "platform/sdl/heap.h"
 #include "platform/sdl/sdl_host.h"
 #include "platform/utf8.h"
 
@@ -61,7 +62,14 @@ void SdlHost::PumpEvents() {
     SDL_Event event;
     while (SDL_PollEvent(&event) != 0)
         Translate(event);
-    if (sendAgain_) SendAgain();
+    if (startIsOver_ && SDL_GetTicks64() >= *startIsOver_) {
+        startIsOver_.reset();
+        TrimHeap();
+    }
+    if (std::exchange(exposed_, false) && window_) {
+        surface_.SendAll();
+        surface_.Send(window_.get());
+    }
 }
 
 void SdlHost::Translate(const SDL_Event& event) {
@@ -101,10 +109,9 @@ void SdlHost::Translate(const SDL_Event& event) {
 void SdlHost::OnWindowEvent(const SDL_WindowEvent& event) {
     switch (event.event) {
         case SDL_WINDOWEVENT_EXPOSED:
-            sendAgain_ = true;
+            exposed_ = true;
             return;
         case SDL_WINDOWEVENT_SIZE_CHANGED:
-            sendAgain_ = true;
             return Push(HostEventType::Resized);
         case SDL_WINDOWEVENT_MOVED:
             return Push(HostEventType::Moved);
@@ -142,12 +149,12 @@ void SdlHost::OnText(std::string_view utf8) {
 }
 
 void SdlHost::PushMouse(HostEventType type, int x, int y, int amount) {
-    // In a window the picture is kept in screen pixels already, while points count layer pixels.
-    const Placement placement = fullScreen_ ? CurrentPlacement() : Placement{scale_, {0, 0}};
+    const RECT place = fullScreen_ ? FullScreenPlace() : RECT{};
+    const int scale = fullScreen_ ? place.Width() / fullScreenPicture_.cx : scale_;
     pending_.push_back({.type = type,
                         .modifiers = ModifiersOf(static_cast<unsigned>(SDL_GetModState())),
-                        .x = FloorDivide(x - placement.origin.x, placement.scale),
-                        .y = FloorDivide(y - placement.origin.y, placement.scale),
+                        .x = FloorDivide(x - place.left, scale),
+                        .y = FloorDivide(y - place.top, scale),
                         .amount = amount});
 }
 

@@ -23,6 +23,9 @@ using Clock = std::chrono::steady_clock;
 /// The pixel density that one layer pixel per screen pixel is made for.
 constexpr float kOrdinaryDpi = 96;
 
+/// By then a window that came up has shown its first pictures.
+constexpr std::uint64_t kStartMs = 1000;
+
 void SetHints() {
     // The window's surface would go through OpenGL otherwise, ten times as dear without a GPU.
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
@@ -149,12 +152,13 @@ bool SdlHost::OpenWindow(const std::string& title, SIZE clientSize) {
 void SdlHost::CloseWindow() {
     window_.reset();
     fullScreen_ = shown_ = false;
-    picture_ = WindowPicture();
+    surface_ = WindowSurface();
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
 
 void SdlHost::ShowWindow(bool visible) {
     shown_ = visible;
+    startIsOver_ = SDL_GetTicks64() + kStartMs;
     if (visible) {
         SDL_ShowWindow(window_.get());
         SDL_RaiseWindow(window_.get());
@@ -284,8 +288,7 @@ bool SdlHost::EnterFullScreen(SIZE pictureSize) {
     fullScreenPicture_ = pictureSize;
     fullScreenMode_ = DesktopMode();
     SDL_DisableScreenSaver();
-    picture_.Resize(ShownSize());
-    picture_.Forget();
+    surface_.Forget();
     return true;
 }
 
@@ -302,27 +305,19 @@ void SdlHost::LeaveFullScreen() {
         windowed_.y = now.y;
     }
     PlaceWindow(windowed_);
-    picture_.Resize(ShownSize());
-    picture_.Forget();
+    surface_.Forget();
 }
 
-/// The client area's whole layer pixels, in screen pixels, so that pictures drawn at the scale lose
-/// nothing; in full screen the picture's own size.
-SIZE SdlHost::ShownSize() const {
-    if (fullScreen_) return fullScreenPicture_;
-    const SDL_Rect area = WindowArea();
-    return {area.w / scale_ * scale_, area.h / scale_ * scale_};
-}
-
-Placement SdlHost::CurrentPlacement() const {
-    if (!fullScreen_) return {1, {0, 0}};
+/// Where full screen shows its picture: in the middle, as large as whole pixels allow. A screen
+/// smaller than the picture shows its top left corner.
+RECT SdlHost::FullScreenPlace() const {
     const SDL_Rect screen = WindowArea();
     const SIZE picture = fullScreenPicture_;
-    // A screen smaller than the picture shows its top left corner.
     const int scale = std::max(1, std::min(screen.w / picture.cx, screen.h / picture.cy));
-    return {scale,
-            {std::max(0, (screen.w - picture.cx * scale) / 2),
-             std::max(0, (screen.h - picture.cy * scale) / 2)}};
+    const SIZE shown{picture.cx * scale, picture.cy * scale};
+    const POINT corner{std::max(0, (screen.w - shown.cx) / 2),
+                       std::max(0, (screen.h - shown.cy) / 2)};
+    return {corner.x, corner.y, corner.x + shown.cx, corner.y + shown.cy};
 }
 
 std::vector<DisplayMode> SdlHost::DisplayModes() {
@@ -347,27 +342,19 @@ SDL_DisplayMode SdlHost::DesktopMode() const {
 
 HRESULT SdlHost::Present(const PictureView& picture, const RECT& target,
                          std::span<const RECT> changed) {
+    using enum WindowSurface::State;
     if (!window_) return E_FAIL;
-    const RECT whole{0, 0, picture.width, picture.height};
-    const bool isBlank = picture_.Resize(ShownSize());
     const RECT inWindow{target.left * scale_, target.top * scale_, target.right * scale_,
                         target.bottom * scale_};
-    picture_.Draw(picture, fullScreen_ ? whole : inWindow, changed);
+    const WindowSurface::State state =
+        surface_.Draw(window_.get(), picture, fullScreen_ ? FullScreenPlace() : inWindow, changed);
+    if (state == Missing) return DDERR_SURFACELOST;
     // A hidden window asks for its content when it comes up; sending it before is lost time.
-    if (!shown_) return S_OK;
-    if (!picture_.Show(window_.get(), CurrentPlacement())) return DDERR_SURFACELOST;
-    // The window changed size since the last present: a part is not enough then.
+    if (shown_ && !surface_.Send(window_.get())) return DDERR_SURFACELOST;
+    // On a new surface a part is not enough.
+    const RECT whole{0, 0, picture.width, picture.height};
     const bool isWhole = std::ranges::find(changed, whole) != changed.end();
-    return isBlank && !isWhole ? DDERR_SURFACELOST : S_OK;
-}
-
-/// Answers the system's wish to see the window's content again.
-void SdlHost::SendAgain() {
-    sendAgain_ = false;
-    if (!window_) return;
-    picture_.Resize(ShownSize());
-    picture_.Forget();
-    picture_.Show(window_.get(), CurrentPlacement());
+    return state == New && !isWhole ? DDERR_SURFACELOST : S_OK;
 }
 
 HRESULT SdlHost::DisplayState() {

@@ -17,7 +17,7 @@
 #include "platform/sdl/sdl_keys.h"
 #include "platform/sdl/sdl_sound.h"
 #include "platform/sdl/signal_watch.h"
-#include "platform/sdl/window_picture.h"
+#include "platform/sdl/window_surface.h"
 
 namespace korvane {
 
@@ -84,9 +84,7 @@ class SdlHost final : public Host {
     void MoveWindow(const SDL_Rect& area);
     void PlaceWindow(const SDL_Rect& area);
     bool HasFrame() const;
-    SIZE ShownSize() const;
-    Placement CurrentPlacement() const;
-    void SendAgain();
+    RECT FullScreenPlace() const;
 
     // Events, in sdl_events.cpp.
     void PumpEvents();
@@ -101,9 +99,10 @@ class SdlHost final : public Host {
     std::unique_ptr<Files> files_;
     std::unique_ptr<SDL_Window, WindowDeleter> window_;
     int scale_ = 1;
-    WindowPicture picture_;
-    bool shown_ = false;  ///< the window is on the screen
-    bool sendAgain_ = false;
+    WindowSurface surface_;
+    bool shown_ = false;                        ///< the window is on the screen
+    std::optional<std::uint64_t> startIsOver_;  ///< SDL's milliseconds
+    bool exposed_ = false;                      ///< the screen has forgotten it
 
     bool fullScreen_ = false;
     SIZE fullScreenPicture_;

@@ -114,21 +114,47 @@ TEST_F(DialogsTest, WhoeverEndsTheProgramInADialogEndsItProperly) {
     }
 }
 
+TEST_F(DialogsTest, AnEndInABoxOfTheFirstDialogLeavesTheWindowUnseen) {
+    theSettings.showAdvancedAtStart = true;
+    Headless().SetDisplayModes({});
+    const DialogScript script({Ok, [] { Headless().Push({.type = HostEventType::Terminate}); }});
+    ASSERT_TRUE(StartUp());
+    EXPECT_TRUE(script.WentAsWritten());
+    EXPECT_FALSE(Headless().IsVisible());
+}
+
+TEST_F(DialogsTest, AClickOnQuitJustBeforeWaitsForTheBoxesToEnd) {
+    for (const bool modes : {true, false}) {
+        SetUp();
+        Start();
+        audioReady = true;
+        if (!modes) Headless().SetDisplayModes({});
+        std::filesystem::remove_all(folder.Path() + "/Skins/Original/Audio");
+        pendingClick = kMenuQuit;
+        SetTimer(mainWindow, 3, 200);
+        PressKeys({VK_RETURN});  // OK; a box follows, and nobody answers
+        Command(kCmdAdvancedSettings);
+        Run(1000);
+        EXPECT_FALSE(IsRunning());
+    }
+}
+
 TEST_F(DialogsTest, OffersTheFoldersThatCanBeKept) {
     const std::string longest(254, 'x');
     for (const std::string& name :
          {std::string("beta"), std::string("Alpha"), std::string(".hidden"), longest,
-          std::string(255, 'y'), std::string("n\xFC\x80zz")})
+          std::string(255, 'y'), std::string("n\xFC\x80zz"), std::string("beta\\original"),
+          std::string("ORIGINAL")})
         MakeSkin(name);
     folder.Write("Skins/file", {});
     theSettings.skinName = "vanished";
     Start();
     Use(kCmdAdvancedSettings,
         {[&] {
-             EXPECT_EQ(
-                 Entries(kItemSkins),
-                 (std::vector<std::string>{"Alpha", "beta", "n\xFC\x80zz", "Original", longest}));
-             EXPECT_EQ(Selected(kItemSkins), "Original");
+             EXPECT_EQ(Entries(kItemSkins),
+                       (std::vector<std::string>{"Alpha", "beta", "n\xFC\x80zz", "ORIGINAL",
+                                                 "Original", longest}));
+             EXPECT_EQ(Selected(kItemSkins), "Original") << "not the other one";
              EXPECT_EQ(
                  Entries(kItemDisplayModes),
                  (std::vector<std::string>{"640 x 480 x 32 - 60 Hz", "640 x 480 x 16 - 60 Hz"}));

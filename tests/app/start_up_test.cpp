@@ -10,6 +10,7 @@
 #include "app/settings.h"
 #include "game/game_frame.h"
 #include "platform/headless/headless_host.h"
+#include "screens/menu_action.h"
 #include "tests/support/bmp_writer.h"
 #include "tests/support/shown_box.h"
 #include "tests/support/temporary_folder.h"
@@ -230,19 +231,46 @@ TEST_F(StartUpTest, FullScreenComesAndGoesWithTheSamePicture) {
     WriteTestSkin(folder, "Original");
     ASSERT_TRUE(StartUp());
     Tap(VK_F3);
-    for (const std::uint32_t depth : {8u, 16u, 32u}) {
-        theSettings.fullscreenBpp = depth;
+    Passes(6);
+    const RECT place = Headless().ClientArea();
+    for (std::uint32_t round = 0; round < 100; ++round) {
+        SCOPED_TRACE(round);
+        theSettings.fullscreenBpp = 8u << round % 3;
         Headless().PushKey(VK_RETURN, true, kModAlt);
         Passes(6);
-        EXPECT_TRUE(Headless().IsFullScreen());
-        EXPECT_FALSE(theSettings.windowed);
-        EXPECT_NE(Headless().PixelAt(336, 200), 0u) << depth;
+        ASSERT_TRUE(Headless().IsFullScreen());
+        ASSERT_FALSE(theSettings.windowed);
+        ASSERT_NE(Headless().PixelAt(336, 200), 0u);
         Headless().PushKey(VK_RETURN, true, kModAlt);
         Passes(6);
-        EXPECT_FALSE(Headless().IsFullScreen());
-        EXPECT_EQ(Headless().PixelAt(336, 200 + GetSystemMetrics(SM_CYMENU)), 0x5B6B8Cu);
+        ASSERT_FALSE(Headless().IsFullScreen());
+        ASSERT_TRUE(Headless().ClientArea() == place);
+        ASSERT_EQ(Headless().PixelAt(336, 200 + GetSystemMetrics(SM_CYMENU)), 0x5B6B8Cu);
     }
     End();
+}
+
+TEST_F(StartUpTest, FullScreenThatCannotBeHadEndsTheProgram) {
+    for (const bool quits : {false, true}) {
+        SetUp();
+        ASSERT_TRUE(StartUp());
+        Passes(6);
+        Headless().RefuseFullScreen(true);
+        const std::vector<std::string> told = {"This display card does not support 640x480x8. ",
+                                               "InitDirectDraw() failed. Korvane will now exit. "};
+        const BoxAnswerer boxes(told);
+        if (quits) {
+            // While the first box is open the click on Quit gets its turn.
+            pendingClick = kMenuQuit;
+            SetTimer(mainWindow, 3, 0);
+        }
+        Headless().PushKey(VK_RETURN, true, kModAlt);
+        EXPECT_EQ(Passes(20), 0);
+        if (!quits) {
+            EXPECT_EQ(boxes.Read(), told);
+        }
+        EXPECT_FALSE(Headless().IsOpen());
+    }
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "tests/skin_tool/skin_tool_fixture.h"
 #include "tests/support/wav_writer.h"
 #include "tools/korvane-skin/colour.h"
+#include "tools/korvane-skin/text_places.h"
 
 namespace korvane {
 namespace {
@@ -30,6 +31,23 @@ class SkinChecks : public SkinToolFixture {
         std::ostringstream all;
         report.Print(all);
         return testing::AssertionFailure() << all.str() << "instead of: " << file << ": " << text;
+    }
+
+    /// Which kinds of characters are hard to read somewhere, and what else is found.
+    static std::string HardToRead() {
+        const Report report = CheckSkin();
+        std::string kinds;
+        for (const Finding& finding : report.Findings()) {
+            const auto isOf = [&](const char* count) {
+                return finding.text.find(Text("of ", count, " characters are hard to read")) !=
+                       std::string::npos;
+            };
+            kinds += isOf("26")   ? "letters "
+                     : isOf("10") ? "digits "
+                     : isOf("7")  ? "signs "
+                                  : finding.text;
+        }
+        return kinds;
     }
 };
 
@@ -155,6 +173,42 @@ TEST_F(SkinChecks, ColoursOfWholePictures) {
         recipe.pixel = [colour = colour](int, int) { return colour; };
         WritePicture(RowOf(file), recipe);
         EXPECT_TRUE(Finds(Severity::Warning, inFile, text, count));
+    }
+}
+
+TEST_F(SkinChecks, GroundsWhereTextStands) {
+    struct Case {
+        const char* file;
+        RECT area;           ///< of the ground, where it is too light for white
+        bool isSeenThrough;  ///< the chart's frame is transparent
+        std::string found;
+    };
+    // A good character fills the rows 3 to 12 of its cell.
+    const Case kCases[] = {
+        {"Background.bmp", {436, 104, 516, 120}, false, "letters "},            // the heading SCORE
+        {"Background.bmp", {9, 390, 25, 406}, false, "letters digits signs "},  // the last name
+        {"Background.bmp", {0, 0, 9, 480}, false, ""},
+        {"Background.bmp", {0, 0, 520, 104}, false, ""},
+        {"Game\\Background.bmp", {234, 277, 298, 293}, false, "letters "},  // WINS
+        {"Game\\Background.bmp", {294, 355, 310, 371}, false, "digits "},   // of a score, the fifth
+        {"Game\\Background.bmp", {230, 0, 234, 372}, false, ""},
+        {"Game\\Background.bmp", {234, 349, 314, 358}, false, ""},  // below SCORE, above its value
+        {"Game\\Background.bmp", {234, 107, 320, 123}, false, ""},
+        {"Game\\Background.bmp", {234, 107, 320, 123}, true, "digits "},  // the number of figures
+    };
+    for (const auto& [file, area, isSeenThrough, found] : kCases) {
+        Restore();
+        BmpRecipe ground = GoodPicture(RowOf(file));
+        ground.width = RowOf(file).file == kMenuGround ? 520 : 320;
+        ground.height = 480;
+        ground.pixel = [good = ground.pixel, area = area](int x, int y) {
+            return Contains(area, {x, y}) ? 0x777777 : good(x, y);
+        };
+        WritePicture(RowOf(file), ground);
+        BmpRecipe frame = GoodPicture(RowOf("Game\\statisticsframe.bmp"));
+        frame.pixel = [](int, int) { return 0xFF00FFu; };
+        if (isSeenThrough) WritePicture(RowOf("Game\\statisticsframe.bmp"), frame);
+        EXPECT_EQ(HardToRead(), found) << file << ' ' << area.left << ", " << area.top;
     }
 }
 

@@ -1,6 +1,8 @@
 #include <stdlib.h>
 #include <sys/wait.h>
 
+#include <algorithm>
+#include <array>
 #include <fstream>
 #include <set>
 #include <sstream>
@@ -13,6 +15,7 @@
 #include "tools/korvane-skin/new_skin.h"
 #include "tools/korvane-skin/screens.h"
 #include "tools/korvane-skin/skin_files.h"
+#include "tools/korvane-skin/text_places.h"
 
 namespace korvane {
 namespace {
@@ -102,7 +105,48 @@ TEST_F(SkinTool, TellsByItsResultHowItWent) {
     EXPECT_GT(folder.Read("sheet.png").size(), 1000u);
 }
 
-TEST(ShippedSkins, HaveNoErrors) {
+TEST_F(SkinTool, TheGameWritesJustInTheTextPlaces) {
+    constexpr std::array kKinds = {kLetters, kDigits, kSigns};
+    constexpr std::uint32_t kInk = 0xF00000;  // and the kind
+    for (const char* file : {"Letters.bmp", "Numbers.bmp"}) {
+        BmpRecipe solid = GoodPicture(RowOf(file));
+        const bool isLetters = file[0] == 'L';
+        solid.pixel = [=](int x, int) {
+            return kInk | (isLetters ? kLetters : x < 10 * 16 ? kDigits : kSigns);
+        };
+        folder.Write(Text("Skins/Mine/", file), MakeBmp(solid));
+    }
+    std::array<bool, kTextPlaces.size()> isUsed{};
+    const auto hasPlace = [&](bool inMenu, unsigned kind, POINT point) {
+        bool has = false;
+        for (std::size_t i = 0; i < kTextPlaces.size(); ++i) {
+            const TextPlace& place = kTextPlaces[i];
+            if ((place.ground == kMenuGround) != inMenu || (place.kinds & kind) == 0) continue;
+            for (int row = 0; row < place.rows; ++row) {
+                if (!Contains(place.Row(row, 0, 16), point)) continue;
+                has = isUsed[i] = true;
+            }
+        }
+        return has;
+    };
+    for (const auto& [caption, pixels] : ScreensOf(folder.Path() + "/Skins/Mine")) {
+        if (caption.starts_with("Boards apart") || caption.starts_with("Letters")) continue;
+        const bool inMenu = caption.starts_with("Menu") || caption.starts_with("Credits") ||
+                            caption.starts_with("Keys") || caption.starts_with("High");
+        std::string strays;
+        for (int i = 0; i < 640 * 480 && strays.empty(); ++i) {
+            const std::uint32_t pixel = pixels[static_cast<std::size_t>(i)];
+            if (std::ranges::find(kKinds, pixel ^ kInk) == kKinds.end()) continue;
+            const int x = inMenu || i % 640 < 320 ? i % 640 : i % 640 - 320;
+            if (!hasPlace(inMenu, pixel ^ kInk, {x, i / 640})) strays = Text(x, ", ", i / 640);
+        }
+        EXPECT_EQ(strays, "") << caption;
+    }
+    for (std::size_t i = 0; i < kTextPlaces.size(); ++i)
+        EXPECT_TRUE(isUsed[i]) << kTextPlaces[i].at.x << ", " << kTextPlaces[i].at.y;
+}
+
+TEST(ShippedSkins, HaveNoFaults) {
     int skins = 0;
     for (const auto& entry : fs::directory_iterator(KORVANE_SOURCE_FOLDER "/Skins")) {
         if (!entry.is_directory()) continue;
@@ -112,8 +156,9 @@ TEST(ShippedSkins, HaveNoErrors) {
         std::ostringstream all;
         report.Print(all);
         EXPECT_EQ(report.Count(Severity::Error), 0u) << entry.path() << '\n' << all.str();
+        EXPECT_EQ(report.Count(Severity::Warning), 0u) << entry.path() << '\n' << all.str();
     }
-    EXPECT_GT(skins, 0);
+    EXPECT_GE(skins, 3);
 }
 
 TEST(SkinGuide, HasTheTableOfAllFiles) {

@@ -7,11 +7,13 @@ namespace korvane {
 /// The least contrast of text on its ground, as a ratio of relative luminances: what the Web
 /// Content Accessibility Guidelines ask of small text.
 inline constexpr double kLeastContrast = 4.5;
+/// That of black and white.
+inline constexpr double kHighestContrast = 21.0;
 /// The share of a character's pixels that has to reach it; outlines and shades make up the rest. A
 /// dot of 2 x 2 pixels with an outline of one pixel has just this share.
 inline constexpr double kInkShare = 0.25;
-/// The darkest and lightest of a ground do not count beyond these shares of its pixels: a star in
-/// the sky makes no text unreadable.
+/// The darkest and lightest of what lies under a text do not count beyond these shares of its
+/// pixels: a star in the sky makes no text unreadable.
 inline constexpr double kGroundShare = 0.05;
 
 /// How far the tiles of two figures have to be apart, pixel by pixel in CIELAB (root of the mean

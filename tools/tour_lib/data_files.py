@@ -5,6 +5,7 @@ from dataclasses import dataclass, field
 
 RIGHT, LEFT = 0, 1
 NAME_BYTES = 14
+FULL_SCREEN_OFFSET = 26  # in data/menu.dat
 DIFFICULTIES = ("Easy", "Medium", "Hard")
 
 
@@ -18,29 +19,41 @@ class Settings:
     quakes: bool = True
     battle: bool = False
     music: bool = True
+    sound_effects: bool = True
     scrolling: bool = True
+    asks_at_start: bool = False
+    drop_delay: int = 0
+    full_screen: tuple = (16, 0)  # bits per pixel and refresh rate
+    skin: str = "Original"
+    sounds: int = 31
+    drop_magnitude: int = 8
 
     def record(self):
-        """What the tour does not set is the default, but there is no dialog at the start, the score
-        does not count up and the drop key takes a figure down at once."""
-        skin = b"Original\0"
+        """What the tour does not set is the default, but the score does not count up."""
+        skin = self.skin.encode() + b"\0"
         return (struct.pack("<Bii", self.players, *self.difficulty)
                 + bytes([*self.clockwise, 0, 0])                   # time based
-                + bytes([self.music, 1, self.quakes, self.battle, 1])   # sounds; windowed
+                + bytes([self.music, self.sound_effects, self.quakes, self.battle, 1])  # windowed
                 + bytes([0, 1, 1, 0])                              # score, previews, quakes
-                + struct.pack("<III", 0, 16, 0)                    # drop delay, full screen
+                + struct.pack("<III", self.drop_delay, *self.full_screen)
                 + bytes([1, 1])                                    # statistics
                 + struct.pack("<H", len(skin)) + skin
-                + bytes([0, self.scrolling, 31])                   # dialog, scrolling, sounds
-                + struct.pack("<i", 8))                            # drop magnitude
+                + bytes([self.asks_at_start, self.scrolling, self.sounds])
+                + struct.pack("<i", self.drop_magnitude))
+
+    def take_full_screen(self, record):
+        """The full-screen mode of a record: which one there is to choose is the display's affair."""
+        self.full_screen = struct.unpack_from("<II", record, FULL_SCREEN_OFFSET)
 
     def pressed_buttons(self):
         """The buttons of the menu that these settings keep pressed."""
-        pressed = {"OnePlayer" if self.players == 1 else "TwoPlayers", "SoundEffects"}
+        pressed = {"OnePlayer" if self.players == 1 else "TwoPlayers"}
         for side, name in ((RIGHT, "Right"), (LEFT, "Left")):
             pressed.add(name + DIFFICULTIES[self.difficulty[side]])
             pressed.add(name + ("Clockwise" if self.clockwise[side] else "CounterClockwise"))
-        pressed |= {name for name in ("Music", "Quakes", "Battle") if getattr(self, name.lower())}
+        pressed |= {name for name, is_on in (("Music", self.music), ("Quakes", self.quakes),
+                                             ("SoundEffects", self.sound_effects),
+                                             ("Battle", self.battle)) if is_on}
         return pressed
 
 

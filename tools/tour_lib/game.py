@@ -1,10 +1,17 @@
 """The running program: its window, what it shows and what can be pressed there."""
 
 from .pictures import Skin
+from .virtual_screen import HEIGHT as SCREEN_HEIGHT
+from .virtual_screen import WIDTH as SCREEN_WIDTH
 from .waiting import PATIENCE, TourFailure, wait_for
 
 WIDTH, HEIGHT = 640, 480
 MENU_BAR = 19  # pixels above the picture
+# Full screen shows the picture in the middle, as large as whole pixels allow.
+FULL_SCREEN_SCALE = min(SCREEN_WIDTH // WIDTH, SCREEN_HEIGHT // HEIGHT)
+FULL_SCREEN_PLACE = ((SCREEN_WIDTH - FULL_SCREEN_SCALE * WIDTH) // 2,
+                     (SCREEN_HEIGHT - FULL_SCREEN_SCALE * HEIGHT) // 2,
+                     FULL_SCREEN_SCALE * WIDTH, FULL_SCREEN_SCALE * HEIGHT)
 PAPER_COLOUR = bytes.fromhex("d4d0c8")
 
 # Place and pictures of the menu's buttons. A button has a second picture when it can be disabled.
@@ -71,10 +78,8 @@ def glyph_of(key):
 class View:
     """What the game shows at one moment."""
 
-    def __init__(self, window, skin):
-        self.window = window
-        self.skin = skin
-        self.picture = window.part(0, MENU_BAR, WIDTH, HEIGHT)
+    def __init__(self, picture, skin):
+        self.picture, self.skin = picture, skin
 
     def shows(self, name, x, y, **frame):
         return self.picture.shows(self.skin.sprite(name, **frame), x, y)
@@ -100,6 +105,10 @@ class View:
     def has_popup(self):
         """Whether a popup of the window menu is open: its paper has a colour of its own."""
         return any(PAPER_COLOUR * 15 in self.picture.run(0, y, WIDTH) for y in range(3, 60))
+
+    def has_dialog(self):
+        """Whether one stands in the middle of the picture."""
+        return any(PAPER_COLOUR * 30 in self.picture.run(0, y, WIDTH) for y in range(200, 260))
 
     def frame_rate(self):
         return self.skin.number(self.picture, 0, 0)
@@ -170,12 +179,17 @@ class View:
 class Game:
     """The running program, its folder and its window."""
 
-    def __init__(self, screen, program, folder, environment):
-        self.screen = screen
-        self.skin = Skin(folder / "Skins" / "Original")
+    def __init__(self, screen, program, folder, environment, skin="Original"):
+        self.screen, self.folder = screen, folder
+        self.wear(skin)
         self.process = screen.start([program], environment, cwd=folder)
         self.window = self.place = None
+        self.fills_screen = False
         self.has_sound = True
+
+    def wear(self, skin):
+        """The program shows this skin from now on."""
+        self.skin = Skin(self.folder / "Skins" / skin)
 
     def see_window(self, title):
         self.window = self.wait_for(f"window titled {title}", lambda: self.screen.xdotool(
@@ -205,7 +219,11 @@ class Game:
                 and self.view().has_button("Start"))
 
     def view(self):
-        return View(self.screen.grab(*self.place), self.skin)
+        if self.fills_screen:
+            picture = self.screen.grab(*FULL_SCREEN_PLACE).shrunk(FULL_SCREEN_SCALE)
+        else:
+            picture = self.screen.grab(*self.place).part(0, MENU_BAR, WIDTH, HEIGHT)
+        return View(picture, self.skin)
 
     def wait_for(self, what, condition, seconds=PATIENCE):
         def check():
@@ -229,7 +247,11 @@ class Game:
 
     def click(self, x, y):
         """Clicks at a point of the picture."""
-        self.screen.click(self.window, x, y + MENU_BAR)
+        if self.fills_screen:
+            left, top, *_ = FULL_SCREEN_PLACE
+            self.screen.click(left + FULL_SCREEN_SCALE * x, top + FULL_SCREEN_SCALE * y)
+        else:
+            self.screen.click(self.place[0] + x, self.place[1] + MENU_BAR + y)
 
     def click_button(self, name):
         x, y, picture, _ = ALL_BUTTONS[name]

@@ -8,7 +8,7 @@ from .waiting import TourFailure, wait_for
 # What begins while something else still sounds is a little less like itself than in silence; what
 # is not there stays well below.
 LIKE = 0.7
-MENU, GAME, HIGH_SCORES = 0, 8, 54  # the orders at which the Original skin's music begins
+MENU, GAME, HIGH_SCORES = (f"{screen} START POSITION:" for screen in ("MENU", "GAME", "HIGH SCORE"))
 MUSIC_SECONDS = 1
 SILENCE = RATE // 2  # frames
 
@@ -19,16 +19,18 @@ class Hearing:
     def __init__(self, folder, recording):
         self.folder, self.recording = folder, Recording(recording)
 
-    def tune(self, order):
-        return music(self.folder / "sniffit.xm", order, MUSIC_SECONDS)
+    def tune(self, screen):
+        lines = (self.folder / "module.txt").read_text().splitlines()
+        entries = dict(zip(lines[0::2], lines[1::2]))
+        return music(self.folder / entries["FILENAME:"], int(entries[screen]), MUSIC_SECONDS)
 
-    def start_of_music(self, order):
+    def start_of_music(self, screen):
         """The music of the program's start."""
-        self.wait_for(f"music of order {order}", self.tune(order), 0)
+        self.wait_for(f"{screen} music", self.tune(screen), 0)
 
-    def music(self, order):
-        """The music is to begin at an order meanwhile, or soon afterwards."""
-        return self.sound(f"music of order {order}", self.tune(order))
+    def music(self, screen):
+        """The music of a screen is to begin meanwhile, or soon afterwards."""
+        return self.sound(f"{screen} music", self.tune(screen))
 
     def effect(self, name):
         """An effect is to be heard meanwhile, or soon afterwards."""

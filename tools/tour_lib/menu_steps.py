@@ -14,6 +14,7 @@ TITLE_MAIN = (20, -10)  # in the window's menu bar, above the picture
 def open_menu(picture):
     def step(tour):
         tour.start_program()
+        tour.game.see_start()
         see_menu(tour)
         tour.keep_picture(picture)
         tour.hearing.start_of_music(MENU)
@@ -22,6 +23,7 @@ def open_menu(picture):
 
 def open_menu_without_sound(tour):
     tour.start_program_without_sound()
+    tour.game.see_start()
     see_menu(tour)
     tour.keep_picture("menu-without-sound")
 

@@ -22,6 +22,18 @@ class Picture:
         rows = (self.run(left, y, width) for y in range(top, top + height))
         return Picture(width, height, b"".join(rows))
 
+    def shrunk(self, scale):
+        """Every so manyth pixel of every so manyth row."""
+        size = 3 * self.width
+        pixels = bytearray()
+        for y in range(0, self.height, scale):
+            row = self.pixels[y * size : (y + 1) * size]
+            small = bytearray(size // scale)
+            for channel in range(3):
+                small[channel::3] = row[channel :: 3 * scale]
+            pixels += small
+        return Picture(self.width // scale, self.height // scale, bytes(pixels))
+
     def __eq__(self, other):
         return self.pixels == other.pixels
 

@@ -26,22 +26,30 @@ class Tour:
     def start_program(self):
         recording = self.folder / "heard.raw"
         self.game = Game(self.screen, self.program, self.folder,
-                         {"SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": str(recording)})
-        self.game.see_start()
-        self.hearing = Hearing(self.folder / "Skins" / "Original" / "Audio", recording)
+                         {"SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": str(recording)},
+                         self.settings.skin)
+        self.hearing = Hearing(self.game.skin.folder / "Audio", recording)
 
     def start_program_without_sound(self):
-        self.game = Game(self.screen, self.program, self.folder, {"SDL_AUDIODRIVER": "missing"})
+        self.game = Game(self.screen, self.program, self.folder, {"SDL_AUDIODRIVER": "missing"},
+                         self.settings.skin)
         self.save("no-sound", self.game.see_box("Error"))
         self.game.press("Return")
         self.game.has_sound = False
-        self.game.see_start()
+
+    def wear(self, skin):
+        """The program shows and plays this skin from now on."""
+        self.settings.skin = skin
+        self.game.wear(skin)
+        self.hearing.folder = self.game.skin.folder / "Audio"
 
     def data(self, name):
         return self.folder / "data" / name
 
     def keep_picture(self, name):
-        self.save(name, self.screen.grab(*self.game.place))
+        game = self.game
+        self.save(name, self.screen.grab_all() if game.fills_screen
+                  else self.screen.grab(*game.place))
 
     def save(self, name, picture):
         self.shots += 1

@@ -126,5 +126,5 @@ class VirtualScreen:
         finally:
             self.xdotool("keyup", key)
 
-    def click(self, window, x, y):
-        self.xdotool("mousemove", "--window", window, x, y, "click", 1)
+    def click(self, x, y):
+        self.xdotool("mousemove", x, y, "click", 1)

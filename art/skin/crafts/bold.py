@@ -2,6 +2,7 @@
 
 from .. import boards, current, letters, plates, shapes, sources
 from ..colours import colour
+from ..picture import grown, spread
 from ..tiles import SIZE
 from .craft import Craft, Lettering
 
@@ -70,8 +71,8 @@ class Bold(Craft):
 
     def ground(self, picture):
         """Black between two white lines."""
-        for x in (0, picture.width - 3):
-            plates.bar(picture.cr, "frame", x, 0, 3, picture.height)
+        for x in (0, picture.width - 2):
+            plates.bar(picture.cr, "frame", x, 0, 2, picture.height)
 
     def half(self, picture):
         """Black, with a ruled field for the values."""
@@ -79,6 +80,8 @@ class Bold(Craft):
         self.panel(picture.cr, left, 0, across, picture.height, self.radius)
         for y in (*boards.RULES, boards.VALUES_TOP):
             plates.bar(picture.cr, "frame", left, y, across, 2)
+        # The last value nearly reaches the lower line.
+        plates.bar(picture.cr, "black", left + 2, picture.height - 2, across - 4, 1)
 
     # the board
 
@@ -119,15 +122,33 @@ class Bold(Craft):
         plates.bar(cr, "black", x, 0, width, height)
         plates.bar(cr, f"ring-{kind}", x, 0, width - 1, height)
         plates.bar(cr, f"tile-{kind}", x + 1, 0, width - 3, height)
+        if colour(f"tile-{kind}") == colour("black"):  # rungs, or it would be two thin lines
+            for y in range(2, height, 4):
+                plates.bar(cr, f"ring-{kind}", x, y, width - 1, 2)
 
     # titles
 
     def title(self, picture, text, large, kinds):
         """Heavy letters: a strong hue, and in the logo a thick white line round it."""
         if large:
-            cut = letters.Type(4.7, 5.6, 20, 14)
-            layers = ((20, "frame", 1), (13, "black", 1), (10, "black", 0))
-        else:
-            cut = letters.Type(2.8, 3.6, 11, 10)
-            layers = ((11, "black", 0),)
-        self.stroked_title(picture, text, kinds, cut, layers)
+            self._lined_title(picture, text, kinds, letters.Type(4.7, 5.6, 20, 14))
+            return
+        self.stroked_title(picture, text, kinds, letters.Type(2.8, 3.6, 11, 10),
+                           ((11, "black", 0),))
+
+    def _lined_title(self, picture, text, kinds, cut):
+        """Letters half as thick as their cut; the rest is the lines that grow round them."""
+        cut = letters.squeezed(text, cut, 512)
+        place = ((picture.width - letters.width(text, cut)) // 2,
+                 (picture.height - round(cut.height)) // 2)
+        inset = cut.pen // 4
+        faces = letters.Ink(picture)
+        x, y = place
+        for letter in text:
+            letters.draw(faces.cr, letter, x + inset, y + inset, cut._replace(pen=cut.pen // 2))
+            x += letters.width(letter, cut) + cut.gap
+        picture.stencil(grown(faces.sheet, inset + 4), "title-edge")
+        for thickness, name in ((inset, "frame"), (2, "black")):
+            picture.cr.set_source_rgb(*colour(name))
+            picture.cr.mask_surface(spread(faces.sheet, thickness))
+        self._title_layer(picture, text, kinds, cut, place, (cut.pen // 2, "black", 0))

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <SDL_rect.h>
+#include <SDL_surface.h>
+#include <SDL_video.h>
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "platform/host.h"
+#include "platform/types.h"
+
+namespace korvane {
+
+/// Draws on the surface that SDL keeps for a window, and sends it to the screen.
+///
+/// There is no way through the graphics card: only changed parts are sent, so scaling in software
+/// costs less than a renderer's whole frames do.
+class WindowSurface {
+  public:
+    /// What Draw found: the surface as it was left, a new black one (the window has another size
+    /// or way of being shown), or none.
+    enum class State { Kept, New, Missing };
+
+    /// Draws the changed parts of a picture whose whole goes to `target` of the window, in screen
+    /// pixels, stretched when the sizes differ.
+    State Draw(SDL_Window* window, const PictureView& picture, const RECT& target,
+               std::span<const RECT> changed);
+    /// Sends what was drawn since the last call. False when SDL could not: then all that was drawn
+    /// is sent by the next call.
+    bool Send(SDL_Window* window);
+    /// The screen has forgotten the window: the next Send sends everything.
+    void SendAll() { sendAll_ = true; }
+    /// The next Draw begins with a black surface.
+    void Forget() { forgotten_ = true; }
+
+  private:
+    void DrawPart(SDL_Surface& surface, const PictureView& picture, const RECT& target,
+                  const RECT& part);
+
+    std::vector<SDL_Rect> unsent_;
+    bool sendAll_ = false;
+    bool forgotten_ = false;
+    std::vector<std::uint32_t> row_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,94 @@
+#include "tools/korvane-skin/text_grounds.h"
+
+#include <algorithm>
+
+#include "tools/korvane-skin/colour.h"
+#include "tools/korvane-skin/limits.h"
+#include "tools/korvane-skin/text_places.h"
+
+namespace korvane {
+namespace {
+
+constexpr RECT kScreen{0, 0, 640, 480};
+constexpr RECT kMenuArea{55, 0, 575, 480};
+constexpr RECT kLeftHalf{0, 50, 320, 422};
+
+/// A screen of the game without its text.
+class Scenery {
+  public:
+    explicit Scenery(const CheckedSkin& skin) : skin_(skin), pixels_(kScreen.PixelCount()) {}
+
+    /// Covers an area with a background, side by side from its left top.
+    void Tile(std::string_view file, const RECT& area) {
+        const auto& tile = skin_.Picture(RowOf(file)).bitmap;
+        if (!tile) return;
+        for (int y = area.top; y < area.bottom; ++y)
+            for (int x = area.left; x < area.right; ++x)
+                At({x, y}) =
+                    PixelOf(*tile, (x - area.left) % tile->size.cx, (y - area.top) % tile->size.cy);
+    }
+    /// Lays a picture over it, all but its key colour.
+    void Lay(std::string_view file, POINT at) {
+        const PictureRow& row = RowOf(file);
+        const auto& picture = skin_.Picture(row).bitmap;
+        if (!picture) return;
+        const RECT all{at.x, at.y, at.x + picture->size.cx, at.y + picture->size.cy};
+        const RECT seen = Intersect(all, kScreen);
+        for (int y = seen.top; y < seen.bottom; ++y) {
+            for (int x = seen.left; x < seen.right; ++x) {
+                const std::uint32_t pixel = PixelOf(*picture, x - at.x, y - at.y);
+                if (pixel != skin_.Key(row.key)) At({x, y}) = pixel;
+            }
+        }
+    }
+
+    /// Widens the range of a ground by what lies in an area.
+    void Measure(const RECT& area, TextGround& ground) {
+        std::vector<double> luminances;
+        for (int y = area.top; y < area.bottom; ++y)
+            for (int x = area.left; x < area.right; ++x)
+                luminances.push_back(Luminance(At({x, y})));
+        if (luminances.empty()) return;
+        std::ranges::sort(luminances);
+        const std::size_t last = luminances.size() - 1;
+        const auto spare = static_cast<std::size_t>(kGroundShare * static_cast<double>(last));
+        ground.darkest = std::min(ground.darkest, luminances[spare]);
+        ground.lightest = std::max(ground.lightest, luminances[last - spare]);
+    }
+
+  private:
+    std::uint32_t& At(POINT point) {
+        return pixels_[static_cast<std::size_t>(point.y * kScreen.right + point.x)];
+    }
+
+    const CheckedSkin& skin_;
+    std::vector<std::uint32_t> pixels_;
+};
+
+}  // namespace
+
+std::vector<TextGround> TextGroundsOf(const CheckedSkin& skin, unsigned kind, const InkRows& rows) {
+    Scenery menu(skin);
+    menu.Tile(kMenuGround, kMenuArea);
+    Scenery game(skin);
+    game.Tile(kGameGround, kLeftHalf);
+    game.Lay("Game\\playboard.bmp", {16, 50});
+    game.Lay("Game\\previewframe.bmp", {234, 52});
+    game.Lay("Game\\statisticsframe.bmp", {234, 113});
+
+    std::vector<TextGround> grounds;
+    for (const TextPlace& place : kTextPlaces) {
+        if ((place.kinds & kind) == 0) continue;
+        const bool isInMenu = place.ground == kMenuGround;
+        const bool isOwn = skin.Picture(RowOf(place.ground)).isOwn ||
+                           (!isInMenu && skin.Picture(RowOf(kGameGround)).isOwn);
+        TextGround ground{place.ground, isOwn, 1, 0};
+        Scenery& scenery = isInMenu ? menu : game;
+        for (int row = 0; row < place.rows; ++row)
+            scenery.Measure(place.Row(row, rows.top, rows.bottom), ground);
+        grounds.push_back(ground);
+    }
+    return grounds;
+}
+
+}  // namespace korvane

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "platform/types.h"
+
+namespace korvane {
+
+// The pictures that texts stand on.
+inline constexpr std::string_view kMenuGround = "Background.bmp";  ///< of the high scores too
+inline constexpr std::string_view kGameGround = "Game\\Background.bmp";
+inline constexpr std::string_view kCountGround = "Game\\statisticsframe.bmp";
+
+/// The kinds of characters, as bits.
+inline constexpr unsigned kLetters = 1;
+inline constexpr unsigned kDigits = 2;
+inline constexpr unsigned kSigns = 4;  ///< those that stand beside the digits
+inline constexpr unsigned kAll = kLetters | kDigits | kSigns;
+
+/// Texts of one kind on the screen, row under row.
+struct TextPlace {
+    std::string_view ground;
+    unsigned kinds;
+    POINT at;    ///< of the first row's first cell
+    int length;  ///< in characters
+    int step;    ///< from character to character, in pixels
+    int rows = 1;
+    int pitch = 0;  ///< from row to row, in pixels
+
+    /// What the pixels of a row's cells from `from` to before `to` down cover.
+    constexpr RECT Row(int row, int from, int to) const {
+        const int top = at.y + row * pitch;
+        return {at.x, top + from, at.x + step * (length - 1) + 16, top + to};
+    }
+};
+
+constexpr TextPlace Wide(unsigned kinds, POINT at, int length) {
+    return {kMenuGround, kinds, at, length, 16};
+}
+constexpr TextPlace Rows(unsigned kinds, POINT at, int length, int step, int pitch, int rows) {
+    return {kMenuGround, kinds, at, length, step, rows, pitch};
+}
+/// Beside the left board at rest; the right one's lie 320 pixels further on, on the same.
+constexpr TextPlace Label(int y, int length) {
+    return {kGameGround, kLetters, {234, y}, length, 16};
+}
+constexpr TextPlace Value(int y) {
+    return {kGameGround, kDigits, {238, y}, 5, 14};
+}
+
+/// Wherever a screen of the game writes; numbers with up to five digits.
+inline constexpr std::array kTextPlaces = {
+    // Credits.
+    Wide(kAll, {110, 116}, 20),
+    Wide(kDigits | kSigns, {225, 148}, 10),
+    Wide(kLetters, {225, 196}, 11),
+    Wide(kLetters, {225, 212}, 6),
+    Wide(kLetters, {225, 244}, 17),
+    Wide(kAll, {225, 260}, 14),
+    Wide(kLetters, {225, 292}, 14),
+    Wide(kLetters, {225, 308}, 6),
+    Wide(kAll, {165, 372}, 15),
+    // Keys.
+    Rows(kLetters, {235, 129}, 6, 14, 66, 5),
+    Rows(kLetters, {410, 129}, 6, 14, 66, 5),
+    // High scores.
+    Wide(kLetters, {64, 104}, 4),
+    Wide(kLetters, {272, 104}, 5),
+    Wide(kLetters, {393, 104}, 5),
+    Wide(kLetters, {491, 104}, 5),
+    Rows(kAll, {64, 138}, 13, 16, 28, 10),
+    Rows(kDigits, {272, 138}, 5, 14, 28, 10),
+    Rows(kDigits, {393, 138}, 5, 14, 28, 10),
+    Rows(kDigits, {496, 138}, 5, 14, 28, 10),
+    Rows(kLetters, {117, 415}, 28, 14, 0, 1),
+    // Game: LEVEL, LINES, TIME, WINS and SCORE with their values.
+    Label(183, 5),
+    Value(202),
+    Label(231, 5),
+    Value(250),
+    Label(279, 4),
+    TextPlace{kGameGround, kDigits | kSigns, {237, 298}, 5, 14},
+    Label(327, 4),
+    Value(346),
+    Label(386, 5),
+    Value(405),
+    TextPlace{kCountGround, kDigits, {238, 157}, 5, 14},
+};
+
+}  // namespace korvane
