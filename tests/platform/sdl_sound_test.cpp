@@ -107,35 +107,36 @@ TEST_F(SdlSoundTest, ThereMayBeNoDevice) {
 }
 
 TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
-    // Numbers that SDL knows nothing of. The second look finds none, and what the third finds has
-    // gone before it can be told.
-    constexpr SDL_AudioDeviceID kFound[] = {20, 0, 21, 22, 23};
-    constexpr std::size_t kGone = 2;
+    // The second look finds none, and what the third finds has gone before it can be told.
     std::mutex mutex;
     std::condition_variable changed;
-    std::size_t looks = 0;
+    int looks = 0;
+    SDL_AudioDeviceID found = 0;
     SdlSound* opened = nullptr;
-    SdlSound scripted(
-        [&](SoundSource&) {
+    SdlSound watched(
+        [&](SoundSource& to) {
             const std::lock_guard lock(mutex);
-            if (looks == kGone) ReportRemoved(*opened, kFound[kGone]);
+            ++looks;
+            found = looks == 2 ? 0 : SdlSound::OpenDefault(to);
+            if (looks == 3) ReportRemoved(*opened, found);
             changed.notify_all();
-            return looks < std::size(kFound) ? kFound[looks++] : 0;
+            return found;
         },
         std::chrono::milliseconds(1));
-    opened = &scripted;
-    const auto waitForLooks = [&](std::size_t count) {
+    opened = &watched;
+    // The device that the look of that number found.
+    const auto waitForLook = [&](int count) {
         std::unique_lock lock(mutex);
-        return changed.wait_for(lock, std::chrono::seconds(20), [&] { return looks == count; });
+        EXPECT_TRUE(
+            changed.wait_for(lock, std::chrono::seconds(20), [&] { return looks == count; }));
+        return found;
     };
-    ASSERT_TRUE(scripted.Open(source));
-    ReportRemoved(scripted, 20);
-    ASSERT_TRUE(waitForLooks(4));
-    ReportRemoved(scripted, 20);  // long gone
-    ReportRemoved(scripted, 22);
-    EXPECT_TRUE(waitForLooks(5));
-    scripted.Close();
-    EXPECT_EQ(looks, 5U) << "no look for a device that is there";
+    ASSERT_TRUE(watched.Open(source));
+    ReportRemoved(watched, waitForLook(1));
+    ReportRemoved(watched, waitForLook(4));
+    EXPECT_NE(waitForLook(5), 0U);
+    watched.Close();
+    EXPECT_EQ(looks, 5) << "no look for a device that is there";
 }
 
 /// Stands for the device, but asks without a pause between two buffers.
