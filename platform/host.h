@@ -97,7 +97,6 @@ class Host {
     virtual bool OpenWindow(const std::string& title, SIZE clientSize) = 0;
     virtual void CloseWindow() = 0;
     virtual void ShowWindow(bool visible) = 0;
-    virtual void MinimizeWindow() = 0;
     virtual void SetTitle(const std::string& title) = 0;
     /// The picture that the desktop shows for the window: 0xAARRGGBB, copied.
     virtual void SetIcon(const PictureView& icon) = 0;

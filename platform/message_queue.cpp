@@ -106,7 +106,6 @@ LRESULT DefWindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM 
             break;
         case WM_SYSCOMMAND:
             if (wParam == SC_CLOSE) SendMessage(window, WM_CLOSE, 0, 0);
-            if (wParam == SC_MINIMIZE) TheHost().MinimizeWindow();
             break;
         default:
             break;

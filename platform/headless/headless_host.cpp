@@ -106,10 +106,6 @@ void HeadlessHost::ShowWindow(bool visible) {
     if (visible) Push({.type = HostEventType::Activated});
 }
 
-void HeadlessHost::MinimizeWindow() {
-    Push({.type = HostEventType::Minimized});
-}
-
 void HeadlessHost::SetClientSize(SIZE size) {
     if (size == windowedSize_) return;
     windowedSize_ = size;

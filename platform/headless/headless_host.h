@@ -92,7 +92,6 @@ class HeadlessHost final : public Host {
     bool OpenWindow(const std::string& title, SIZE clientSize) override;
     void CloseWindow() override;
     void ShowWindow(bool visible) override;
-    void MinimizeWindow() override;
     void SetTitle(const std::string& title) override { title_ = title; }
     void SetIcon(const PictureView& icon) override { iconSize_ = {icon.width, icon.height}; }
     void SetClientSize(SIZE size) override;

@@ -167,10 +167,6 @@ void SdlHost::ShowWindow(bool visible) {
     }
 }
 
-void SdlHost::MinimizeWindow() {
-    SDL_MinimizeWindow(window_.get());
-}
-
 void SdlHost::SetIcon(const PictureView& icon) {
     // SDL only reads through the pointer, and copies what it reads.
     auto* pixels = const_cast<std::uint32_t*>(icon.pixels);

@@ -42,7 +42,6 @@ class SdlHost final : public Host {
     bool OpenWindow(const std::string& title, SIZE clientSize) override;
     void CloseWindow() override;
     void ShowWindow(bool visible) override;
-    void MinimizeWindow() override;
     void SetTitle(const std::string& title) override;
     void SetIcon(const PictureView& icon) override;
     void SetClientSize(SIZE size) override;
