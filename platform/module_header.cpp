@@ -140,16 +140,27 @@ ModuleCounts ItCounts(const Header& header) {
     return counts;
 }
 
+/// The player walks over whatever could be the blocks of a packed sample, to the end of the file;
+/// over empty ones that takes it an eighth of a second.
+constexpr std::size_t kMaxItBlocks = std::size_t{1} << 24;
+
 std::size_t ItMemory(const Header& header, const ModuleCounts& counts) {
     // Patterns can name so many, though no more than 64 are played.
     constexpr std::size_t kChannels = 127;
+    constexpr unsigned kPacked = 8;
     const std::size_t samples = kItOrders + counts.orders + std::size_t{4} * counts.instruments;
     const std::size_t patterns = samples + std::size_t{4} * counts.samples;
     std::size_t memory = 0;
+    std::size_t blocks = 0;
     for (std::size_t i = 0; i < counts.samples; ++i) {
         const std::size_t at = header.Long(samples + 4 * i);
-        memory += SampleMemory(header.Long(at + 48), header.Byte(at + 18));
+        const unsigned flags = header.Byte(at + 18);
+        memory += SampleMemory(header.Long(at + 48), flags);
+        std::size_t block = (flags & kPacked) != 0 ? header.Long(at + 72) : header.Size();
+        for (; block < header.Size() && blocks <= kMaxItBlocks; ++blocks)
+            block += 2 + header.Word(block);
     }
+    if (blocks > kMaxItBlocks) return std::numeric_limits<std::size_t>::max();
     Rows rows{};
     for (std::size_t i = 0; i < counts.patterns; ++i) {
         const std::size_t at = header.Long(patterns + 4 * i);

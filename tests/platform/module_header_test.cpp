@@ -201,6 +201,15 @@ TEST(ModuleHeaderTest, WhatThePlayerMakesOfItHasALimit) {
         PutLong(c.file, c.at, c.most + 1);
         EXPECT_FALSE(CheckModuleHeader(c.file));
     }
+    File packed = ItSample(8);
+    for (std::size_t sample = 0; sample < 3; ++sample)
+        PutLong(packed, 198 + 4 * sample, 4000);
+    PutWord(packed, 36, 3);
+    PutLong(packed, 4072, 5000);
+    packed.resize(std::size_t{10} << 20);
+    EXPECT_TRUE(CheckModuleHeader(packed));
+    packed.resize(std::size_t{11} << 20);
+    EXPECT_FALSE(CheckModuleHeader(packed)) << "empty blocks without end";
     File synthesised = S3mSample(0, /*sort=*/2);
     PutLong(synthesised, 4016, 0x7FFFFFFF);
     EXPECT_TRUE(CheckModuleHeader(synthesised)) << "it has settings there, no length";
