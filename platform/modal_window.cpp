@@ -16,6 +16,17 @@ RECT PictureArea() {
     return {0, ShownMenuBarHeight(), client.Width(), client.Height()};
 }
 
+RECT CentredIn(const RECT& area, SIZE size) {
+    const POINT corner{area.left + (area.Width() - size.cx) / 2,
+                       area.top + (area.Height() - size.cy) / 2};
+    return {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy};
+}
+
+void PlaceWindow(const RECT& area) {
+    TheHost().SetClientSize({area.Width(), area.Height()});
+    TheHost().SetClientOrigin({area.left, area.top});
+}
+
 /// The program will not see the releases of the keys that are held now, so it gets them at once.
 void ReleaseHeldKeys() {
     auto& held = TheDesktop().heldAsPlainKey;
@@ -54,11 +65,10 @@ void ModalWindow::Run() {
 
 void ModalWindow::Open() {
     if (FillsWindow()) {
-        const RECT client = TheHost().ClientArea();
-        sizeBefore_ = {client.Width(), client.Height()};
+        areaBefore_ = TheHost().ClientArea();
         Arrange();
         TheHost().SetTitle(Title());
-        TheHost().SetClientSize(size_);
+        PlaceWindow(CentredIn(TheHost().WorkArea(), size_));
     }
     ResetMenuBar();  // closes what is open; one that is alone has no bar
     Arrange();
@@ -86,7 +96,7 @@ void ModalWindow::Leave() {
     if (FillsWindow()) {
         window_.hiddenAgain = true;
         TheHost().SetTitle(window_.title);
-        TheHost().SetClientSize(sizeBefore_);
+        PlaceWindow(areaBefore_);
     }
     TheShownPicture().Remove(overlay_);
     if (outer_) outer_->Changed();  // it may have been drawn at the same place
@@ -159,10 +169,9 @@ void ModalWindow::Arrange() {
     }
     const RECT area = PictureArea();
     size_ = LayOut(/*framed=*/true, {area.Width(), area.Height()}, scale_);
-    const POINT centred{area.left + (area.Width() - size_.cx) / 2,
-                        area.top + (area.Height() - size_.cy) / 2};
+    const RECT centred = CentredIn(area, size_);
     const bool moved = moved_;
-    MoveTo(moved ? corner_ : centred);
+    MoveTo(moved ? corner_ : POINT{centred.left, centred.top});
     moved_ = moved;
 }
 

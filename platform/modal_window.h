@@ -84,7 +84,7 @@ class ModalWindow {
     POINT corner_;
     SIZE size_;
     int scale_ = 1;
-    SIZE sizeBefore_;  ///< of the window that it fills
+    RECT areaBefore_;  ///< of the window that it fills
 };
 
 }  // namespace korvane

@@ -81,12 +81,17 @@ TEST_F(DialogsTest, TheFirstStartAsksBeforeTheWindowIsSeen) {
     theSettings.showAdvancedAtStart = true;
     bool wasAlone = false;
     {
-        const DialogScript script({[&] {
-                                       wasAlone = Headless().Title() == "Advanced settings" &&
-                                                  Headless().PictureSize() == SIZE{477, 237};
-                                       PressKeys({VK_ESCAPE});
-                                   },
-                                   [] { ClickItem(IDCANCEL); }, Ok});
+        const DialogScript script(
+            {[&] {
+                 const RECT area = Headless().ClientArea();
+                 const RECT work = Headless().WorkArea();
+                 wasAlone = Headless().Title() == "Advanced settings" && area.Width() == 477 &&
+                            area.Height() == 237;
+                 EXPECT_NEAR(area.left - work.left, work.right - area.right, 1);
+                 EXPECT_NEAR(area.top - work.top, work.bottom - area.bottom, 1);
+                 PressKeys({VK_ESCAPE});
+             },
+             [] { ClickItem(IDCANCEL); }, Ok});
         Start();
         EXPECT_TRUE(script.WentAsWritten());
     }
