@@ -13,12 +13,14 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <thread>
 #include <vector>
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
 constexpr auto kLimit = std::chrono::seconds(10);
+constexpr auto kPause = std::chrono::microseconds(500);
 
 bool IsMiddleLit(Display* display) {
     const int screen = DefaultScreen(display);
@@ -33,8 +35,11 @@ bool IsMiddleLit(Display* display) {
 /// Waits until the middle is lit or dark; false after the limit.
 bool WaitForMiddle(Display* display, bool lit) {
     const auto start = Clock::now();
-    while (IsMiddleLit(display) != lit)
+    while (IsMiddleLit(display) != lit) {
         if (Clock::now() - start > kLimit) return false;
+        // Looking without a pause would take a processor from the program and one from the server.
+        std::this_thread::sleep_for(kPause);
+    }
     return true;
 }
 
