@@ -8,11 +8,6 @@
 namespace korvane {
 namespace {
 
-bool IsInside(const RECT& area, SIZE size) {
-    return !area.IsEmpty() && area.left >= 0 && area.top >= 0 && area.right <= size.cx &&
-           area.bottom <= size.cy;
-}
-
 /// A number that no other content of any picture has had.
 std::uint64_t NextVersion() {
     static std::uint64_t version = 0;
@@ -212,7 +207,7 @@ HRESULT BackSurface::Blt(const RECT* destination, IDirectDrawSurface7* /*source*
     if (!(flags & DDBLT_COLORFILL)) return E_NOTIMPL;
     if (!effects || effects->size != kBltFxSize) return E_INVALIDARG;
     const RECT area = destination ? *destination : Area();
-    if (!IsInside(area, pixels_.Size())) return DDERR_INVALIDRECT;
+    if (!LiesWithin(area, pixels_.Size())) return DDERR_INVALIDRECT;
     frame_.Fill(area, effects->fillColor);
     return S_OK;
 }
@@ -226,7 +221,7 @@ HRESULT BackSurface::BltFast(std::uint32_t x, std::uint32_t y, IDirectDrawSurfac
     const auto width = static_cast<std::uint32_t>(pixels_.Size().cx);
     const auto height = static_cast<std::uint32_t>(pixels_.Size().cy);
     // Compared without adding to x and y, which come unsigned and may be huge.
-    if (!IsInside(sourceArea, picture->Size()) || x >= width || y >= height ||
+    if (!LiesWithin(sourceArea, picture->Size()) || x >= width || y >= height ||
         static_cast<std::uint32_t>(sourceArea.Width()) > width - x ||
         static_cast<std::uint32_t>(sourceArea.Height()) > height - y)
         return DDERR_INVALIDRECT;

@@ -32,10 +32,6 @@ bool Touch(const RECT& a, const RECT& b) {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
 
-bool Covers(const RECT& outer, const RECT& inner) {
-    return Intersect(outer, inner) == inner;
-}
-
 }  // namespace
 
 bool FrameList::Operation::operator==(const Operation& other) const {

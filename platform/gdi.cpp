@@ -43,11 +43,6 @@ class MemoryContext final : public DeviceContext {
     GdiBitmap* bitmap_ = nullptr;
 };
 
-bool IsInside(const RECT& area, SIZE size) {
-    return !area.IsEmpty() && area.left >= 0 && area.top >= 0 && area.right <= size.cx &&
-           area.bottom <= size.cy;
-}
-
 constexpr std::uint32_t SwapRedAndBlue(std::uint32_t colour) {
     return (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
 }
@@ -84,7 +79,8 @@ void DeleteDC(HDC memory) {
 }
 
 bool StretchBlt(HDC destination, const RECT& destinationArea, HDC source, const RECT& sourceArea) {
-    if (!IsInside(destinationArea, destination->Size()) || !IsInside(sourceArea, source->Size()))
+    if (!LiesWithin(destinationArea, destination->Size()) ||
+        !LiesWithin(sourceArea, source->Size()))
         return false;
     std::vector<std::uint32_t> sourceRow(static_cast<std::size_t>(sourceArea.right));
     std::vector<std::uint32_t> row(static_cast<std::size_t>(destinationArea.right));
@@ -106,14 +102,14 @@ bool StretchBlt(HDC destination, const RECT& destinationArea, HDC source, const 
 }
 
 COLORREF GetPixel(HDC context, int x, int y) {
-    if (!IsInside({x, y, x + 1, y + 1}, context->Size())) return CLR_INVALID;
+    if (!LiesWithin({x, y, x + 1, y + 1}, context->Size())) return CLR_INVALID;
     std::vector<std::uint32_t> row(static_cast<std::size_t>(x) + 1);
     context->ReadRow(y, row);
     return SwapRedAndBlue(row.back());
 }
 
 void SetPixel(HDC context, int x, int y, COLORREF colour) {
-    if (!IsInside({x, y, x + 1, y + 1}, context->Size())) return;
+    if (!LiesWithin({x, y, x + 1, y + 1}, context->Size())) return;
     std::vector<std::uint32_t> row(static_cast<std::size_t>(x) + 1);
     context->ReadRow(y, row);
     row.back() = SwapRedAndBlue(colour);

@@ -15,15 +15,11 @@ constexpr std::uint32_t kMinTileWidth = 16;
 constexpr std::uint32_t kMaxTileWidth = 256;
 constexpr int kTileHeightShift = 6;
 
-[[maybe_unused]] bool IsInside(const RECT& inner, const RECT& outer) {
-    return Intersect(inner, outer) == inner;
-}
-
 void AssertCopyable([[maybe_unused]] const PixelBuffer& target, [[maybe_unused]] POINT at,
                     [[maybe_unused]] const PixelBuffer& source, [[maybe_unused]] const RECT& part) {
     assert(&target != &source && target.BytesPerPixel() == source.BytesPerPixel());
-    assert(IsInside(part, source.Bounds()));
-    assert(IsInside({at.x, at.y, at.x + part.Width(), at.y + part.Height()}, target.Bounds()));
+    assert(Covers(source.Bounds(), part));
+    assert(Covers(target.Bounds(), {at.x, at.y, at.x + part.Width(), at.y + part.Height()}));
 }
 
 std::uint32_t PixelMask(int bytesPerPixel) {
@@ -232,7 +228,7 @@ void CopyKeyed(PixelBuffer& target, POINT at, const PixelBuffer& source, const O
 
 void FillArea(PixelBuffer& target, const RECT& area, std::uint32_t value) {
     if (area.IsEmpty()) return;
-    assert(IsInside(area, target.Bounds()));
+    assert(Covers(target.Bounds(), area));
     const int bytesPerPixel = target.BytesPerPixel();
     ActiveCopyKernels().fillRows(target.At({area.left, area.top}), target.Pitch(),
                                  static_cast<std::size_t>(area.Width() * bytesPerPixel),

@@ -63,6 +63,16 @@ constexpr RECT Intersect(const RECT& a, const RECT& b) {
             a.right < b.right ? a.right : b.right, a.bottom < b.bottom ? a.bottom : b.bottom};
 }
 
+/// True when all of the inner rectangle lies within the outer one.
+constexpr bool Covers(const RECT& outer, const RECT& inner) {
+    return Intersect(outer, inner) == inner;
+}
+
+/// True for an area that is not empty and lies within a picture of this size.
+constexpr bool LiesWithin(const RECT& area, SIZE size) {
+    return !area.IsEmpty() && Covers({0, 0, size.cx, size.cy}, area);
+}
+
 /// A rectangle inside another, so many pixels from its edges.
 constexpr RECT Shrunk(const RECT& area, int by) {
     return {area.left + by, area.top + by, area.right - by, area.bottom - by};

@@ -1,3 +1,4 @@
+#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
@@ -294,7 +295,7 @@ TEST_F(InputTest, AGoodResultIsNamedAndKept) {
     ASSERT_TRUE(highScoresShowing && rightPlayer->HighScoreEntered());
     ClickAt(kMenuButton);
     EXPECT_EQ(pendingClick, kHighScoreNothing);
-    for (const std::uint8_t key : {'W', 'A', 'P'})
+    for (const std::uint8_t key : std::initializer_list<std::uint8_t>{'W', 'A', 'P'})
         Press(key);
     Press(VK_HOME);
     EXPECT_FALSE(nextFigureCheat) << "every key is for the name";

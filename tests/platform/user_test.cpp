@@ -147,7 +147,7 @@ TEST_F(UserTest, ActivationAndSizeAreSentWhilePeeking) {
 }
 
 TEST_F(UserTest, KeysWithAltAreSystemKeysAndPressAndReleaseArePaired) {
-    const auto messageOf = [this](std::uint8_t key, bool down, std::uint8_t modifiers) {
+    const auto messageOf = [](std::uint8_t key, bool down, std::uint8_t modifiers) {
         Headless().PushKey(key, down, modifiers);
         const auto messages = Drain();
         return messages.size() == 1 ? messages[0] : 0;
