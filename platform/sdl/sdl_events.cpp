@@ -62,8 +62,8 @@ void SdlHost::PumpEvents() {
     SDL_Event event;
     while (SDL_PollEvent(&event) != 0)
         Translate(event);
-    if (startIsOver_ && SDL_GetTicks64() >= *startIsOver_) {
-        startIsOver_.reset();
+    if (trimDue_ && SDL_GetTicks64() >= *trimDue_) {
+        trimDue_.reset();
         TrimHeap();
     }
     if (std::exchange(exposed_, false) && window_) {

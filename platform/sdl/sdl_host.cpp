@@ -23,8 +23,8 @@ using Clock = std::chrono::steady_clock;
 /// The pixel density that one layer pixel per screen pixel is made for.
 constexpr float kOrdinaryDpi = 96;
 
-/// By then a window that came up has shown its first pictures.
-constexpr std::uint64_t kStartMs = 1000;
+/// By then a window that came up, or fills the screen now, has shown its first pictures.
+constexpr std::uint64_t kFirstPicturesMs = 1000;
 
 void SetHints() {
     // The window's surface would go through OpenGL otherwise, ten times as dear without a GPU.
@@ -156,9 +156,13 @@ void SdlHost::CloseWindow() {
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
 
+void SdlHost::TrimSoon() {
+    trimDue_ = SDL_GetTicks64() + kFirstPicturesMs;
+}
+
 void SdlHost::ShowWindow(bool visible) {
     shown_ = visible;
-    startIsOver_ = SDL_GetTicks64() + kStartMs;
+    TrimSoon();
     if (visible) {
         SDL_ShowWindow(window_.get());
         SDL_RaiseWindow(window_.get());
@@ -285,6 +289,7 @@ bool SdlHost::EnterFullScreen(SIZE pictureSize) {
     fullScreenMode_ = DesktopMode();
     SDL_DisableScreenSaver();
     surface_.Forget();
+    TrimSoon();
     return true;
 }
 
@@ -302,6 +307,7 @@ void SdlHost::LeaveFullScreen() {
     }
     PlaceWindow(windowed_);
     surface_.Forget();
+    TrimSoon();
 }
 
 /// Where full screen shows its picture: in the middle, as large as whole pixels allow. A screen

@@ -84,6 +84,8 @@ class SdlHost final : public Host {
     void PlaceWindow(const SDL_Rect& area);
     bool HasFrame() const;
     RECT FullScreenPlace() const;
+    /// All pictures were loaded: much of the heap is spare once they are shown.
+    void TrimSoon();
 
     // Events, in sdl_events.cpp.
     void PumpEvents();
@@ -99,9 +101,9 @@ class SdlHost final : public Host {
     std::unique_ptr<SDL_Window, WindowDeleter> window_;
     int scale_ = 1;
     WindowSurface surface_;
-    bool shown_ = false;                        ///< the window is on the screen
-    std::optional<std::uint64_t> startIsOver_;  ///< SDL's milliseconds
-    bool exposed_ = false;                      ///< the screen has forgotten it
+    bool shown_ = false;                    ///< the window is on the screen
+    std::optional<std::uint64_t> trimDue_;  ///< SDL's milliseconds
+    bool exposed_ = false;                  ///< the screen has forgotten it
 
     bool fullScreen_ = false;
     SIZE fullScreenPicture_;
