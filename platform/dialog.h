@@ -87,9 +87,10 @@ inline constexpr std::uint32_t WM_HSCROLL = 0x0114;
 using DLGPROC = bool (*)(HDLG dialog, std::uint32_t message, WPARAM wParam, LPARAM lParam);
 
 /// Shows a dialog over the owner's picture and returns EndDialog's result, or -1 when the program
-/// is to end (that message waits then, and the procedure has not been asked). The owner is
-/// deactivated meanwhile and gets messages, but neither keys nor mouse nor accelerators. Before the
-/// owner was ever shown the dialog is all that its window shows, under the dialog's title.
+/// is to end (that message waits then, whatever the procedure has done). The owner is deactivated
+/// meanwhile and gets messages, but neither keys nor mouse nor accelerators; it is not destroyed
+/// before the dialog has ended. Before the owner was ever shown the dialog is all that its window
+/// shows, in the middle of the screen, under the dialog's title.
 int DialogBox(const DLGTEMPLATE& source, HWND owner, DLGPROC procedure);
 
 /// Ends the dialog when the procedure returns.

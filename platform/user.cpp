@@ -8,7 +8,6 @@
 #include "platform/desktop.h"
 #include "platform/full_screen.h"
 #include "platform/host.h"
-#include "platform/modal_window.h"
 #include "platform/shown_picture.h"
 
 namespace korvane {

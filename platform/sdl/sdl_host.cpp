@@ -162,8 +162,8 @@ void SdlHost::TrimSoon() {
 
 void SdlHost::ShowWindow(bool visible) {
     shown_ = visible;
-    TrimSoon();
     if (visible) {
+        TrimSoon();
         SDL_ShowWindow(window_.get());
         SDL_RaiseWindow(window_.get());
     } else {
