@@ -15,6 +15,7 @@
 #include "res/commands.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
+#include "tests/support/dialog_script.h"
 #include "tests/support/program_fixture.h"
 
 namespace korvane {
@@ -108,27 +109,12 @@ class RandomInputTest : public ProgramFixture {
             return;
         }
         ++wakings_;
-        HostEvent event{.type = kDialogEvents[static_cast<std::size_t>(
-                            Below(static_cast<int>(kDialogEvents.size())))],
-                        .modifiers = static_cast<std::uint8_t>(Below(5) == 0 ? Below(8) : 0),
-                        .x = Below(640),
-                        .y = Below(500),
-                        .amount = Below(7) - 3};
-        event.key = Below(2) == 0 ? static_cast<std::uint8_t>(Below(256)) : PickedKey();
-        event.character = static_cast<char32_t>(Below(4) == 0 ? Below(0x11'0000) : Below(0x100));
-        if (Below(3) == 0) event.key = VK_TAB;
+        const HostEvent event = RandomDialogEvent(random_);
         Headless().Push(event);
         // What is held repeats for as long.
         if (event.type == HostEventType::LeftButtonDown)
             Headless().PushLater(static_cast<std::uint32_t>(Below(700)),
                                  {.type = HostEventType::LeftButtonUp, .x = event.x, .y = event.y});
-    }
-
-    std::uint8_t PickedKey() {
-        constexpr std::array<std::uint8_t, 12> kKeys = {VK_LEFT,  VK_RIGHT,  VK_UP,     VK_DOWN,
-                                                        VK_HOME,  VK_END,    VK_BACK,   VK_DELETE,
-                                                        VK_SPACE, VK_ESCAPE, VK_RETURN, 'V'};
-        return kKeys[static_cast<std::size_t>(Below(static_cast<int>(kKeys.size())))];
     }
 
     /// When time goes on, a Quit that waits would end it all.
@@ -182,13 +168,6 @@ class RandomInputTest : public ProgramFixture {
     int Wakings() const { return wakings_; }
 
   private:
-    static constexpr std::array kDialogEvents = {
-        HostEventType::KeyDown,        HostEventType::KeyDown,      HostEventType::KeyUp,
-        HostEventType::LeftButtonDown, HostEventType::LeftButtonUp, HostEventType::MouseMove,
-        HostEventType::Wheel,          HostEventType::Text,         HostEventType::Deactivated,
-        HostEventType::Activated,      HostEventType::Resized,      HostEventType::Moved,
-    };
-
     std::mt19937 random_{20021105};
     int wakings_ = 0;
 };

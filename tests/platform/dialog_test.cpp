@@ -628,27 +628,6 @@ TEST_F(DialogTest, ScrollBar) {
 
 // Whatever happens ------------------------------------------------------------------------------
 
-HostEvent RandomEvent(std::mt19937& random) {
-    constexpr std::uint8_t kKeys[] = {VK_TAB,  VK_TAB,    VK_UP,    VK_DOWN, VK_LEFT,   VK_RIGHT,
-                                      VK_HOME, VK_END,    VK_PRIOR, VK_NEXT, VK_SPACE,  VK_BACK,
-                                      'A',     'C',       'X',      'V',     'P',       'Q',
-                                      'L',     VK_DELETE, VK_F4,    VK_MENU, VK_RETURN, VK_ESCAPE};
-    constexpr HostEventType kTypes[] = {KeyDown,   KeyDown,        KeyDown,      KeyUp,
-                                        MouseMove, LeftButtonDown, LeftButtonUp, Wheel,
-                                        Text,      Deactivated,    Activated,    Resized};
-    const auto below = [&](int limit) { return static_cast<int>(random() % unsigned(limit)); };
-    HostEvent event;
-    event.type = kTypes[below(std::size(kTypes))];
-    event.key = kKeys[below(std::size(kKeys))];
-    event.modifiers = static_cast<std::uint8_t>(below(4) == 0 ? below(8) : 0);
-    event.repeat = below(4) == 0;
-    event.x = below(460) + 90;
-    event.y = below(300) + 110;
-    event.amount = below(9) - 4;
-    event.character = static_cast<char32_t>(below(3) == 0 ? below(0x2000) : 'a' + below(26));
-    return event;
-}
-
 TEST_F(DialogTest, RandomInput) {
     Start();
     std::mt19937 random(20260722);
@@ -667,7 +646,7 @@ TEST_F(DialogTest, RandomInput) {
             EXPECT_TRUE(!dialog->Focus() || dialog->Focus()->IsEnabled());
         }
         for (int i = 0; i < 5; ++i, --left)
-            Headless().Push(RandomEvent(random));
+            Headless().Push(RandomDialogEvent(random));
         // The mouse is not held for ever.
         Headless().PushLater(200, Mouse(LeftButtonUp, {300, 200}));
     });

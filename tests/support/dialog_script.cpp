@@ -1,10 +1,12 @@
 #include "tests/support/dialog_script.h"
 
+#include <iterator>
 #include <utility>
 
 #include "platform/desktop.h"
 #include "platform/dialog_window.h"
 #include "platform/headless/headless_host.h"
+#include "platform/virtual_keys.h"
 
 namespace korvane {
 
@@ -49,6 +51,31 @@ void PressKeys(std::initializer_list<std::uint8_t> keys, std::uint8_t modifiers)
         Headless().PushKey(key, /*down=*/true, modifiers);
         Headless().PushKey(key, /*down=*/false, modifiers);
     }
+}
+
+HostEvent RandomDialogEvent(std::mt19937& random) {
+    using enum HostEventType;
+    constexpr std::uint8_t kKeys[] = {VK_TAB,  VK_TAB,    VK_UP,    VK_DOWN, VK_LEFT,   VK_RIGHT,
+                                      VK_HOME, VK_END,    VK_PRIOR, VK_NEXT, VK_SPACE,  VK_BACK,
+                                      'A',     'C',       'X',      'V',     'P',       'Q',
+                                      'L',     VK_DELETE, VK_F4,    VK_MENU, VK_RETURN, VK_ESCAPE};
+    constexpr HostEventType kTypes[] = {KeyDown,        KeyDown,      KeyDown, KeyUp, MouseMove,
+                                        LeftButtonDown, LeftButtonUp, Wheel,   Text,  Deactivated,
+                                        Activated,      Resized,      Moved};
+    const auto below = [&](int limit) { return static_cast<int>(random() % unsigned(limit)); };
+    HostEvent event;
+    event.type = kTypes[below(std::size(kTypes))];
+    event.key =
+        below(8) == 0 ? static_cast<std::uint8_t>(below(256)) : kKeys[below(std::size(kKeys))];
+    event.modifiers = static_cast<std::uint8_t>(below(4) == 0 ? below(8) : 0);
+    event.repeat = below(4) == 0;
+    event.x = below(640);
+    event.y = below(500);
+    event.amount = below(9) - 4;
+    event.character = static_cast<char32_t>(below(8) == 0   ? below(0x11'0000)
+                                            : below(3) == 0 ? below(0x2000)
+                                                            : 'a' + below(26));
+    return event;
 }
 
 }  // namespace korvane

@@ -3,9 +3,11 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <random>
 #include <vector>
 
 #include "platform/dialog_items.h"
+#include "platform/host.h"
 #include "platform/types.h"
 
 namespace korvane {
@@ -36,5 +38,9 @@ POINT CentreOfItem(std::uint16_t id);
 void ClickItem(std::uint16_t id);
 /// Presses and releases keys, one after the other.
 void PressKeys(std::initializer_list<std::uint8_t> keys, std::uint8_t modifiers = 0);
+
+/// Anything that can come in while a dialog is open, but for the program's end; most of it means
+/// something to some control.
+HostEvent RandomDialogEvent(std::mt19937& random);
 
 }  // namespace korvane
