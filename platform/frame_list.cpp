@@ -4,6 +4,7 @@
 #include <array>
 #include <cassert>
 #include <cstring>
+#include <optional>
 #include <type_traits>
 
 namespace korvane {
@@ -27,9 +28,15 @@ std::array<RECT, 4> Around(const RECT& inner, const RECT& outer) {
              {inner.right, inner.top, outer.right, inner.bottom}}};
 }
 
-/// True when two rectangles that are not empty share a pixel.
-bool Touch(const RECT& a, const RECT& b) {
-    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+/// The rectangle that two others make up when they share a whole side.
+std::optional<RECT> Join(const RECT& a, const RECT& b) {
+    const bool sameRows = a.top == b.top && a.bottom == b.bottom;
+    const bool sameColumns = a.left == b.left && a.right == b.right;
+    if (sameRows && a.right == b.left) return RECT{a.left, a.top, b.right, a.bottom};
+    if (sameRows && b.right == a.left) return RECT{b.left, a.top, a.right, a.bottom};
+    if (sameColumns && a.bottom == b.top) return RECT{a.left, a.top, a.right, b.bottom};
+    if (sameColumns && b.bottom == a.top) return RECT{a.left, b.top, a.right, a.bottom};
+    return std::nullopt;
 }
 
 }  // namespace
@@ -167,14 +174,24 @@ void FrameList::ComposeArea(PixelBuffer& target, const RECT& area) {
         --first;
         const RECT hidden = Intersect(HiddenBy(frame_[first]), area);
         if (hidden == area) break;
-        if (hidden.PixelCount() >= kWorthHiding) covers_.push_back({hidden, first});
+        if (!hidden.IsEmpty()) AddCover(hidden, first);
     }
     for (std::size_t i = first; i < frame_.size(); ++i) {
         while (!covers_.empty() && covers_.back().operation <= i)
             covers_.pop_back();
-        if (!Touch(frame_[i].effect.area, area)) continue;
-        DrawVisible(target, frame_[i], Intersect(frame_[i].effect.area, area), covers_);
+        const RECT clip = Intersect(frame_[i].effect.area, area);
+        if (!clip.IsEmpty()) DrawVisible(target, frame_[i], clip, covers_);
     }
+}
+
+void FrameList::AddCover(RECT area, std::size_t operation) {
+    while (!covers_.empty()) {
+        const std::optional<RECT> joined = Join(covers_.back().area, area);
+        if (!joined) break;
+        area = *joined;
+        covers_.pop_back();
+    }
+    covers_.push_back({area, operation});
 }
 
 RECT FrameList::HiddenBy(const Operation& operation) {

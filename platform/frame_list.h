@@ -106,6 +106,9 @@ class FrameList {
     std::span<const Operation> AddAreas(std::span<const Operation> operations, std::size_t count);
     /// Draws what the frame shows of an area, without most of what later operations hide.
     void ComposeArea(PixelBuffer& target, const RECT& area);
+    /// Keeps what an operation hides, joined with what the one after it hides where both make up
+    /// one rectangle: the tiles of a background hide what lies under all of them.
+    void AddCover(RECT area, std::size_t operation);
     /// Where nothing drawn before the operation shows through it; a part of that for keyed copies.
     static RECT HiddenBy(const Operation& operation);
     static void DrawVisible(PixelBuffer& target, const Operation& operation, const RECT& clip,

@@ -80,6 +80,7 @@ class RandomFrames {
         frame_.push_back({.area = kWholeScreen, .fill = 1});
         for (int i = 0; i < 40; ++i)
             frame_.push_back(RandomCall());
+        AddTiles();
     }
 
     /// Mostly the frame with a few changes, sometimes a few calls on top of what is shown.
@@ -135,6 +136,17 @@ class RandomFrames {
                 .picture = &picture,
                 .from = {part.left, part.top},
                 .keyed = Between(random_, 0, 3) != 0};
+    }
+
+    /// Tiles that only together hide what is worth leaving out, with calls between their rows.
+    void AddTiles() {
+        constexpr SIZE kTile = {60, 45};
+        for (int y = 10; y + kTile.cy <= kScreen.cy; y += kTile.cy) {
+            frame_.push_back(RandomCall());
+            for (int x = 10; x + kTile.cx <= kScreen.cx; x += kTile.cx)
+                frame_.push_back({.area = {x, y, x + kTile.cx, y + kTile.cy},
+                                  .fill = static_cast<std::uint32_t>(random_())});
+        }
     }
 
     std::size_t Pick(std::size_t count) { return random_() % count; }
@@ -231,6 +243,25 @@ class RandomFrames {
     PixelBuffer wanted_;  ///< what the target must hold when all recorded calls were carried out
     PixelBuffer shown_;   ///< the target after the last Compose
 };
+
+// Tiles hide together only what lies before the first of them.
+TEST(FrameList, KeepsWhatIsDrawnBetweenTwoTiles) {
+    Random random(1);
+    Picture letters(random, {200, 120}, 4, 1);  // without a core
+    const std::vector<Call> frame = {
+        {.area = kWholeScreen, .fill = 1},
+        {.area = {0, 0, kScreen.cx, 120}, .fill = 2},
+        {.area = {40, 0, 240, 120}, .picture = &letters, .keyed = true},
+        {.area = {0, 120, kScreen.cx, kScreen.cy}, .fill = 3},
+    };
+    PixelBuffer wanted(kScreen, 4);
+    for (const Call& call : frame)
+        call.DrawNaively(wanted);
+    FrameList list;
+    PixelBuffer target(kScreen, 4);
+    Show(list, target, frame);
+    EXPECT_EQ(FirstDifference(target, wanted), std::nullopt);
+}
 
 TEST(FrameListRandomly, EveryFrameEqualsAFullRedraw) {
     for (const int depth : {1, 2, 4}) {
