@@ -97,8 +97,11 @@ std::array<std::uint32_t, 256> ReadPalette(std::span<const std::byte> file, cons
 void DecodeRow(std::span<const std::byte> row, unsigned bits,
                const std::array<std::uint32_t, 256>& palette, std::span<std::uint32_t> pixels) {
     if (bits == 24) {
-        for (std::size_t x = 0; x < pixels.size(); ++x)
-            pixels[x] = Word(row, 3 * x) | Byte(row, 3 * x + 2) << 16;
+        // Four bytes at once are one load; the row's last pixel may not have a fourth.
+        for (std::size_t x = 0; x + 1 < pixels.size(); ++x)
+            pixels[x] = Long(row, 3 * x) & 0x00FFFFFF;
+        const std::size_t last = 3 * (pixels.size() - 1);
+        pixels.back() = Word(row, last) | Byte(row, last + 2) << 16;
     } else if (bits == 32) {
         for (std::size_t x = 0; x < pixels.size(); ++x)
             pixels[x] = Long(row, 4 * x) & 0x00FFFFFF;

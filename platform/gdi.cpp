@@ -84,18 +84,22 @@ bool StretchBlt(HDC destination, const RECT& destinationArea, HDC source, const 
         return false;
     std::vector<std::uint32_t> sourceRow(static_cast<std::size_t>(sourceArea.right));
     std::vector<std::uint32_t> row(static_cast<std::size_t>(destinationArea.right));
+    const std::span from = std::span(sourceRow).subspan(static_cast<std::size_t>(sourceArea.left));
+    const std::span to = std::span(row).subspan(static_cast<std::size_t>(destinationArea.left));
     // Found once: a division for every pixel would be most of the work.
-    std::vector<std::size_t> columns(static_cast<std::size_t>(destinationArea.Width()));
+    std::vector<std::size_t> columns(to.size());
     for (std::size_t x = 0; x < columns.size(); ++x)
-        columns[x] = static_cast<std::size_t>(sourceArea.left) +
-                     x * static_cast<std::size_t>(sourceArea.Width()) / columns.size();
+        columns[x] = x * from.size() / columns.size();
     for (int y = 0; y < destinationArea.Height(); ++y) {
-        const int from = sourceArea.top + y * sourceArea.Height() / destinationArea.Height();
-        source->ReadRow(from, sourceRow);
+        source->ReadRow(sourceArea.top + y * sourceArea.Height() / destinationArea.Height(),
+                        sourceRow);
         if (destinationArea.left > 0) destination->ReadRow(destinationArea.top + y, row);
-        std::uint32_t* to = row.data() + destinationArea.left;
-        for (const std::size_t column : columns)
-            *to++ = sourceRow[column];
+        if (from.size() == to.size()) {
+            std::ranges::copy(from, to.begin());
+        } else {
+            std::ranges::transform(columns, to.begin(),
+                                   [&](std::size_t column) { return from[column]; });
+        }
         destination->WriteRow(destinationArea.top + y, row);
     }
     return true;

@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cassert>
+#include <cstring>
 
 namespace korvane {
 namespace {
@@ -22,10 +23,6 @@ void AssertCopyable([[maybe_unused]] const PixelBuffer& target, [[maybe_unused]]
     assert(Covers(target.Bounds(), {at.x, at.y, at.x + part.Width(), at.y + part.Height()}));
 }
 
-std::uint32_t PixelMask(int bytesPerPixel) {
-    return 0xFFFFFFFFu >> (32 - 8 * bytesPerPixel);
-}
-
 /// Four bytes that hold the pixel value as often as it fits.
 std::uint32_t FillPattern(std::uint32_t value, int bytesPerPixel) {
     switch (bytesPerPixel) {
@@ -37,6 +34,39 @@ std::uint32_t FillPattern(std::uint32_t value, int bytesPerPixel) {
             return value;
     }
 }
+
+/// Which pixels of a picture differ from the key.
+class KeyMask {
+  public:
+    KeyMask(const PixelBuffer& pixels, std::uint32_t key)
+        : size_(pixels.Size()), opaque_(static_cast<std::size_t>(size_.cx * size_.cy)) {
+        if (pixels.BytesPerPixel() == 1) Find(pixels, static_cast<std::uint8_t>(key));
+        if (pixels.BytesPerPixel() == 2) Find(pixels, static_cast<std::uint16_t>(key));
+        if (pixels.BytesPerPixel() == 4) Find(pixels, key);
+    }
+
+    SIZE Size() const { return size_; }
+    bool IsOpaque(int x, int y) const {
+        return opaque_[static_cast<std::size_t>(y * size_.cx + x)] != 0;
+    }
+
+  private:
+    template <class Value>
+    void Find(const PixelBuffer& pixels, Value key) {
+        std::uint8_t* opaque = opaque_.data();
+        for (int y = 0; y < size_.cy; ++y) {
+            const std::byte* pixel = pixels.Row(y);
+            for (int x = 0; x < size_.cx; ++x, pixel += sizeof(Value)) {
+                Value value;
+                std::memcpy(&value, pixel, sizeof(value));
+                *opaque++ = value != key ? 1 : 0;
+            }
+        }
+    }
+
+    SIZE size_;
+    std::vector<std::uint8_t> opaque_;
+};
 
 /// Finds the blocks of one tile, given its runs row by row from the left: a run that continues a
 /// block of the row above makes it one row higher, every other one begins a block.
@@ -72,6 +102,26 @@ class BlockFinder {
     std::vector<std::size_t> thisRow_;
     std::size_t above_ = 0;  ///< the first of aboveRow_ that does not begin left of the current run
 };
+
+/// Appends the blocks of a tile.
+void FindBlocks(const KeyMask& mask, const RECT& tile, int bytesPerPixel,
+                std::vector<OpaqueBlock>& blocks) {
+    BlockFinder finder(blocks);
+    for (std::int32_t y = tile.top; y < tile.bottom; ++y) {
+        std::int32_t x = tile.left;
+        while (x < tile.right) {
+            while (x < tile.right && !mask.IsOpaque(x, y))
+                ++x;
+            const std::int32_t begin = x;
+            while (x < tile.right && mask.IsOpaque(x, y))
+                ++x;
+            if (x == begin) break;
+            finder.AddRun(y - tile.top, (begin - tile.left) * bytesPerPixel,
+                          (x - begin) * bytesPerPixel);
+        }
+        finder.EndRow();
+    }
+}
 
 /// The part of a block that lies within `window`, placed from the window's corner (the window in
 /// the tile's bytes and rows); 0 rows when there is none.
@@ -127,14 +177,14 @@ RECT LargestEndingAt(std::span<const std::int32_t> heights, std::int32_t bottom)
     return largest;
 }
 
-RECT LargestOpaque(const PixelBuffer& pixels, std::uint32_t key) {
-    const RECT bounds = pixels.Bounds();
-    std::vector<std::int32_t> heights(static_cast<std::size_t>(bounds.right), 0);
+RECT LargestOpaque(const KeyMask& mask) {
+    const SIZE size = mask.Size();
+    std::vector<std::int32_t> heights(static_cast<std::size_t>(size.cx), 0);
     RECT largest;
-    for (std::int32_t y = 0; y < bounds.bottom; ++y) {
-        for (std::int32_t x = 0; x < bounds.right; ++x) {
+    for (std::int32_t y = 0; y < size.cy; ++y) {
+        for (std::int32_t x = 0; x < size.cx; ++x) {
             std::int32_t& height = heights[static_cast<std::size_t>(x)];
-            height = pixels.Pixel({x, y}) == key ? 0 : height + 1;
+            height = mask.IsOpaque(x, y) ? height + 1 : 0;
         }
         const RECT ended = LargestEndingAt(heights, y + 1);
         if (ended.PixelCount() > largest.PixelCount()) largest = ended;
@@ -150,37 +200,18 @@ OpaqueRuns::OpaqueRuns(const PixelBuffer& pixels, std::uint32_t key) : size_(pix
     tileShift_.x = std::countr_zero(width);
     tileShift_.y = kTileHeightShift;
     tileColumns_ = (size_.cx + TileSize().cx - 1) >> tileShift_.x;
-    key &= PixelMask(pixels.BytesPerPixel());
+    const KeyMask mask(pixels, key);
     for (std::int32_t y = 0; y < size_.cy; y += TileSize().cy) {
         for (std::int32_t x = 0; x < size_.cx; x += TileSize().cx) {
             const RECT tile = {x, y, x + TileSize().cx, y + TileSize().cy};
             firstBlock_.push_back(static_cast<std::uint32_t>(blocks_.size()));
-            AddTile(pixels, Intersect(tile, pixels.Bounds()), key);
+            FindBlocks(mask, Intersect(tile, pixels.Bounds()), pixels.BytesPerPixel(), blocks_);
         }
     }
     firstBlock_.push_back(static_cast<std::uint32_t>(blocks_.size()));
     if (pixels.Bounds().PixelCount() < kLeastCore) return;
-    const RECT core = LargestOpaque(pixels, key);
+    const RECT core = LargestOpaque(mask);
     if (core.PixelCount() >= kLeastCore) core_ = core;
-}
-
-void OpaqueRuns::AddTile(const PixelBuffer& pixels, const RECT& tile, std::uint32_t key) {
-    const int bytesPerPixel = pixels.BytesPerPixel();
-    BlockFinder finder(blocks_);
-    for (std::int32_t y = tile.top; y < tile.bottom; ++y) {
-        std::int32_t x = tile.left;
-        while (x < tile.right) {
-            while (x < tile.right && pixels.Pixel({x, y}) == key)
-                ++x;
-            const std::int32_t begin = x;
-            while (x < tile.right && pixels.Pixel({x, y}) != key)
-                ++x;
-            if (x == begin) break;
-            finder.AddRun(y - tile.top, (begin - tile.left) * bytesPerPixel,
-                          (x - begin) * bytesPerPixel);
-        }
-        finder.EndRow();
-    }
 }
 
 std::span<const OpaqueBlock> OpaqueRuns::Blocks(int tileColumn, int tileRow) const {

@@ -42,8 +42,6 @@ class OpaqueRuns {
     std::span<const OpaqueBlock> Blocks(int tileColumn, int tileRow) const;
 
   private:
-    void AddTile(const PixelBuffer& pixels, const RECT& tile, std::uint32_t key);
-
     SIZE size_;
     POINT tileShift_;
     int tileColumns_ = 0;
