@@ -68,14 +68,14 @@ bool ChangeMusic(HMUSIC handle, Change change) {
 
 /// What `load` makes of a file's bytes; an empty result, and the reason noted, when either cannot
 /// be had.
-template <typename Load, typename Result = std::invoke_result_t<Load, std::span<const std::byte>>>
+template <typename Load, typename Result = std::invoke_result_t<Load, std::vector<std::byte>>>
 Result LoadFile(const std::string& path, std::size_t cap, Load load) {
     AudioError error = Library().open ? kAudioFile : kAudioDevice;
     try {
         std::optional<std::vector<std::byte>> file;
         if (Library().open) file = TheHost().GameFiles().Read(path, cap);
         if (file) {
-            if (Result loaded = load(*file)) return loaded;
+            if (Result loaded = load(std::move(*file))) return loaded;
             error = kAudioFormat;
         }
     } catch (const std::bad_alloc&) {
@@ -109,9 +109,8 @@ bool Stop(std::uint32_t handle) {
 }
 
 /// Where a start at a position begins; nothing for where the music stands.
-std::optional<int> StartOrder(const MusicStream& stream, std::int32_t position) {
-    if (position < 0) return std::nullopt;
-    return position < stream.Orders() ? position : 0;
+std::optional<int> StartOrder(std::int32_t position) {
+    return position < 0 ? std::nullopt : std::optional<int>(position);
 }
 
 }  // namespace
@@ -156,7 +155,7 @@ void BASS_Free() {
 HMUSIC BASS_MusicLoad(bool /*fromMemory*/, const std::string& path, std::uint32_t /*offset*/,
                       std::uint32_t /*length*/, std::uint32_t /*flags*/) {
     Note({.function = __func__, .path = path});
-    std::shared_ptr<MusicStream> stream = LoadFile(path, kMaxModuleBytes, OpenModule);
+    std::shared_ptr<MusicStream> stream = LoadFile(path, kMaxModuleBytes, OpenModuleLater);
     if (!stream) return 0;
     AudioLibrary& library = Library();
     library.music[++library.lastHandle] = std::move(stream);
@@ -168,7 +167,7 @@ bool BASS_MusicPlayEx(HMUSIC music, std::int32_t position, std::uint32_t /*flags
     Note({.function = __func__, .handle = music, .position = position});
     const std::shared_ptr<MusicStream> stream = FindMusic(music);
     if (!stream) return Fail(kAudioHandle);
-    return Library().mixer.StartMusic(stream, StartOrder(*stream, position)) || Fail(kAudioSlow);
+    return Library().mixer.StartMusic(stream, StartOrder(position)) || Fail(kAudioSlow);
 }
 
 void BASS_MusicFree(HMUSIC music) {

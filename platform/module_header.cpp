@@ -98,12 +98,17 @@ bool IsXm(const Header& header) {
     return header.Has(0, "Extended Module: ") && header.Word(58) >= 0x0104;
 }
 
+/// Patterns and instruments follow the header, each after its size in four bytes. A file without
+/// room for these is refused by the player; another that is cut off plays as far as it goes.
 ModuleCounts XmCounts(const Header& header) {
-    return {.channels = header.Word(68),
-            .orders = header.Word(64),
-            .patterns = header.Word(70),
-            .instruments = header.Word(72),
-            .tablesEnd = std::max(kXmOrders, kXmSizeField + header.Long(kXmSizeField))};
+    ModuleCounts counts = {.channels = header.Word(68),
+                           .orders = header.Word(64),
+                           .patterns = header.Word(70),
+                           .instruments = header.Word(72)};
+    counts.tablesEnd =
+        std::max(kXmOrders + counts.orders, kXmSizeField + header.Long(kXmSizeField)) +
+        std::size_t{4} * (counts.patterns + counts.instruments);
+    return counts;
 }
 
 std::size_t XmMemory(const Header& header, const ModuleCounts& counts) {

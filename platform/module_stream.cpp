@@ -3,13 +3,15 @@
 #include <algorithm>
 #include <cstdint>
 #include <exception>
+#include <future>
 #include <map>
+#include <mutex>
 #include <new>
 #include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
-#include <thread>
+#include <utility>
 #include <vector>
 
 #include "platform/module_header.h"
@@ -55,7 +57,7 @@ class ModuleStream final : public MusicStream {
 
     void Seek(int order) override {
         try {
-            module_.set_position_order_row(order, 0);
+            module_.set_position_order_row(order < orders_ ? order : 0, 0);
         } catch (const std::exception&) {
             // It goes on where it is.
         }
@@ -103,19 +105,57 @@ std::size_t TitleBytes(ModuleFormat format) {
     }
 }
 
-/// Makes the tables, while there is something to wait for.
-std::jthread& TableMaker() {
-    static std::jthread thread;
-    return thread;
+/// Ready when the tables are made; not valid before somebody has asked for them.
+std::shared_future<void>& Tables() {
+    static std::shared_future<void> tables;
+    return tables;
 }
+
+/// A module that is opened by whoever plays it first.
+class LateModule final : public MusicStream {
+  public:
+    explicit LateModule(std::vector<std::byte> file) : file_(std::move(file)) {}
+
+    int Orders() const override {
+        MusicStream* const module = Opened();
+        return module ? module->Orders() : 0;
+    }
+
+    void Seek(int order) override {
+        if (MusicStream* const module = Opened()) module->Seek(order);
+    }
+
+    void Render(std::span<float> samples) override {
+        if (MusicStream* const module = Opened()) return module->Render(samples);
+        std::ranges::fill(samples, 0.0F);
+    }
+
+  private:
+    /// Null when memory ran out.
+    MusicStream* Opened() const {
+        std::call_once(once_, [this] {
+            try {
+                module_ = OpenModule(file_);
+            } catch (const std::bad_alloc&) {
+                // It stays silent.
+            }
+            file_ = {};
+        });
+        return module_.get();
+    }
+
+    mutable std::once_flag once_;
+    mutable std::vector<std::byte> file_;  ///< until it is opened
+    mutable std::unique_ptr<MusicStream> module_;
+};
 
 }  // namespace
 
 // The player computes its tables of sines and windows when it opens its first module, and keeps
-// them for all others: 12 to 20 ms of a start, two thirds of what the game's tune takes to load.
+// them for all others: 12 to 20 ms, two thirds of what the game's tune takes to open.
 void PrepareModules() {
-    if (TableMaker().joinable()) return;
-    TableMaker() = std::jthread([] {
+    if (Tables().valid()) return;
+    Tables() = std::async(std::launch::async, [] {
         try {
             const ModuleStream stream(TinyModule());
         } catch (const std::exception&) {
@@ -124,8 +164,15 @@ void PrepareModules() {
     });
 }
 
+std::unique_ptr<MusicStream> OpenModuleLater(std::vector<std::byte> file) {
+    // Of the other formats only the player can tell whether a file is really theirs. XM stands at
+    // the very beginning.
+    if (CheckModuleHeader(file) != ModuleFormat::Xm) return OpenModule(file);
+    return std::make_unique<LateModule>(std::move(file));
+}
+
 std::unique_ptr<MusicStream> OpenModule(std::span<const std::byte> file) {
-    if (TableMaker().joinable()) TableMaker().join();
+    if (const std::shared_future<void> tables = Tables(); tables.valid()) tables.wait();
     const std::optional<ModuleFormat> format = CheckModuleHeader(file);
     if (!format) return nullptr;
     try {

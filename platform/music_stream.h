@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <vector>
 
 namespace korvane {
 
@@ -12,19 +13,25 @@ class MusicStream {
     virtual ~MusicStream() = default;
     /// How many orders there are; may be asked while another thread renders.
     virtual int Orders() const = 0;
-    /// Cuts what sounds; the next frames are those at the beginning of an order, 0 to Orders() - 1.
+    /// Cuts what sounds; the next frames are those at the beginning of an order, 0 to Orders() - 1,
+    /// or of the first one for any number above.
     virtual void Seek(int order) = 0;
     /// Writes the next frames: interleaved stereo at kSoundRate, about -1 to 1. Never fails; what
     /// cannot be had is silence.
     virtual void Render(std::span<float> samples) = 0;
 };
 
-/// Begins, on a thread of its own, what the first module to be opened would take long for. May be
-/// called once, by the thread that opens modules, which then waits for it.
+/// Begins, on a thread of its own, what the first module to be opened would take long for, unless
+/// that was done before. Called before any other thread opens modules; whoever opens one waits.
 void PrepareModules();
 
 /// Opens a tracker module; null when it is none of the formats of platform/module_header.h or is
 /// damaged. May throw std::bad_alloc.
 std::unique_ptr<MusicStream> OpenModule(std::span<const std::byte> file);
+
+/// The same, but where the header alone tells that the file will do, it is opened by the thread
+/// that plays it, when it first does: the game starts without waiting for its music. When memory
+/// runs out then, the music is silent.
+std::unique_ptr<MusicStream> OpenModuleLater(std::vector<std::byte> file);
 
 }  // namespace korvane

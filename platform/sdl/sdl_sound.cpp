@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/music_stream.h"
+
 namespace korvane {
 namespace {
 
@@ -36,6 +38,7 @@ bool SdlSound::Open(SoundSource& source) {
         source_ = nullptr;
         return false;
     }
+    PrepareModules();  // while the pictures are read
     lost_ = ending_ = false;
     keeper_ = std::thread([this] { KeepDevice(); });
     return true;

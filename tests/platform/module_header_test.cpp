@@ -30,7 +30,7 @@ void PutLong(File& file, std::size_t at, std::size_t value) {
 // The smallest files of each format that are accepted.
 
 File Xm() {
-    File file(60 + 276);
+    File file(60 + 276 + 2 * 4);  // two parts' sizes
     PutText(file, 0, "Extended Module: ");
     PutWord(file, 58, 0x0104);
     PutWord(file, 60, 276);

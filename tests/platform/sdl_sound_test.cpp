@@ -143,7 +143,8 @@ TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
 TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
     Mixer mixer;
     PrepareModules();
-    const std::shared_ptr<MusicStream> music[] = {OpenModule(MakeXm({})), OpenModule(MakeXm({}))};
+    const std::shared_ptr<MusicStream> music[] = {OpenModule(MakeXm({})),
+                                                  OpenModuleLater(MakeXm({}))};
     const auto click = std::make_shared<const Sample>(Sample{1, std::vector<std::int16_t>(90)});
     std::atomic<bool> ended = false;
     std::thread device([&] {
