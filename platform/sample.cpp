@@ -29,10 +29,11 @@ std::vector<float> Resample(const WavSound& sound) {
     return samples;
 }
 
-/// Resampling may overshoot a little.
+/// The nearest; resampling may overshoot a little. Without the library's rounding, whose calls
+/// would be most of the work.
 std::int16_t ToInteger(float sample) {
-    return static_cast<std::int16_t>(
-        std::lround(std::clamp(sample * 32768.0F, -32768.0F, 32767.0F)));
+    const float scaled = std::clamp(sample * 32768.0F, -32768.0F, 32767.0F);
+    return static_cast<std::int16_t>(scaled + std::copysign(0.5F, scaled));
 }
 
 }  // namespace

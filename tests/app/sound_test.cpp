@@ -60,13 +60,7 @@ void AddLoads(Lines& lines, const std::string& skin, std::initializer_list<const
     }
 }
 
-class SoundTest : public ProgramFixture {
-  protected:
-    void SetUp() override {
-        ProgramFixture::SetUp();
-        theSettings.showAdvancedAtStart = false;
-    }
-};
+using SoundTest = ProgramFixture;
 
 TEST_F(SoundTest, WithoutADeviceTheUserIsToldOnceAndPlaysInSilence) {
     Headless().RefuseSound(true);

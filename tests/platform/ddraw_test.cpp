@@ -22,8 +22,8 @@ class DisplayTest : public testing::TestWithParam<int> {
   protected:
     void SetUp() override {
         Headless().Reset();
-        RegisterClass({"Test", IgnoringProc});
-        window = CreateWindowEx(0, "Test", "", 0, {0, 0}, {kWidth, kHeight});
+        RegisterClass({"Ignoring", IgnoringProc});
+        window = CreateWindowEx(0, "Ignoring", "", 0, {0, 0}, {kWidth, kHeight});
         IDirectDraw7* created = nullptr;
         ASSERT_EQ(DirectDrawCreateEx(created), S_OK);
         directDraw.reset(created);
@@ -275,8 +275,8 @@ class DisplayModeTest : public testing::Test {
         IDirectDraw7* created = nullptr;
         ASSERT_EQ(DirectDrawCreateEx(created), S_OK);
         directDraw.reset(created);
-        RegisterClass({"Test", IgnoringProc});
-        window = CreateWindowEx(0, "Test", "", 0, {0, 0}, {kWidth, kHeight});
+        RegisterClass({"Ignoring", IgnoringProc});
+        window = CreateWindowEx(0, "Ignoring", "", 0, {0, 0}, {kWidth, kHeight});
     }
     void TearDown() override { DestroyWindow(window); }
 

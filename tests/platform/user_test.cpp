@@ -31,8 +31,8 @@ class UserTest : public testing::Test {
   protected:
     void SetUp() override {
         Headless().Reset();
-        RegisterClass({"Test", RecordingProc});
-        window = CreateWindowEx(0, "Test", "A window", WS_CAPTION | WS_THICKFRAME,
+        RegisterClass({"Recording", RecordingProc});
+        window = CreateWindowEx(0, "Recording", "A window", WS_CAPTION | WS_THICKFRAME,
                                 {CW_USEDEFAULT, CW_USEDEFAULT}, {648, 507});
         ASSERT_TRUE(window);
         seen.clear();
@@ -71,11 +71,11 @@ TEST_F(UserTest, OuterSizeFrameAndClientAgree) {
 }
 
 TEST_F(UserTest, OnlyOneWindowOfAKnownClass) {
-    EXPECT_FALSE(CreateWindowEx(0, "Test", "", 0, {0, 0}, {100, 100}));
+    EXPECT_FALSE(CreateWindowEx(0, "Recording", "", 0, {0, 0}, {100, 100}));
     EXPECT_FALSE(RegisterClass({"", RecordingProc}));
     DestroyWindow(window);
     Headless().RefuseWindow(true);
-    EXPECT_FALSE(CreateWindowEx(0, "Test", "", 0, {0, 0}, {100, 100})) << "no display";
+    EXPECT_FALSE(CreateWindowEx(0, "Recording", "", 0, {0, 0}, {100, 100})) << "no display";
     Headless().RefuseWindow(false);
     EXPECT_FALSE(CreateWindowEx(0, "Unknown", "", 0, {0, 0}, {100, 100}));
 }

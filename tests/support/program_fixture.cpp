@@ -3,6 +3,7 @@
 #include "app/process_state.h"
 #include "app/program.h"
 #include "app/settings.h"
+#include "audio/music_player.h"
 #include "game/game_frame.h"
 #include "game/key_bindings.h"
 #include "platform/headless/headless_host.h"
@@ -30,6 +31,7 @@ void ProgramFixture::SetUp() {
     theSettings.scrollingPieces = false;
     theSettings.dropDelayMs = 0;
     keyBindings.ResetToDefaults();
+    theMusic = MusicPlayer();
     theMatch = {};
     menuShowing = true;
     highScoresShowing = audioReady = appActive = false;
