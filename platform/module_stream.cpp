@@ -105,6 +105,12 @@ std::size_t TitleBytes(ModuleFormat format) {
     }
 }
 
+/// True when the player takes every file of the format for what its header was checked for: XM has
+/// its signature at the very beginning, where no other format looks for another.
+bool IsSure(ModuleFormat format) {
+    return format == ModuleFormat::Xm;
+}
+
 /// Ready when the tables are made; not valid before somebody has asked for them.
 std::shared_future<void>& Tables() {
     static std::shared_future<void> tables;
@@ -165,9 +171,8 @@ void PrepareModules() {
 }
 
 std::unique_ptr<MusicStream> OpenModuleLater(std::vector<std::byte> file) {
-    // Of the other formats only the player can tell whether a file is really theirs. XM stands at
-    // the very beginning.
-    if (CheckModuleHeader(file) != ModuleFormat::Xm) return OpenModule(file);
+    const std::optional<ModuleFormat> format = CheckModuleHeader(file);
+    if (!format || !IsSure(*format)) return OpenModule(file);
     return std::make_unique<LateModule>(std::move(file));
 }
 
@@ -183,7 +188,7 @@ std::unique_ptr<MusicStream> OpenModule(std::span<const std::byte> file) {
             file = untitled;
         }
         // Before samples are made of it: signatures can stand elsewhere, too.
-        if (!ModuleStream(file, kLook).IsOf(*format)) return nullptr;
+        if (!IsSure(*format) && !ModuleStream(file, kLook).IsOf(*format)) return nullptr;
         auto stream = std::make_unique<ModuleStream>(file);
         if (!stream->IsOf(*format)) return nullptr;
         return stream;
