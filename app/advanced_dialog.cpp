@@ -9,7 +9,7 @@
 #include "app/settings.h"
 #include "gfx/display.h"
 #include "platform/dialog_items.h"
-#include "platform/host.h"
+#include "platform/kernel.h"
 #include "res/dialog_ids.h"
 
 namespace korvane {
@@ -121,7 +121,7 @@ int FindSkin(HCTL list, const std::string& name) {
 }
 
 void ShowSkins(HDLG dialog) {
-    const auto entries = TheHost().GameFiles().List("Skins");
+    const auto entries = GameFiles().List("Skins");
     if (!entries || entries->empty())
         MessageBox(dialog, "Fatal Error! No skins found!", "Korvane", MB_OK);
     const HCTL list = GetDlgItem(dialog, kItemSkins);

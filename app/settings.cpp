@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "platform/byte_stream.h"
-#include "platform/host.h"
+#include "platform/kernel.h"
 
 namespace korvane {
 namespace {
@@ -98,7 +98,7 @@ Settings::~Settings() {
 }
 
 bool Settings::Load() {
-    const auto bytes = TheHost().GameFiles().Read(kSettingsPath, kDataFileCap);
+    const auto bytes = GameFiles().Read(kSettingsPath, kDataFileCap);
     if (!bytes || bytes->empty()) return false;
     SettingsValues values;
     FieldReader reader(*bytes);
@@ -111,7 +111,7 @@ bool Settings::Load() {
 void Settings::Save() const {
     FieldWriter writer;
     VisitInFileOrder(*this, writer);
-    TheHost().GameFiles().Replace(kSettingsPath, writer.Bytes());
+    GameFiles().Replace(kSettingsPath, writer.Bytes());
 }
 
 void Settings::SetDefaults() {

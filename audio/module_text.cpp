@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/decimal.h"
-#include "platform/host.h"
+#include "platform/kernel.h"
 
 namespace korvane {
 namespace {
@@ -62,7 +62,7 @@ void ApplyModuleText(std::string_view text, ModuleChoice& choice) {
 
 bool ReadModuleText(const std::string& folder, ModuleChoice& choice) {
     const std::optional<std::vector<std::byte>> file =
-        TheHost().GameFiles().Read(folder + "module.txt", kMaxModuleTextBytes);
+        GameFiles().Read(folder + "module.txt", kMaxModuleTextBytes);
     if (!file) return false;
     ApplyModuleText({reinterpret_cast<const char*>(file->data()), file->size()}, choice);
     return true;

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "platform/byte_stream.h"
-#include "platform/host.h"
+#include "platform/kernel.h"
 #include "platform/virtual_keys.h"
 
 namespace korvane {
@@ -37,7 +37,7 @@ void KeyBindings::ResetToDefaults() {
 }
 
 void KeyBindings::Load() {
-    const auto bytes = TheHost().GameFiles().Read(kKeysPath, kDataFileCap);
+    const auto bytes = GameFiles().Read(kKeysPath, kDataFileCap);
     if (!bytes || bytes->empty()) {
         ResetToDefaults();
         return;
@@ -50,7 +50,7 @@ void KeyBindings::Load() {
 void KeyBindings::Save() const {
     ByteWriter writer;
     VisitKeysInFileOrder(*this, [&writer](std::uint8_t key) { writer.Write(key); });
-    TheHost().GameFiles().Replace(kKeysPath, writer.Bytes());
+    GameFiles().Replace(kKeysPath, writer.Bytes());
 }
 
 }  // namespace korvane

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "platform/byte_stream.h"
-#include "platform/host.h"
+#include "platform/kernel.h"
 
 namespace korvane {
 namespace {
@@ -66,7 +66,7 @@ LevelTable::~LevelTable() {
 }
 
 bool LevelTable::LoadTable() {
-    const auto bytes = TheHost().GameFiles().Read(kTablePath, kDataFileCap);
+    const auto bytes = GameFiles().Read(kTablePath, kDataFileCap);
     if (!bytes) return false;
     ByteReader reader(*bytes);
     LevelTableValues table;
@@ -81,7 +81,7 @@ void LevelTable::SaveTable() const {
     ByteWriter writer;
     writer.Write(version);
     VisitLevelsInFileOrder(*this, [&](std::uint32_t field) { writer.Write(field); });
-    TheHost().GameFiles().Replace(kTablePath, writer.Bytes());
+    GameFiles().Replace(kTablePath, writer.Bytes());
 }
 
 void LevelTable::SetDefaults() {

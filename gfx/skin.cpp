@@ -4,7 +4,7 @@
 
 #include "app/settings.h"
 #include "platform/bmp.h"
-#include "platform/host.h"
+#include "platform/kernel.h"
 
 namespace korvane {
 
@@ -20,7 +20,7 @@ std::string FallbackPicturePath(const std::string& fileName) {
 
 void SkinColorKeys::Load() {
     constexpr std::size_t kPixelOffsetField = 10;
-    Files& files = TheHost().GameFiles();
+    Files& files = GameFiles();
     auto file = files.Read(SkinPath("colorkey.bmp"), kMaxBitmapBytes);
     if (!file) file = files.Read("Skins\\Original\\colorkey.bmp", kMaxBitmapBytes);
     if (!file || file->size() < kPixelOffsetField + 4) return;

@@ -31,4 +31,8 @@ void Sleep(std::uint32_t milliseconds) {
     TheHost().Sleep(milliseconds);
 }
 
+Files& GameFiles() {
+    return TheHost().GameFiles();
+}
+
 }  // namespace korvane

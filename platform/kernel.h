@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "platform/files.h"
+
 namespace korvane {
 
 /// Milliseconds of the system's tick counter; wraps around, so tests are unsigned differences.
@@ -15,5 +17,8 @@ std::uint32_t timeGetTime();
 /// Seconds since 1970-01-01 UTC.
 std::int64_t SecondsSinceEpoch();
 void Sleep(std::uint32_t milliseconds);
+
+/// The one gate to files: the game's own, those of skins, and the listing of folders.
+Files& GameFiles();
 
 }  // namespace korvane

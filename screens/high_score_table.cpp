@@ -4,7 +4,7 @@
 #include <span>
 
 #include "platform/byte_stream.h"
-#include "platform/host.h"
+#include "platform/kernel.h"
 
 namespace korvane {
 namespace {
@@ -70,7 +70,7 @@ HighScoreTable::HighScoreTable() {
 }
 
 bool HighScoreTable::Load() {
-    const auto bytes = TheHost().GameFiles().Read(kTablePath, kDataFileCap);
+    const auto bytes = GameFiles().Read(kTablePath, kDataFileCap);
     // A file without even the first name is none; one that ends later leaves its rows empty.
     if (!bytes || bytes->size() < kNameBytes) return false;
     FieldReader reader(*bytes);
@@ -81,7 +81,7 @@ bool HighScoreTable::Load() {
 void HighScoreTable::Save() const {
     FieldWriter writer;
     VisitInFileOrder(rows_, writer);
-    TheHost().GameFiles().Replace(kTablePath, writer.Bytes());
+    GameFiles().Replace(kTablePath, writer.Bytes());
 }
 
 void HighScoreTable::SetDefaults() {
