@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/headless/headless_host.h"
@@ -67,19 +69,21 @@ class HighScoreTableTest : public testing::Test {
 };
 
 TEST_F(HighScoreTableTest, AScoreGoesAboveThoseThatItEquals) {
-    struct Case {
-        std::int32_t score;
-        int row;  ///< -1 for none
-    };
-    const HighScoreTable table;
-    for (const auto& [score, row] :
-         {Case{kMost, 0}, Case{1001, 0}, Case{1000, 0}, Case{999, 1}, Case{500, 5}, Case{101, 9},
-          Case{100, 9}, Case{99, -1}, Case{0, -1}, Case{-1, -1}, Case{kLeast, -1}})
-        EXPECT_EQ(static_cast<int>(table.FindRank(score).value_or(std::size_t(-1))), row) << score;
-}
-
-TEST_F(HighScoreTableTest, RanksHoldAtTheEndsOfTheNumbers) {
     HighScoreTable table;
+    constexpr std::pair<std::int32_t, std::optional<std::size_t>> kRanks[] = {
+        {kMost, 0},
+        {1001, 0},
+        {1000, 0},
+        {999, 1},
+        {500, 5},
+        {101, 9},
+        {100, 9},
+        {99, std::nullopt},
+        {0, std::nullopt},
+        {-1, std::nullopt},
+        {kLeast, std::nullopt}};
+    for (const auto& [score, row] : kRanks)
+        EXPECT_EQ(table.FindRank(score), row) << score;
     for (int i = 0; i < 10; ++i)
         table.Row(static_cast<std::size_t>(i)).score = i < 5 ? kMost : kLeast;
     EXPECT_EQ(table.FindRank(kMost), 0U);
@@ -94,14 +98,13 @@ TEST_F(HighScoreTableTest, AnEntryPushesThoseBelowItDownAndTheLastOut) {
     for (const std::size_t row : {0U, 4U, 9U}) {
         const HighScoreTable before;
         HighScoreTable after;
-        after.Insert(row, {.lines = 1, .score = 2, .level = 3});
+        const HighScoreEntry entry{.lines = 1, .score = 2, .level = 3};
+        after.Insert(row, entry);
         for (std::size_t i = 0; i < kHighScoreRows; ++i) {
-            SCOPED_TRACE(testing::Message() << "inserted at " << row << ", looking at " << i);
-            const HighScoreEntry want = i < row ? before.Row(i)
-                                        : i == row
-                                            ? HighScoreEntry{.lines = 1, .score = 2, .level = 3}
-                                            : before.Row(i - 1);
-            EXPECT_EQ(after.Row(i), want);
+            const HighScoreEntry want = i < row   ? before.Row(i)
+                                        : i > row ? before.Row(i - 1)
+                                                  : entry;
+            EXPECT_EQ(after.Row(i), want) << "inserted at " << row << ", looking at " << i;
         }
     }
 }
