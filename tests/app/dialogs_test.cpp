@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/advanced_dialog.h"
@@ -70,6 +71,7 @@ class DialogsTest : public ProgramFixture {
     }
     static void Ok() { PressKeys({VK_RETURN}); }
     static void Cancel() { PressKeys({VK_ESCAPE}); }
+    static void EndFromOutside() { Headless().Push({.type = HostEventType::Terminate}); }
     void MakeSkin(const std::string& name) const {
         std::filesystem::create_directories(folder.Path() + "/Skins/" + name);
     }
@@ -79,23 +81,20 @@ class DialogsTest : public ProgramFixture {
 
 TEST_F(DialogsTest, TheFirstStartAsksBeforeTheWindowIsSeen) {
     theSettings.showAdvancedAtStart = true;
-    bool wasAlone = false;
+    const auto isAloneAndCentred = [] {
+        const RECT area = Headless().ClientArea();
+        const RECT work = Headless().WorkArea();
+        EXPECT_EQ(Headless().Title(), "Advanced settings");
+        EXPECT_EQ((SIZE{area.Width(), area.Height()}), (SIZE{477, 237}));
+        EXPECT_NEAR(area.left - work.left, work.right - area.right, 1);
+        EXPECT_NEAR(area.top - work.top, work.bottom - area.bottom, 1);
+        Cancel();
+    };
     {
-        const DialogScript script(
-            {[&] {
-                 const RECT area = Headless().ClientArea();
-                 const RECT work = Headless().WorkArea();
-                 wasAlone = Headless().Title() == "Advanced settings" && area.Width() == 477 &&
-                            area.Height() == 237;
-                 EXPECT_NEAR(area.left - work.left, work.right - area.right, 1);
-                 EXPECT_NEAR(area.top - work.top, work.bottom - area.bottom, 1);
-                 PressKeys({VK_ESCAPE});
-             },
-             [] { ClickItem(IDCANCEL); }, Ok});
+        const DialogScript script({isAloneAndCentred, [] { ClickItem(IDCANCEL); }, Ok});
         Start();
         EXPECT_TRUE(script.WentAsWritten());
     }
-    EXPECT_TRUE(wasAlone);
     EXPECT_FALSE(theSettings.showAdvancedAtStart);
     EXPECT_EQ(Headless().Title(), "Korvane");
     EXPECT_EQ(Headless().PictureSize(), (SIZE{640, 499}));
@@ -104,8 +103,7 @@ TEST_F(DialogsTest, TheFirstStartAsksBeforeTheWindowIsSeen) {
 TEST_F(DialogsTest, WhoeverEndsTheProgramInADialogEndsItProperly) {
     for (const bool first : {true, false}) {
         theSettings.showAdvancedAtStart = first;
-        const auto terminate = [] { Headless().Push({.type = HostEventType::Terminate}); };
-        const DialogScript script({terminate});
+        const DialogScript script({EndFromOutside});
         ASSERT_TRUE(StartUp());
         if (!first) Command(kCmdAbout);
         EXPECT_TRUE(script.WentAsWritten());
@@ -122,7 +120,7 @@ TEST_F(DialogsTest, WhoeverEndsTheProgramInADialogEndsItProperly) {
 TEST_F(DialogsTest, AnEndInABoxOfTheFirstDialogLeavesTheWindowUnseen) {
     theSettings.showAdvancedAtStart = true;
     Headless().SetDisplayModes({});
-    const DialogScript script({Ok, [] { Headless().Push({.type = HostEventType::Terminate}); }});
+    const DialogScript script({Ok, EndFromOutside});
     ASSERT_TRUE(StartUp());
     EXPECT_TRUE(script.WentAsWritten());
     EXPECT_FALSE(Headless().IsVisible());
@@ -146,11 +144,11 @@ TEST_F(DialogsTest, AClickOnQuitJustBeforeWaitsForTheBoxesToEnd) {
 
 TEST_F(DialogsTest, OffersTheFoldersThatCanBeKept) {
     const std::string longest(254, 'x');
-    for (const std::string& name :
-         {std::string("beta"), std::string("Alpha"), std::string(".hidden"), longest,
-          std::string(255, 'y'), std::string("n\xFC\x80zz"), std::string("beta\\original"),
-          std::string("ORIGINAL")})
+    for (const char* name :
+         {"beta", "Alpha", ".hidden", "n\xFC\x80zz", "beta\\original", "ORIGINAL"})
         MakeSkin(name);
+    MakeSkin(longest);
+    MakeSkin(longest + "y");
     folder.Write("Skins/file", {});
     theSettings.skinName = "vanished";
     Start();
@@ -211,8 +209,7 @@ TEST_F(DialogsTest, MissingSkinsAndModesAreTold) {
         };
     };
     const auto emptyLists = [] {
-        EXPECT_TRUE(Entries(kItemSkins).empty());
-        EXPECT_TRUE(Entries(kItemDisplayModes).empty());
+        EXPECT_TRUE(Entries(kItemSkins).empty() && Entries(kItemDisplayModes).empty());
         Ok();
     };
     theSettings.windowed = false;  // as for the next start
@@ -224,22 +221,16 @@ TEST_F(DialogsTest, MissingSkinsAndModesAreTold) {
 TEST_F(DialogsTest, TheDelayEndsBelowWhatItsTextShows) {
     Start();
     theSettings.dropDelayMs = 150;
-    const auto right = [] {
-        SendScroll(SB_LINERIGHT, 1);
-        EXPECT_EQ(TextOf(kItemDropDelayText), "151");
-        SendScroll(SB_PAGERIGHT, 1);
-        EXPECT_EQ(TextOf(kItemDropDelayText), "159");
+    const auto asked = [](ScrollRequest request, int times, const char* shown) {
+        return [=] {
+            SendScroll(request, times);
+            EXPECT_EQ(TextOf(kItemDropDelayText), shown);
+        };
     };
-    Use(kCmdAdvancedSettings, {right, Ok});
+    Use(kCmdAdvancedSettings, {asked(SB_LINERIGHT, 1, "151"), asked(SB_PAGERIGHT, 1, "159"), Ok});
     EXPECT_EQ(theSettings.dropDelayMs, 150u);
-    const auto left = [] {
-        SendScroll(SB_PAGELEFT, 20);
-        EXPECT_EQ(TextOf(kItemDropDelayText), "0");
-        SendScroll(SB_LINERIGHT, 3);
-        SendScroll(SB_ENDSCROLL, 1);
-        EXPECT_EQ(TextOf(kItemDropDelayText), "3");
-    };
-    Use(kCmdAdvancedSettings, {left, Ok});
+    Use(kCmdAdvancedSettings, {asked(SB_PAGELEFT, 20, "0"), asked(SB_LINERIGHT, 3, "3"),
+                               asked(SB_ENDSCROLL, 1, "3"), Ok});
     EXPECT_EQ(theSettings.dropDelayMs, 3u);
 }
 
@@ -272,14 +263,14 @@ TEST_F(DialogsTest, LevelsTakeWhatIsANumberOfTheirRange) {
     };
     Start();
     const LevelTableValues before = theLevelTable;
-    std::size_t level = 0;
-    for (const Case& c : cases) {
+    for (std::size_t level = 0; const Case& c : cases) {
         level = (level + 1) % kLevelCount;
-        theLevelTable.normalMs[level][1] = 77;
+        std::uint32_t& value = theLevelTable.normalMs[level][1];
+        value = 77;
         const std::uint16_t box = kNormalItems[1].OfLevel(level);
         Use(kCmdLevelSettings, {[&] { SetDlgItemText(ShownDialog(), box, c.text); }, Ok});
-        EXPECT_EQ(theLevelTable.normalMs[level][1], c.want == 0 ? 77 : c.want) << c.text;
-        theLevelTable.normalMs[level][1] = before.normalMs[level][1];
+        EXPECT_EQ(std::exchange(value, before.normalMs[level][1]), c.want == 0 ? 77 : c.want)
+            << c.text;
     }
     EXPECT_EQ(static_cast<const LevelTableValues&>(theLevelTable), before);
 }
@@ -288,10 +279,8 @@ TEST_F(DialogsTest, EveryLevelBoxHasItsOwnValue) {
     Start();
     // Every box gets the number of its id.
     const auto number = [] {
-        for (std::uint16_t id = 1036; id <= 1144; ++id) {
-            if (TextOf(id).empty()) continue;
-            SetDlgItemText(ShownDialog(), id, std::to_string(id));
-        }
+        for (std::uint16_t id = 1036; id <= 1144; ++id)
+            if (!TextOf(id).empty()) SetDlgItemText(ShownDialog(), id, std::to_string(id));
     };
     Use(kCmdLevelSettings, {number, Cancel});
     EXPECT_EQ(theLevelTable.version, 151u);

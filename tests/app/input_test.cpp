@@ -37,14 +37,6 @@ class InputTest : public ProgramFixture {
     }
 
     static bool GameShows() { return !menuShowing && !highScoresShowing; }
-
-    /// A table that every result reaches.
-    void WriteLowScores() { folder.Write("data/hs.dat", std::vector<std::byte>(260)); }
-
-    static std::string TopName() {
-        const std::string_view name = theHighScoreScreen->Table().Row(0).Name();
-        return std::string(name.substr(0, name.find_last_not_of(' ') + 1));
-    }
 };
 
 // Presses. ---------------------------------------------------------------------------------------
@@ -54,7 +46,8 @@ TEST_F(InputTest, APressedButtonIsSeenForAWhileBeforeItActs) {
     ClickAt(kStartButton);
     Run(150);
     EXPECT_EQ(Seen(kStartButton.x, kStartButton.y), "menu/startbutt 1");
-    EXPECT_TRUE(menuShowing);
+    SendMessage(mainWindow, WM_TIMER, 4, 0);
+    EXPECT_TRUE(menuShowing) << "another timer is nobody's";
     Run(80);
     EXPECT_TRUE(GameShows());
     EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::Start));
@@ -96,14 +89,6 @@ TEST_F(InputTest, QuitEndsTheProgramAfterItsLook) {
     EXPECT_FALSE(IsRunning());
     EXPECT_EQ(theMenuScreen, nullptr);
     EXPECT_EQ(currentDisplay, nullptr);
-}
-
-TEST_F(InputTest, QuitCanBeCalledOff) {
-    Start();
-    ClickAt(kQuitButton);
-    ClickAt(kNowhere);
-    Run(1000);
-    EXPECT_TRUE(IsRunning());
 }
 
 TEST_F(InputTest, ViewsOpenAndCloseWithTheirButtons) {
@@ -177,66 +162,49 @@ TEST_F(InputTest, DuringAGamePressesDoNothing) {
     EXPECT_TRUE(GameShows());
 }
 
-TEST_F(InputTest, PressesOutsideTheFrameHitNothing) {
+TEST_F(InputTest, PressesCountFromInsideTheFrame) {
     Start();
-    for (const auto& [x, y] : {std::pair{-1, -1},
-                               {-32768, 32767},
-                               {32767, -32768},
-                               {640, 480},
-                               {160 - 65536 / 2, 410}}) {
-        SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(x, y)));
-        EXPECT_EQ(pendingClick, kMenuNothing) << x << ", " << y;
+    struct Case {
+        bool windowed;
+        int x, y;
+        int click;
+    };
+    // In full screen 4 and 23 pixels further: the very first pixel of the button.
+    for (const Case& c :
+         {Case{true, -1, -1, kMenuNothing}, Case{true, -32768, 32767, kMenuNothing},
+          Case{true, 32767, -32768, kMenuNothing}, Case{true, 640, 480, kMenuNothing},
+          Case{true, 160 - 65536 / 2, 410, kMenuNothing}, Case{false, 152 + 1, 380 + 1, kMenuStart},
+          Case{false, 152, 380 + 1, kMenuNothing}, Case{false, -3, -20, kMenuNothing}}) {
+        theSettings.windowed = c.windowed;
+        SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(c.x, c.y)));
+        EXPECT_EQ(pendingClick, c.click) << c.windowed << ", " << c.x << ", " << c.y;
     }
-}
-
-TEST_F(InputTest, InFullScreenPressesCountFromInsideTheFrame) {
-    Start();
-    theSettings.windowed = false;
-    SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(152 + 1, 380 + 1)));
-    EXPECT_EQ(pendingClick, kMenuStart) << "4 and 23 pixels further: the very first pixel";
-    SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(152, 380 + 1)));
-    EXPECT_EQ(pendingClick, kMenuNothing);
-    SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(-3, -20)));
-    EXPECT_EQ(pendingClick, kMenuNothing);
-}
-
-TEST_F(InputTest, OtherTimersAreNobodys) {
-    Start();
-    ClickAt(kStartButton);
-    SendMessage(mainWindow, WM_TIMER, 4, 0);
-    EXPECT_TRUE(menuShowing);
-    SendMessage(mainWindow, WM_TIMER, 3, 0);
-    EXPECT_TRUE(GameShows());
 }
 
 // Keys. ------------------------------------------------------------------------------------------
 
 TEST_F(InputTest, APauseKeyIsItsOwnersButInBattleBoths) {
     struct Case {
+        const char* what;
         bool battle;
-        std::uint8_t key;
+        std::uint8_t leftKey, key;
         bool right, left;  ///< paused afterwards
     };
-    for (const Case& c : {Case{false, 'P', true, false}, Case{false, 'T', false, true},
-                          Case{true, 'P', true, true}, Case{true, 'T', true, true}}) {
+    for (const Case& c :
+         {Case{"right", false, 'T', 'P', true, false}, Case{"left", false, 'T', 'T', false, true},
+          Case{"a key of both is the left one's first", false, 'P', 'P', false, true},
+          Case{"battle, right", true, 'T', 'P', true, true},
+          Case{"battle, left", true, 'T', 'T', true, true}}) {
         theSettings.battle = c.battle;
         Start();
+        keyBindings.Key(Action::Pause, Side::Left) = c.leftKey;
         Command(kCmdNewGame);
         Press(c.key);
-        EXPECT_EQ(rightPlayer->IsPaused(), c.right) << c.key << c.battle;
-        EXPECT_EQ(leftPlayer->IsPaused(), c.left) << c.key << c.battle;
+        EXPECT_EQ(rightPlayer->IsPaused(), c.right) << c.what;
+        EXPECT_EQ(leftPlayer->IsPaused(), c.left) << c.what;
         End();
         menuShowing = true;
     }
-}
-
-TEST_F(InputTest, AKeyThatPausesBothIsTheLeftPlayersFirst) {
-    Start();
-    keyBindings.Key(Action::Pause, Side::Left) = 'P';
-    Command(kCmdNewGame);
-    Press('P');
-    EXPECT_TRUE(leftPlayer->IsPaused());
-    EXPECT_FALSE(rightPlayer->IsPaused());
 }
 
 TEST_F(InputTest, HomeIsACheatExceptInTheKeyConfiguration) {
@@ -284,46 +252,23 @@ TEST_F(InputTest, ActivationAndDeactivationPauseGames) {
 
 // The end of a match. ----------------------------------------------------------------------------
 
-TEST_F(InputTest, AGoodResultIsNamedAndKept) {
-    WriteLowScores();
-    Start();
-    ClickAt(kStartButton);
-    Run(kPressedLookPassed);
-    EndGame(*rightPlayer, 1);
-    Frame();
-    Frame();
-    ASSERT_TRUE(highScoresShowing && rightPlayer->HighScoreEntered());
-    ClickAt(kMenuButton);
-    EXPECT_EQ(pendingClick, kHighScoreNothing);
-    for (const std::uint8_t key : std::initializer_list<std::uint8_t>{'W', 'A', 'P'})
-        Press(key);
-    Press(VK_HOME);
-    EXPECT_FALSE(nextFigureCheat) << "every key is for the name";
-    Press(VK_RETURN);
-    EXPECT_EQ(TopName(), "WAP");
-    EXPECT_FALSE(rightPlayer->HighScoreEntered());
-    const int score = rightPlayer->Score();
-    EXPECT_EQ(theHighScoreScreen->Table().Row(0).score, score);
-    EXPECT_EQ(theHighScoreScreen->Table().Row(1).score, 0) << "taken in once";
-    End();
-    const std::vector<std::byte> file = folder.Read("data/hs.dat");
-    ASSERT_EQ(file.size(), 260U);
-    EXPECT_EQ(file[0], std::byte{'W'});
-    EXPECT_EQ(file[22], static_cast<std::byte>(score));
-}
-
-TEST_F(InputTest, OfTwoGoodResultsTheBetterIsNamedFirst) {
-    WriteLowScores();
+TEST_F(InputTest, GoodResultsAreNamedTheBetterOneFirstAndKept) {
+    folder.Write("data/hs.dat", std::vector<std::byte>(260));  // every result reaches this table
     Start();
     Command(kCmdNewGame);
     EndGame(*leftPlayer, 1);
     EndGame(*rightPlayer, 5);
-    ASSERT_GT(rightPlayer->Score(), leftPlayer->Score());
+    const int scores[] = {rightPlayer->Score(), leftPlayer->Score()};
+    ASSERT_GT(scores[0], scores[1]);
     Frame();
     Frame();
-    EXPECT_TRUE(rightPlayer->HighScoreEntered());
+    ASSERT_TRUE(highScoresShowing && rightPlayer->HighScoreEntered());
     EXPECT_FALSE(leftPlayer->HighScoreEntered());
-    Press('R');
+    ClickAt(kMenuButton);
+    EXPECT_EQ(pendingClick, kHighScoreNothing);
+    for (const std::uint8_t key : std::initializer_list<std::uint8_t>{'W', 'A', 'P', VK_HOME})
+        Press(key);
+    EXPECT_FALSE(nextFigureCheat) << "every key is for the name";
     Press(VK_RETURN);
     Frame();
     EXPECT_FALSE(rightPlayer->HighScoreEntered());
@@ -331,9 +276,17 @@ TEST_F(InputTest, OfTwoGoodResultsTheBetterIsNamedFirst) {
     Press('L');
     Press(VK_RETURN);
     Frame();
-    EXPECT_EQ(TopName(), "R");
-    EXPECT_EQ(theHighScoreScreen->Table().Row(1).Name().front(), 'L');
-    EXPECT_EQ(theHighScoreScreen->Table().Row(2).score, 0);
+    const HighScoreTable& table = theHighScoreScreen->Table();
+    EXPECT_EQ(table.Row(0).Name().substr(0, 4), "WAP ");
+    EXPECT_EQ(table.Row(1).Name().substr(0, 2), "L ");
+    EXPECT_EQ(table.Row(0).score, scores[0]);
+    EXPECT_EQ(table.Row(1).score, scores[1]);
+    EXPECT_EQ(table.Row(2).score, 0) << "each taken in once";
+    End();
+    const std::vector<std::byte> file = folder.Read("data/hs.dat");
+    ASSERT_EQ(file.size(), 260U);
+    EXPECT_EQ(file[0], std::byte{'W'});
+    EXPECT_EQ(file[22], static_cast<std::byte>(scores[0]));
 }
 
 TEST_F(InputTest, ARefusedResultKeepsTheOtherOutAndTheTableAsItWas) {

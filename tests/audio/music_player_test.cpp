@@ -1,5 +1,7 @@
 #include "audio/music_player.h"
 
+#include <functional>
+
 #include "tests/audio/audio_fixture.h"
 #include "tests/support/xm_writer.h"
 
@@ -85,17 +87,45 @@ TEST_F(MusicPlayerTest, LoadsFromTheSkinOrTheOriginal) {
 TEST_F(MusicPlayerTest, EveryScreenHasItsPosition) {
     WriteMine();
     ASSERT_TRUE(music.Load());
-    music.Play();
-    EXPECT_EQ(HeardOrder(), 1);
-    music.SetScreen(MusicScreen::Game);
-    EXPECT_EQ(HeardOrder(), 2);
-    music.SetScreen(MusicScreen::HighScores);
-    EXPECT_EQ(HeardOrder(), 3);
-    music.SetScreen(static_cast<MusicScreen>(7));
-    music.SetScreenQuiet(MusicScreen::Game);
-    EXPECT_EQ(HeardOrder(), 3) << "both only noted";
-    music.Play();
-    EXPECT_EQ(HeardOrder(), 2);
+    struct Step {
+        const char* what;
+        std::function<void()> act;
+        int heard;
+        bool isPlaying = true;  ///< or would be, were it switched on
+    };
+    const auto show = [this](MusicScreen screen) { return [=, this] { music.SetScreen(screen); }; };
+    const auto turn = [](bool on) { return [=] { theSettings.music = on; }; };
+    const auto play = [this] { EXPECT_TRUE(music.Play()); };
+    const auto stop = [this] { music.Stop(); };
+    const auto pause = [this] { music.Pause(); };
+    const auto resume = [this] { music.Resume(); };
+    const Step steps[] = {
+        {"resumed before it plays", resume, -1, false},
+        {"menu", play, 1},
+        {"paused", pause, -1},
+        {"resumed", resume, 1},
+        {"game", show(MusicScreen::Game), 2},
+        {"high scores", show(MusicScreen::HighScores), 3},
+        {"no screen", show(static_cast<MusicScreen>(7)), 3},
+        {"only noted", [this] { music.SetScreenQuiet(MusicScreen::Game); }, 3},
+        {"played", play, 2},
+        {"stopped", stop, -1, false},
+        {"resumed when stopped", resume, -1, false},
+        {"from the position, not from where it stopped", play, 2},
+        {"paused again", pause, -1},
+        {"switched off", turn(false), -1},
+        {"stopped while it is off", stop, -1, false},
+        {"resumed while it is off", resume, -1, false},
+        {"played while it is off", play, -1},
+        {"screen while it is off", show(MusicScreen::HighScores), -1},
+        {"on", turn(true), -1},
+        {"played again", play, 3},
+    };
+    for (const auto& [what, act, heard, isPlaying] : steps) {
+        act();
+        EXPECT_EQ(HeardOrder(), heard) << what;
+        EXPECT_EQ(music.IsPlaying(), isPlaying) << what;
+    }
 }
 
 TEST_F(MusicPlayerTest, TheSameScreenDoesNotRestart) {
@@ -119,43 +149,6 @@ TEST_F(MusicPlayerTest, NegativePositionsArePassedOnByAScreenChangeAlone) {
     EXPECT_EQ(HeardOrder(), 5) << "plays on";
     music.Play();
     EXPECT_EQ(HeardOrder(), 0);
-}
-
-TEST_F(MusicPlayerTest, SwitchedOffItOnlyNotesTheScreen) {
-    WriteMine();
-    ASSERT_TRUE(music.Load());
-    theSettings.music = false;
-    EXPECT_TRUE(music.Play());
-    EXPECT_TRUE(music.IsPlaying()) << "it should be running";
-    music.SetScreen(MusicScreen::HighScores);
-    EXPECT_EQ(HeardOrder(), -1);
-    EXPECT_EQ(music.Screen(), MusicScreen::HighScores);
-    theSettings.music = true;
-    music.Play();
-    EXPECT_EQ(HeardOrder(), 3);
-    Headless().Hear(20000);
-    music.Stop();
-    EXPECT_FALSE(music.IsPlaying());
-    EXPECT_EQ(HeardOrder(), -1);
-    music.Play();
-    EXPECT_EQ(HeardOrder(), 3) << "from the position, not from where it stopped";
-}
-
-TEST_F(MusicPlayerTest, PauseAndResumeAreForMusicThatPlays) {
-    WriteMine();
-    ASSERT_TRUE(music.Load());
-    music.Resume();
-    EXPECT_EQ(HeardOrder(), -1);
-    music.Play();
-    music.Pause();
-    EXPECT_EQ(HeardOrder(), -1);
-    music.Resume();
-    EXPECT_EQ(HeardOrder(), 1);
-    music.Pause();
-    theSettings.music = false;
-    music.Stop();
-    music.Resume();
-    EXPECT_EQ(HeardOrder(), -1);
 }
 
 TEST_F(MusicPlayerTest, ScreensChangeOnlyAfterTheFirstLoad) {

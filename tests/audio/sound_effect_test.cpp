@@ -59,13 +59,6 @@ TEST_F(SoundEffectTest, ARepeatRestartsAndDifferentEffectsMix) {
     EXPECT_NEAR(Level(), 8192, 1);
 }
 
-TEST_F(SoundEffectTest, WithoutADeviceNothingIsLoadedOrTold) {
-    audioReady = false;
-    SoundEffect effect("Missing.wav");
-    effect.Play();
-    EXPECT_TRUE(Headless().Reports().empty());
-}
-
 TEST_F(SoundEffectTest, MayOutliveTheLibrary) {
     WriteWav("Skins/Original/Audio/a.wav", 0.25);
     auto effect = std::make_unique<SoundEffect>("a.wav");

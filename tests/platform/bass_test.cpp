@@ -294,8 +294,6 @@ TEST(StrangersFilesTest, CutModulesNeverCrash) {
     const std::vector<std::byte> whole = MakeXm({.orders = 3, .rows = 4});
     for (std::size_t size = 0; size < whole.size(); ++size)
         RenderSome({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size)});
-    for (std::size_t size = 0; size < 60 + 276; ++size)
-        EXPECT_FALSE(OpenModule(std::span(whole).first(size))) << size;
     EXPECT_TRUE(OpenModule(whole));
 }
 

@@ -248,26 +248,6 @@ TEST_P(DisplayTest, WhatCouldNotBeSentAtOnceIsSentAtTheNextTry) {
     EXPECT_EQ(Headless().PixelAt(0, 0), 0xFF0000u);
 }
 
-TEST_P(DisplayTest, TheDisplayTellsItsState) {
-    for (const HRESULT state : {S_OK, DDERR_NOEXCLUSIVEMODE, DDERR_WRONGMODE}) {
-        Headless().SetDisplayState(state);
-        EXPECT_EQ(directDraw->TestCooperativeLevel(), state);
-    }
-}
-
-TEST_P(DisplayTest, SurfacesOutliveTheirDisplayObject) {
-    auto kept = MakePicture(4, 4);
-    directDraw->AddRef();
-    IDirectDraw7* other = directDraw.get();
-    EXPECT_EQ(kept->Restore(), S_OK);
-    other->Release();
-    DDSURFACEDESC2 description;
-    EXPECT_EQ(kept->GetSurfaceDesc(description), S_OK);
-    EXPECT_EQ(description.width, 4u);
-    description.size = 1;
-    EXPECT_EQ(kept->GetSurfaceDesc(description), E_INVALIDARG);
-}
-
 class DisplayModeTest : public testing::Test {
   protected:
     void SetUp() override {
@@ -283,6 +263,24 @@ class DisplayModeTest : public testing::Test {
     UniqueInterface<IDirectDraw7> directDraw;
     HWND window = nullptr;
 };
+
+TEST_F(DisplayModeTest, SurfacesOutliveTheirDisplayObject) {
+    DDSURFACEDESC2 description;
+    description.flags = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT;
+    description.caps = DDSCAPS_OFFSCREENPLAIN;
+    description.width = description.height = 4;
+    IDirectDrawSurface7* created = nullptr;
+    ASSERT_EQ(directDraw->SetCooperativeLevel(window, DDSCL_NORMAL), S_OK);
+    ASSERT_EQ(directDraw->CreateSurface(description, created), S_OK);
+    const UniqueInterface<IDirectDrawSurface7> kept(created);
+    directDraw.reset();
+    EXPECT_EQ(kept->Restore(), S_OK);
+    description = {};
+    EXPECT_EQ(kept->GetSurfaceDesc(description), S_OK);
+    EXPECT_EQ(description.width, 4u);
+    description.size = 1;
+    EXPECT_EQ(kept->GetSurfaceDesc(description), E_INVALIDARG);
+}
 
 TEST_F(DisplayModeTest, FullScreenNeedsTheExclusiveLevelAndAKnownDepth) {
     EXPECT_TRUE(Failed(directDraw->SetDisplayMode(640, 480, 16, 0, 0))) << "not exclusive";

@@ -134,40 +134,27 @@ TEST_F(FilesTest, ReadsWhatLiesBeneathTheFolderAndNothingElse) {
         {"skins\\two\\B", "B"},
         {"skins\\two\\A.TXT", "A.Txt"},
         {"skins\\two\\a.txt ", "blank"},
-        {"skins\\two\\b ", "(none)"},
         {longName, "long"},
         // Links.
         {"Graphics\\Original\\Game\\blocks.bmp", "blocks"},
         {"graphics\\original\\game\\blocks.bmp", "blocks"},
         {"Graphics\\Chain\\blocks.bmp", "blocks"},
         {"graphics\\FILE", "menu"},
-        {"Graphics\\up\\secret", "(none)"},
-        {"Graphics\\up\\game\\data\\menu.dat", "(none)"},
-        {"Graphics\\secret", "(none)"},
-        {"Graphics\\absolute", "(none)"},
-        {"rooted", "(none)"},
-        {"Graphics\\device", "(none)"},
-        {"Graphics\\circle", "(none)"},
-        {"Graphics\\dangling", "(none)"},
-        // Ways out and things that are no file.
-        {"..\\secret", "(none)"},
-        {"data\\..\\data\\menu.dat", "(none)"},
-        {"data/../../secret", "(none)"},
-        {"/etc/passwd", "(none)"},
-        {"\\data\\menu.dat", "(none)"},
-        {"c:data\\menu.dat", "(none)"},
-        {std::string_view("data\\menu.dat\0", 14), "(none)"},
-        {std::string_view("data\0\\menu.dat", 14), "(none)"},
-        {"", "(none)"},
-        {".", "(none)"},
-        {"data", "(none)"},
-        {"pipe", "(none)"},
-        {"data\\missing", "(none)"},
-        {"missing\\menu.dat", "(none)"},
-        {"data\\menu.dat\\x", "(none)"},
     };
     for (const auto& [path, want] : kCases)
         EXPECT_EQ(Read(path), want) << path;
+    for (const std::string_view path : std::initializer_list<std::string_view>{
+             "skins\\two\\b ",
+             // Links.
+             "Graphics\\up\\secret", "Graphics\\up\\game\\data\\menu.dat", "Graphics\\secret",
+             "Graphics\\absolute", "rooted", "Graphics\\device", "Graphics\\circle",
+             "Graphics\\dangling",
+             // Ways out and things that are no file.
+             "..\\secret", "data\\..\\data\\menu.dat", "data/../../secret", "/etc/passwd",
+             "\\data\\menu.dat", "c:data\\menu.dat", std::string_view("data\\menu.dat\0", 14),
+             std::string_view("data\0\\menu.dat", 14), "", ".", "data", "pipe", "data\\missing",
+             "missing\\menu.dat", "data\\menu.dat\\x"})
+        EXPECT_EQ(Read(path), "(none)") << path;
     EXPECT_EQ(Read(std::string(256, 'n')), "(none)");
     EXPECT_EQ(Read(std::string(2000, '.')), "(none)");
 }

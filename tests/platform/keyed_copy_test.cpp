@@ -61,6 +61,7 @@ TEST(Copies, EveryWidthWritesExactlyItsPixels) {
     });
 }
 
+/// Some tiles of them have more blocks than a clipped copy hands on at once.
 TEST(Copies, KeyedPartsOfRandomPicturesMatchSinglePixels) {
     constexpr SIZE kSizes[] = {{1, 1},    {7, 5},   {16, 16},   {56, 20},  {128, 16},
                                {416, 16}, {86, 60}, {218, 372}, {300, 70}, {20, 130}};
@@ -85,24 +86,6 @@ TEST(Copies, KeyedPartsOfRandomPicturesMatchSinglePixels) {
                 }
             }
         }
-    });
-}
-
-/// More blocks in one tile than a clipped copy hands on at once.
-TEST(Copies, KeyedPartOfNoiseMatchesSinglePixels) {
-    WithAllKernels([] {
-        Random random(3);
-        PixelBuffer noise({64, 64}, 2);
-        for (int y = 0; y < 64; ++y) {
-            for (int x = 0; x < 64; ++x)
-                noise.SetPixel({x, y}, random() & 1);
-        }
-        PixelBuffer target({64, 64}, 2);
-        NaiveFill(target, target.Bounds(), 9);
-        PixelBuffer wanted = Copied(target);
-        NaiveCopy(wanted, {1, 2}, noise, {1, 1, 63, 62}, 0u);
-        CopyKeyed(target, {1, 2}, noise, OpaqueRuns(noise, 0), {1, 1, 63, 62});
-        EXPECT_EQ(Bytes(target), Bytes(wanted));
     });
 }
 

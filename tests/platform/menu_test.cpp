@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <span>
 #include <vector>
 
 #include "tests/support/menu_window.h"
@@ -17,19 +18,36 @@ constexpr std::size_t kEdit = 1;
 constexpr std::size_t kNone = kNoEntry;
 constexpr POINT kOnGame = {400, 300};
 
-class MenuTest : public MenuWindowTest {};
+struct Case {
+    const char* way;
+    std::vector<HostEvent> events;
+    std::size_t popup;
+    Commands commands;
+};
+
+class MenuTest : public MenuWindowTest {
+  protected:
+    void Try(std::span<const Case> cases) {
+        for (const Case& c : cases) {
+            for (const HostEvent& event : c.events)
+                Push({event});
+            EXPECT_EQ(ShownPopup(), c.popup) << c.way;
+            // The game hears of a press on it only while no popup takes it.
+            EXPECT_EQ(Count(WM_LBUTTONDOWN), c.way == kPressedBetween ? 1u : 0u) << c.way;
+            EXPECT_EQ(TakeCommands(), c.commands) << c.way;
+            Push({{.type = Deactivated}});
+            EXPECT_EQ(ShownPopup(), kNone) << c.way;
+        }
+    }
+
+    static constexpr const char* kPressedBetween = "Alt between a click";
+};
 
 TEST_F(MenuTest, MouseWays) {
     Start();
     const POINT file = TitleCentre(kFile);
     const POINT edit = TitleCentre(kEdit);
     const auto item = [](std::size_t popup, std::size_t index) { return ItemCentre(popup, index); };
-    struct Case {
-        const char* way;
-        std::vector<HostEvent> events;
-        std::size_t popup;
-        Commands commands;
-    };
     const auto down = [](POINT at) { return Mouse(LeftButtonDown, at); };
     const auto up = [](POINT at) { return Mouse(LeftButtonUp, at); };
     const auto move = [](POINT at) { return Mouse(MouseMove, at); };
@@ -48,25 +66,11 @@ TEST_F(MenuTest, MouseWays) {
         {"outside", {down(file), up(file), down(kOnGame), up(kOnGame)}, kNone, {}},
         {"empty end of the bar", {down({600, 5}), up({600, 5})}, kNone, {}},
     };
-    for (const Case& c : cases) {
-        for (const HostEvent& event : c.events)
-            Push({event});
-        EXPECT_EQ(ShownPopup(), c.popup) << c.way;
-        EXPECT_EQ(Count(WM_LBUTTONDOWN), 0u) << c.way;
-        EXPECT_EQ(TakeCommands(), c.commands) << c.way;
-        Push({{.type = Deactivated}});
-        EXPECT_EQ(ShownPopup(), kNone) << c.way;
-    }
+    Try(cases);
 }
 
 TEST_F(MenuTest, KeyboardWays) {
     Start();
-    struct Case {
-        const char* way;
-        std::vector<HostEvent> events;
-        std::size_t popup;
-        Commands commands;
-    };
     const auto press = [](std::uint8_t key, std::uint8_t modifiers = 0) {
         return Key(key, true, modifiers);
     };
@@ -83,7 +87,7 @@ TEST_F(MenuTest, KeyboardWays) {
          {kUndo}},
         {"Alt+letter, letter", {altDown, altF, altUp, press('C')}, kNone, {kClose}},
         {"Alt+other letter", {altDown, press('Q', kModAlt), altUp, enter}, kNone, {}},
-        {"Alt between a click", {altDown, Mouse(LeftButtonDown, kOnGame), altUp, enter}, kNone, {}},
+        {kPressedBetween, {altDown, Mouse(LeftButtonDown, kOnGame), altUp, enter}, kNone, {}},
         {"Down past the separator", {altF, press(VK_DOWN), enter}, kNone, {kClose}},
         {"Up wraps to the greyed end", {altF, press(VK_UP), enter}, kFile, {}},
         {"its letter", {altF, press('G')}, kFile, {}},
@@ -102,13 +106,7 @@ TEST_F(MenuTest, KeyboardWays) {
          kNone,
          {kClose}},
     };
-    for (const Case& c : cases) {
-        for (const HostEvent& event : c.events)
-            Push({event});
-        EXPECT_EQ(ShownPopup(), c.popup) << c.way;
-        EXPECT_EQ(TakeCommands(), c.commands) << c.way;
-        Push({{.type = Deactivated}});
-    }
+    Try(cases);
 }
 
 }  // namespace

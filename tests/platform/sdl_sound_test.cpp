@@ -73,12 +73,6 @@ class SdlSoundTest : public testing::Test {
     SdlSound sound;
 };
 
-TEST_F(SdlSoundTest, AsksForOneBufferAtATime) {
-    ASSERT_TRUE(sound.Open(source));
-    ASSERT_TRUE(source.WaitForDevices(1));
-    EXPECT_EQ(source.AskedSize(), std::size_t{kSoundBufferFrames} * kSoundChannels);
-}
-
 TEST_F(SdlSoundTest, ARemovedDeviceIsOpenedAgainEachTime) {
     ASSERT_TRUE(sound.Open(source));
     for (int devices = 1; devices <= 3; ++devices) {
@@ -93,6 +87,7 @@ TEST_F(SdlSoundTest, OpensAgainAfterItWasClosed) {
     for (int devices = 1; devices <= 2; ++devices) {
         ASSERT_TRUE(sound.Open(source));
         EXPECT_TRUE(source.WaitForDevices(devices));
+        EXPECT_EQ(source.AskedSize(), std::size_t{kSoundBufferFrames} * kSoundChannels);
         sound.Close();
         sound.Close();
         ReportAnyRemoved(sound, /*recorder=*/false);

@@ -2,6 +2,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/process_state.h"
@@ -42,19 +43,6 @@ class FieldSoundTest : public RulesTest {
         player_.reset();
         BASS_Free();
         audioReady = false;
-    }
-
-    static std::string SoundOf(std::uint8_t event) {
-        switch (event) {
-            case kSfxRowsDone:
-                return "Single.wav";
-            case kSfxLevelChange:
-                return "NewLevel.wav";
-            case kSfxRotate:
-                return "Rotate.wav";
-            default:
-                return "Landed.wav";
-        }
     }
 
     /// A turn, a landing, a full row and a new level; listens after each frame.
@@ -105,7 +93,6 @@ TEST_F(FieldSoundTest, ATurnIsHeardWhenItSucceeds) {
     for (const bool gliding : {false, true}) {
         theSettings.scrollingPieces = gliding;
         StartWith(*player_, {kBar, kSquare});
-        EXPECT_EQ(Heard(), "");
         player_->KeyDown(kTurnKey);
         EXPECT_EQ(Heard(), "Rotate.wav");
         // One that has no room: the bar lies in a row that is full round it.
@@ -121,8 +108,10 @@ TEST_F(FieldSoundTest, ATurnIsHeardWhenItSucceeds) {
 
 TEST_F(FieldSoundTest, EveryEventAsksSwitchAndMask) {
     theLevelTable.figuresForLevel[1] = 0;
-    for (const std::uint8_t event :
-         {kSfxRowsDone, kSfxLevelChange, kSfxRotate, kSfxFigureLanding}) {
+    for (const auto& [event, sound] : {std::pair{kSfxRowsDone, "Single.wav"},
+                                       {kSfxLevelChange, "NewLevel.wav"},
+                                       {kSfxRotate, "Rotate.wav"},
+                                       {kSfxFigureLanding, "Landed.wav"}}) {
         for (const bool enabled : {true, false}) {
             for (const bool masked : {false, true}) {
                 SCOPED_TRACE(testing::Message() << int{event} << enabled << masked);
@@ -132,8 +121,7 @@ TEST_F(FieldSoundTest, EveryEventAsksSwitchAndMask) {
                 std::set<std::string> heard;
                 PlayThroughEveryEvent([&] { heard.insert(Heard()); });
                 if (levelSoundsPlayed > 0) heard.insert("NewLevel.wav");
-                const std::string own = SoundOf(event);
-                EXPECT_EQ(heard.contains(own), enabled && !masked);
+                EXPECT_EQ(heard.contains(sound), enabled && !masked);
                 EXPECT_EQ(heard.size() > 1, enabled) << "the others";
             }
         }

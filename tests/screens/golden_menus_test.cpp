@@ -1,3 +1,6 @@
+#include <utility>
+#include <vector>
+
 #include "app/settings.h"
 #include "platform/headless/headless_host.h"
 #include "screens/high_score_screen.h"
@@ -17,40 +20,29 @@ class GoldenMenus : public ProgramFixture {
         theSettings.clockwise = {true, false};
         theSettings.timeBased = {false, true};
     }
-
-    void ClickAndWait(int x, int y) {
-        Click(x, y);
-        Run(kPressedLookPassed);
-    }
-
-    static constexpr POINT kTwoPlayers{200, 200};
-    static constexpr POINT kConfigureKeys{200, 240};
-    static constexpr POINT kAbout{200, 360};
-    static constexpr POINT kRightDropSlot{360, 200};
 };
 
-TEST_F(GoldenMenus, OnePlayer) {
-    Start();
-    EXPECT_TRUE(MatchesGolden("menu-one-player"));
-}
-
-TEST_F(GoldenMenus, TwoPlayers) {
-    Start();
-    ClickAndWait(kTwoPlayers.x, kTwoPlayers.y);
-    EXPECT_TRUE(MatchesGolden("menu-two-players"));
-}
-
-TEST_F(GoldenMenus, Credits) {
-    Start();
-    ClickAndWait(kAbout.x, kAbout.y);
-    EXPECT_TRUE(MatchesGolden("credits"));
-}
-
-TEST_F(GoldenMenus, KeysWithAWaitingSlot) {
-    Start();
-    ClickAndWait(kConfigureKeys.x, kConfigureKeys.y);
-    ClickAndWait(kRightDropSlot.x, kRightDropSlot.y);
-    EXPECT_TRUE(MatchesGolden("keys"));
+TEST_F(GoldenMenus, ViewsThatPressesLeadTo) {
+    constexpr POINT kTwoPlayers{200, 200};
+    constexpr POINT kConfigureKeys{200, 240};
+    constexpr POINT kAbout{200, 360};
+    constexpr POINT kRightDropSlot{360, 200};
+    const std::pair<const char*, std::vector<POINT>> kViews[] = {
+        {"menu-one-player", {}},
+        {"menu-two-players", {kTwoPlayers}},
+        {"credits", {kAbout}},
+        {"keys", {kConfigureKeys, kRightDropSlot}},  // the slot waits
+    };
+    for (const auto& [picture, presses] : kViews) {
+        SetUp();
+        Start();
+        for (const POINT& press : presses) {
+            Click(press.x, press.y);
+            Run(kPressedLookPassed);
+        }
+        EXPECT_TRUE(MatchesGolden(picture));
+        End();
+    }
 }
 
 TEST_F(GoldenMenus, HighScoresWithANameBeingTyped) {

@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <limits>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/headless/headless_host.h"
@@ -32,6 +33,10 @@ Bytes Record(std::string name, std::int32_t lines, std::int32_t level, std::int3
     for (const std::int32_t value : {lines, level, score})
         Append(bytes, value);
     return bytes;
+}
+
+Bytes First(const Bytes& bytes, std::size_t count) {
+    return {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(count)};
 }
 
 /// Ten rows in which every field is another number.
@@ -67,19 +72,21 @@ class HighScoreTableTest : public testing::Test {
 };
 
 TEST_F(HighScoreTableTest, AScoreGoesAboveThoseThatItEquals) {
-    struct Case {
-        std::int32_t score;
-        int row;  ///< -1 for none
-    };
-    const HighScoreTable table;
-    for (const auto& [score, row] :
-         {Case{kMost, 0}, Case{1001, 0}, Case{1000, 0}, Case{999, 1}, Case{500, 5}, Case{101, 9},
-          Case{100, 9}, Case{99, -1}, Case{0, -1}, Case{-1, -1}, Case{kLeast, -1}})
-        EXPECT_EQ(static_cast<int>(table.FindRank(score).value_or(std::size_t(-1))), row) << score;
-}
-
-TEST_F(HighScoreTableTest, RanksHoldAtTheEndsOfTheNumbers) {
     HighScoreTable table;
+    constexpr std::pair<std::int32_t, std::optional<std::size_t>> kRanks[] = {
+        {kMost, 0},
+        {1001, 0},
+        {1000, 0},
+        {999, 1},
+        {500, 5},
+        {101, 9},
+        {100, 9},
+        {99, std::nullopt},
+        {0, std::nullopt},
+        {-1, std::nullopt},
+        {kLeast, std::nullopt}};
+    for (const auto& [score, row] : kRanks)
+        EXPECT_EQ(table.FindRank(score), row) << score;
     for (int i = 0; i < 10; ++i)
         table.Row(static_cast<std::size_t>(i)).score = i < 5 ? kMost : kLeast;
     EXPECT_EQ(table.FindRank(kMost), 0U);
@@ -94,14 +101,13 @@ TEST_F(HighScoreTableTest, AnEntryPushesThoseBelowItDownAndTheLastOut) {
     for (const std::size_t row : {0U, 4U, 9U}) {
         const HighScoreTable before;
         HighScoreTable after;
-        after.Insert(row, {.lines = 1, .score = 2, .level = 3});
+        const HighScoreEntry entry{.lines = 1, .score = 2, .level = 3};
+        after.Insert(row, entry);
         for (std::size_t i = 0; i < kHighScoreRows; ++i) {
-            SCOPED_TRACE(testing::Message() << "inserted at " << row << ", looking at " << i);
-            const HighScoreEntry want = i < row ? before.Row(i)
-                                        : i == row
-                                            ? HighScoreEntry{.lines = 1, .score = 2, .level = 3}
-                                            : before.Row(i - 1);
-            EXPECT_EQ(after.Row(i), want);
+            const HighScoreEntry want = i < row   ? before.Row(i)
+                                        : i > row ? before.Row(i - 1)
+                                                  : entry;
+            EXPECT_EQ(after.Row(i), want) << "inserted at " << row << ", looking at " << i;
         }
     }
 }
@@ -127,21 +133,16 @@ TEST_F(HighScoreTableTest, AFileCutAnywhereLeavesEmptyWhatItDoesNotReach) {
     const Bytes unusual = UnusualFile();
     ASSERT_EQ(unusual.size(), 10 * kRecordBytes);
     for (std::size_t length = 0; length <= unusual.size(); ++length) {
-        const Bytes cut(unusual.begin(), unusual.begin() + static_cast<std::ptrdiff_t>(length));
-        Bytes want(unusual.size(), std::byte{0});
-        if (length < kNameBytes) want = defaults;
-        std::size_t end = 0;
-        for (int record = 0; length >= kNameBytes && record < 10; ++record) {
-            for (const std::size_t size :
-                 {kNameBytes, std::size_t{4}, std::size_t{4}, std::size_t{4}}) {
-                end += size;
-                if (end > length) break;
-                std::copy_n(unusual.begin() + static_cast<std::ptrdiff_t>(end - size), size,
-                            want.begin() + static_cast<std::ptrdiff_t>(end - size));
-            }
-            if (end > length) break;
+        std::size_t reached = 0;  // whole fields alone count
+        for (std::size_t record = 0; record < unusual.size(); record += kRecordBytes)
+            for (const std::size_t end : {kNameBytes, kNameBytes + 4, kNameBytes + 8, kRecordBytes})
+                if (record + end <= length) reached = record + end;
+        Bytes want = defaults;
+        if (reached > 0) {
+            want = First(unusual, reached);
+            want.resize(unusual.size());
         }
-        EXPECT_EQ(Saved(Load(cut)), want) << length;
+        EXPECT_EQ(Saved(Load(First(unusual, length))), want) << length;
     }
 }
 

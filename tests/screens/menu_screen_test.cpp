@@ -6,7 +6,9 @@
 
 #include "app/process_state.h"
 #include "app/settings.h"
+#include "game/key_bindings.h"
 #include "platform/headless/headless_host.h"
+#include "platform/virtual_keys.h"
 #include "tests/support/program_fixture.h"
 #include "tests/support/shown_box.h"
 
@@ -151,7 +153,9 @@ TEST_F(MenuScreenTest, WhileASlotWaitsThereIsNoWayBackAndNoReset) {
     theMenuScreen->OnKeyConfigKey('I');
     Frame();
     EXPECT_EQ(Seen(185, 445), "menu/backbutt 0");
+    EXPECT_EQ(keyBindings.Key(Action::Rotate, Side::Right), 'I');
     EXPECT_EQ(theMenuScreen->Click(330, 445), kMenuKeysReset);
+    EXPECT_EQ(keyBindings.Key(Action::Rotate, Side::Right), VK_UP);
 }
 
 }  // namespace

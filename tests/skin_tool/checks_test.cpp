@@ -1,5 +1,6 @@
 #include "tools/korvane-skin/checks.h"
 
+#include <functional>
 #include <span>
 
 #include "tests/skin_tool/skin_tool_fixture.h"
@@ -89,90 +90,92 @@ TEST_F(SkinChecks, FilesThatAreMissingStrangeOrUnreadable) {
     EXPECT_TRUE(Finds(Severity::Error, "Game/pause.bmp", "neither"));
 }
 
-TEST_F(SkinChecks, SizesThatDoNotFitThePlaces) {
-    struct Case {
-        const char* file;
-        SIZE size;
-        Severity severity;
-        const char* text;
+/// What makes a good picture another one.
+using Change = std::function<void(BmpRecipe&)>;
+
+Change Sized(int width, int height) {
+    return [=](BmpRecipe& picture) {
+        picture.width = width;
+        picture.height = height;
     };
-    constexpr Case kCases[] = {
-        {"Background.bmp", {15, 64}, Severity::Warning, "thousands of times"},
-        {"Letters.bmp", {415, 16}, Severity::Error, "26 cells"},
-        {"Game\\statistics.bmp", {56, 19}, Severity::Error, "7 cells"},
-        {"KeyConfig\\keys2.bmp", {581, 44}, Severity::Warning, "never shows"},
-        {"menu\\LeftPlayer.bmp", {110, 12}, Severity::Warning, "its room is 109 x 12"},
-        {"menu\\1playerbutt.bmp", {236, 37}, Severity::Warning, "its room is 118 x 36"},
-        {"menu\\1playerbutt.bmp", {235, 36}, Severity::Error, "equally wide"},
-        {"menu\\easybutt2.bmp", {218, 31}, Severity::Error, "cut like menu/easybutt.bmp"},
-        {"menu\\logo.bmp", {633, 100}, Severity::Error, "leaves the screen"},
-        {"Game\\playboard.bmp", {217, 372}, Severity::Warning, "does not fit round"},
-        {"Game\\playboard.bmp", {218, 375}, Severity::Error, "leaves the screen"},
-    };
-    for (const auto& [file, size, severity, text] : kCases) {
-        Restore();
-        BmpRecipe recipe = GoodPicture(RowOf(file));
-        recipe.width = size.cx;
-        recipe.height = size.cy;
-        WritePicture(RowOf(file), recipe);
-        EXPECT_TRUE(Finds(severity, ShownName(file), text));
-    }
 }
 
-TEST_F(SkinChecks, ColoursOfSinglePixels) {
-    struct Case {
-        const char* file;
-        POINT at;
-        std::uint32_t colour;
-        const char* text;  ///< null: nothing is found
-    };
-    // A good pause picture is grey, but for its key colour 00FF00 at 0, 0.
-    constexpr Case kCases[] = {
-        {"Game\\pause.bmp", {5, 5}, 0x07FC07, "1 pixel (at 5, 5: #07FC07) too close"},
-        {"Game\\pause.bmp", {5, 5}, 0x08FC07, nullptr},
-        {"Game\\pause.bmp", {5, 5}, 0x00FB00, nullptr},
-        {"Game\\pause.bmp", {1, 0}, 0x49B649, "in a fringe round the key colour #00FF00"},
-        {"Game\\pause.bmp", {1, 0}, 0x4AB54A, nullptr},
-        {"Game\\pause.bmp", {1, 1}, 0x49B649, nullptr},
-        {"Game\\pause.bmp", {5, 5}, 0xFF00FF, "here key colour 2 (#00FF00) is transparent"},
-        {"Background.bmp", {5, 5}, 0x00FFFF, "key colour 3, which shows as it is: nothing"},
-        {"Letters.bmp", {14 + 16, 5}, 0xFFFFFF, "the characters B use the right two columns"},
-    };
-    for (const auto& [file, at, colour, text] : kCases) {
-        Restore();
-        BmpRecipe recipe = GoodPicture(RowOf(file));
-        const auto good = recipe.pixel;
-        recipe.pixel = [&, at = at, colour = colour](int x, int y) {
-            return x == at.x && y == at.y ? colour : good(x, y);
+Change Filled(const RECT& area, std::uint32_t colour) {
+    return [=](BmpRecipe& picture) {
+        picture.pixel = [=, good = picture.pixel](int x, int y) {
+            return Contains(area, {x, y}) ? colour : good(x, y);
         };
-        WritePicture(RowOf(file), recipe);
-        EXPECT_TRUE(text ? Finds(Severity::Warning, ShownName(file), text)
-                         : Finds(Severity::Note, "", "", 0))
-            << ColourName(colour);
-    }
+    };
 }
 
-TEST_F(SkinChecks, ColoursOfWholePictures) {
+Change Dotted(int x, int y, std::uint32_t colour) {
+    return Filled({x, y, x + 1, y + 1}, colour);
+}
+
+Change Filled(std::uint32_t colour) {
+    return Filled({0, 0, 1000, 1000}, colour);
+}
+
+/// The third tile and the fourth.
+Change Tiles(std::uint32_t third, std::uint32_t fourth) {
+    return [=](BmpRecipe& picture) {
+        Filled({32, 0, 48, 16}, third)(picture);
+        Filled({48, 0, 64, 16}, fourth)(picture);
+    };
+}
+
+TEST_F(SkinChecks, PicturesThatAreChanged) {
     struct Case {
         const char* file;
-        std::uint32_t colour;  ///< of the whole picture
-        const char* inFile;    ///< where it is told
-        const char* text;
-        std::size_t count;
+        Change change;
+        const char* text;  ///< null: nothing is found
+        Severity severity = Severity::Warning;
+        std::size_t count = 1;
+        const char* inFile = nullptr;  ///< where it is told, if not there
     };
-    constexpr Case kCases[] = {
-        {"KeyConfig\\keys1.bmp", 0xFFFFFF, "KeyConfig/keys1.bmp", "drawn as boxes", 1},
+    constexpr Severity kError = Severity::Error;
+    const Case kCases[] = {
+        {"Background.bmp", Sized(15, 64), "thousands of times"},
+        {"Letters.bmp", Sized(415, 16), "26 cells", kError},
+        {"Game\\statistics.bmp", Sized(56, 19), "7 cells", kError},
+        {"KeyConfig\\keys2.bmp", Sized(581, 44), "never shows"},
+        {"menu\\LeftPlayer.bmp", Sized(110, 12), "its room is 109 x 12"},
+        {"menu\\1playerbutt.bmp", Sized(236, 37), "its room is 118 x 36"},
+        {"menu\\1playerbutt.bmp", Sized(235, 36), "equally wide", kError},
+        {"menu\\easybutt2.bmp", Sized(218, 31), "cut like menu/easybutt.bmp", kError},
+        {"menu\\logo.bmp", Sized(633, 100), "leaves the screen", kError},
+        {"Game\\playboard.bmp", Sized(217, 372), "does not fit round"},
+        {"Game\\playboard.bmp", Sized(218, 375), "leaves the screen", kError},
+        // A good pause picture is grey, but for its key colour 00FF00 at 0, 0.
+        {"Game\\pause.bmp", Dotted(5, 5, 0x07FC07), "1 pixel (at 5, 5: #07FC07) too close"},
+        {"Game\\pause.bmp", Dotted(5, 5, 0x08FC07), nullptr},
+        {"Game\\pause.bmp", Dotted(5, 5, 0x00FB00), nullptr},
+        {"Game\\pause.bmp", Dotted(1, 0, 0x49B649), "in a fringe round the key colour #00FF00"},
+        {"Game\\pause.bmp", Dotted(1, 0, 0x4AB54A), nullptr},
+        {"Game\\pause.bmp", Dotted(1, 1, 0x49B649), nullptr},
+        {"Game\\pause.bmp", Dotted(5, 5, 0xFF00FF), "here key colour 2 (#00FF00) is transparent"},
+        {"Background.bmp", Dotted(5, 5, 0x00FFFF), "key colour 3, which shows as it is: nothing"},
+        {"Letters.bmp", Dotted(14 + 16, 5, 0xFFFFFF), "the characters B use the right two columns"},
+        {"KeyConfig\\keys1.bmp", Filled(0xFFFFFF), "drawn as boxes"},
         // White numbers on a ground that has 4.5 to 1 just not, and just so.
-        {"Game\\statisticsframe.bmp", 0x777777, "Numbers.bmp", "on Game/statisticsframe.bmp", 1},
-        {"Game\\statisticsframe.bmp", 0x767676, "", "", 0},
-        {"Game\\blocks.bmp", 0x606060, "Game/blocks.bmp", "look alike", 4 * 28},
+        {"Game\\statisticsframe.bmp", Filled(0x777777), "on Game/statisticsframe.bmp",
+         Severity::Warning, 1, "Numbers.bmp"},
+        {"Game\\statisticsframe.bmp", Filled(0x767676), nullptr},
+        {"Game\\blocks.bmp", Filled(0x606060), "look alike", Severity::Warning, 4 * 28},
+        {"Game\\blocks.bmp", Tiles(0xF00030, 0x206030), "tiles 3 and 4 look alike with protanopia"},
+        {"Game\\blocks.bmp", Tiles(0xC01020, 0x009010),
+         "tiles 3 and 4 look alike with deuteranopia"},
+        {"Game\\blocks.bmp", Tiles(0x0040F0, 0x7060F0), "tiles 3 and 4 look alike with tritanopia"},
     };
-    for (const auto& [file, colour, inFile, text, count] : kCases) {
+    for (std::size_t i = 0; const Case& c : kCases) {
+        SCOPED_TRACE(testing::Message() << "case " << i++ << ", " << c.file);
         Restore();
-        BmpRecipe recipe = GoodPicture(RowOf(file));
-        recipe.pixel = [colour = colour](int, int) { return colour; };
-        WritePicture(RowOf(file), recipe);
-        EXPECT_TRUE(Finds(Severity::Warning, inFile, text, count));
+        BmpRecipe picture = GoodPicture(RowOf(c.file));
+        c.change(picture);
+        WritePicture(RowOf(c.file), picture);
+        EXPECT_TRUE(
+            c.text ? Finds(c.severity, c.inFile ? c.inFile : ShownName(c.file), c.text, c.count)
+                   : Finds(Severity::Note, "", "", 0));
     }
 }
 
@@ -199,37 +202,13 @@ TEST_F(SkinChecks, GroundsWhereTextStands) {
     for (const auto& [file, area, isSeenThrough, found] : kCases) {
         Restore();
         BmpRecipe ground = GoodPicture(RowOf(file));
-        ground.width = RowOf(file).file == kMenuGround ? 520 : 320;
-        ground.height = 480;
-        ground.pixel = [good = ground.pixel, area = area](int x, int y) {
-            return Contains(area, {x, y}) ? 0x777777 : good(x, y);
-        };
+        Sized(RowOf(file).file == kMenuGround ? 520 : 320, 480)(ground);
+        Filled(area, 0x777777)(ground);
         WritePicture(RowOf(file), ground);
         BmpRecipe frame = GoodPicture(RowOf("Game\\statisticsframe.bmp"));
-        frame.pixel = [](int, int) { return 0xFF00FFu; };
+        Filled(0xFF00FF)(frame);
         if (isSeenThrough) WritePicture(RowOf("Game\\statisticsframe.bmp"), frame);
         EXPECT_EQ(HardToRead(), found) << file << ' ' << area.left << ", " << area.top;
-    }
-}
-
-TEST_F(SkinChecks, TilesThatSomeEyesCannotTellApart) {
-    struct Case {
-        std::array<std::uint32_t, 2> tiles;  ///< the third and the fourth
-        const char* text;
-    };
-    constexpr Case kCases[] = {
-        {{0xF00030, 0x206030}, "tiles 3 and 4 look alike with protanopia"},
-        {{0xC01020, 0x009010}, "tiles 3 and 4 look alike with deuteranopia"},
-        {{0x0040F0, 0x7060F0}, "tiles 3 and 4 look alike with tritanopia"},
-    };
-    for (const auto& [tiles, text] : kCases) {
-        BmpRecipe recipe = GoodPicture(RowOf("Game\\blocks.bmp"));
-        const auto good = recipe.pixel;
-        recipe.pixel = [&, tiles = tiles](int x, int y) {
-            return x / 16 == 2 ? tiles[0] : x / 16 == 3 ? tiles[1] : good(x, y);
-        };
-        WritePicture(RowOf("Game\\blocks.bmp"), recipe);
-        EXPECT_TRUE(Finds(Severity::Warning, "Game/blocks.bmp", text));
     }
 }
 

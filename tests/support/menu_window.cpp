@@ -112,20 +112,14 @@ void MenuWindowTest::DrawFrame() {
 }
 
 HostEvent MenuWindowTest::Key(std::uint8_t key, bool down, std::uint8_t modifiers, bool repeat) {
-    HostEvent event;
-    event.type = down ? HostEventType::KeyDown : HostEventType::KeyUp;
-    event.key = key;
-    event.modifiers = modifiers;
-    event.repeat = repeat;
-    return event;
+    return {.type = down ? HostEventType::KeyDown : HostEventType::KeyUp,
+            .key = key,
+            .modifiers = modifiers,
+            .repeat = repeat};
 }
 
 HostEvent MenuWindowTest::Mouse(HostEventType type, POINT at) {
-    HostEvent event;
-    event.type = type;
-    event.x = at.x;
-    event.y = at.y;
-    return event;
+    return {.type = type, .x = at.x, .y = at.y};
 }
 
 void MenuWindowTest::Push(std::initializer_list<HostEvent> events) {
