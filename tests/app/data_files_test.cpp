@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <string>
@@ -44,6 +45,10 @@ class DataFilesTest : public testing::Test {
         Headless().UseFolder(folder.Path());
     }
 
+    std::filesystem::path PathOf(const DataFile& file) const {
+        return std::filesystem::path(folder.Path()) / file.name;
+    }
+
     TemporaryFolder folder;
 };
 
@@ -51,7 +56,20 @@ TEST_F(DataFilesTest, AreMadeWithDefaultsWhereThereAreNone) {
     folder.Write("data/other", {});
     for (const DataFile& file : kDataFiles) {
         file.loadAndSave();
-        EXPECT_EQ(folder.Read(file.name).size(), file.size) << file.name;
+        EXPECT_EQ(std::filesystem::file_size(PathOf(file)), file.size) << file.name;
+    }
+}
+
+TEST_F(DataFilesTest, AnythingElseInTheirPlaceStays) {
+    for (const DataFile& file : kDataFiles) {
+        const std::filesystem::path path = PathOf(file);
+        std::filesystem::create_directories(path);
+        file.loadAndSave();
+        EXPECT_TRUE(std::filesystem::is_directory(path)) << file.name;
+        std::filesystem::remove(path);
+        ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+        file.loadAndSave();
+        EXPECT_TRUE(std::filesystem::is_fifo(path)) << file.name;
     }
 }
 
