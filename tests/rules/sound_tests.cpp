@@ -116,7 +116,7 @@ TEST_F(FieldSoundTest, EveryEventAsksSwitchAndMask) {
             for (const bool masked : {false, true}) {
                 SCOPED_TRACE(testing::Message() << int{event} << enabled << masked);
                 theSettings.soundEffects = enabled;
-                theSettings.sfxMask = masked ? static_cast<std::uint8_t>(31 & ~event) : event;
+                theSettings.sfxMask = static_cast<std::uint8_t>(masked ? 31 & ~event : +event);
                 levelSoundsPlayed = 0;
                 std::set<std::string> heard;
                 PlayThroughEveryEvent([&] { heard.insert(Heard()); });
