@@ -25,6 +25,9 @@ constexpr float kOrdinaryDpi = 96;
 /// By then a window that came up, or fills the screen now, has shown its first pictures.
 constexpr std::uint64_t kFirstPicturesMs = 1000;
 
+/// So long a window manager may take to give a window back its place.
+constexpr std::uint64_t kManagerPatienceMs = 500;
+
 void SetHints() {
     // The window's surface would go through OpenGL otherwise, ten times as dear without a GPU.
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
@@ -294,14 +297,30 @@ bool SdlHost::EnterFullScreen(SIZE pictureSize) {
     return true;
 }
 
+/// Whether the manager has taken the window away from where it filled the screen, which it does in
+/// its own time. Who takes the old place for the new one moves the window into the screen's corner.
+bool SdlHost::HasLeft(const SDL_Rect& full) const {
+    const auto isThere = [&] {
+        const SDL_Rect now = WindowArea();
+        return now.w == windowed_.w && now.h == windowed_.h && (now.x != full.x || now.y != full.y);
+    };
+    for (std::uint64_t end = SDL_GetTicks64() + kManagerPatienceMs; SDL_GetTicks64() < end;) {
+        if (isThere()) return true;
+        SDL_Delay(1);
+        SDL_PumpEvents();
+    }
+    return isThere();
+}
+
 void SdlHost::LeaveFullScreen() {
     if (!fullScreen_) return;
     fullScreen_ = false;
     SDL_EnableScreenSaver();
+    const SDL_Rect full = WindowArea();
     SDL_SetWindowFullscreen(window_.get(), 0);
     // A manager puts the window back where it was; its frame, which positions depend on, is not
     // there again yet.
-    if (isManaged_) {
+    if (isManaged_ && HasLeft(full)) {
         const SDL_Rect now = WindowArea();
         windowed_.x = now.x;
         windowed_.y = now.y;
