@@ -297,19 +297,20 @@ bool SdlHost::EnterFullScreen(SIZE pictureSize) {
     return true;
 }
 
-/// Whether the manager has taken the window away from where it filled the screen, which it does in
-/// its own time. Who takes the old place for the new one moves the window into the screen's corner.
-bool SdlHost::HasLeft(const SDL_Rect& full) const {
-    const auto isThere = [&] {
+/// Waits until the manager has taken the window away from where it filled the screen, which it does
+/// in its own time; false when that takes too long. Who takes the old place for the new one moves
+/// the window into the screen's corner.
+bool SdlHost::AwaitReturnFrom(const SDL_Rect& full) const {
+    const auto hasLeft = [&] {
         const SDL_Rect now = WindowArea();
-        return now.w == windowed_.w && now.h == windowed_.h && (now.x != full.x || now.y != full.y);
+        return (now.w != full.w || now.h != full.h) && (now.x != full.x || now.y != full.y);
     };
     for (std::uint64_t end = SDL_GetTicks64() + kManagerPatienceMs; SDL_GetTicks64() < end;) {
-        if (isThere()) return true;
+        if (hasLeft()) return true;
         SDL_Delay(1);
         SDL_PumpEvents();
     }
-    return isThere();
+    return hasLeft();
 }
 
 void SdlHost::LeaveFullScreen() {
@@ -320,7 +321,7 @@ void SdlHost::LeaveFullScreen() {
     SDL_SetWindowFullscreen(window_.get(), 0);
     // A manager puts the window back where it was; its frame, which positions depend on, is not
     // there again yet.
-    if (isManaged_ && HasLeft(full)) {
+    if (isManaged_ && AwaitReturnFrom(full)) {
         const SDL_Rect now = WindowArea();
         windowed_.x = now.x;
         windowed_.y = now.y;

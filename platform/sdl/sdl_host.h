@@ -83,7 +83,7 @@ class SdlHost final : public Host {
     void MoveWindow(const SDL_Rect& area);
     void PlaceWindow(const SDL_Rect& area);
     bool HasFrame() const;
-    bool HasLeft(const SDL_Rect& full) const;
+    bool AwaitReturnFrom(const SDL_Rect& full) const;
     RECT FullScreenPlace() const;
     /// All pictures were loaded: much of the heap is spare once they are shown.
     void TrimSoon();
