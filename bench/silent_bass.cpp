@@ -51,7 +51,6 @@ bool BASS_ChannelResume(std::uint32_t) {
     return true;
 }
 
-void PrepareModules() {}
 std::unique_ptr<MusicStream> OpenModuleLater(std::vector<std::byte>) {
     return nullptr;
 }

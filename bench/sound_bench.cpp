@@ -83,7 +83,6 @@ void Mix(benchmark::State& state, bool music, int samples) {
 
 void RegisterSoundBenchmarks() {
     PrepareHeap();
-    PrepareModules();
     Open();
     const double first = TimeToLoad();
     const auto add = [](const char* name, auto run) {

@@ -3,14 +3,12 @@
 #include <algorithm>
 #include <cstdint>
 #include <exception>
-#include <future>
 #include <map>
 #include <mutex>
 #include <new>
 #include <optional>
 #include <ostream>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -80,18 +78,6 @@ class ModuleStream final : public MusicStream {
     int orders_ = 0;
 };
 
-/// The smallest module there is: 31 samples without data, one order and its empty pattern.
-std::vector<std::byte> TinyModule() {
-    constexpr std::size_t kOrderCount = 950;
-    constexpr std::size_t kSignature = 1080;
-    std::vector<std::byte> file(kSignature + 4 + 64 * 4 * 4);
-    file[kOrderCount] = std::byte{1};
-    constexpr std::string_view kFourChannels = "4CHN";
-    std::ranges::transform(kFourChannels, file.begin() + kSignature,
-                           [](char letter) { return static_cast<std::byte>(letter); });
-    return file;
-}
-
 /// MOD and S3M files begin with a title, where the signature of another format could stand: the
 /// player would take the file for that, whose limits are not known to hold.
 std::size_t TitleBytes(ModuleFormat format) {
@@ -109,12 +95,6 @@ std::size_t TitleBytes(ModuleFormat format) {
 /// its signature at the very beginning, where no other format looks for another.
 bool IsSure(ModuleFormat format) {
     return format == ModuleFormat::Xm;
-}
-
-/// Ready when the tables are made; not valid before somebody has asked for them.
-std::shared_future<void>& Tables() {
-    static std::shared_future<void> tables;
-    return tables;
 }
 
 /// A module that is opened by whoever plays it first.
@@ -157,19 +137,6 @@ class LateModule final : public MusicStream {
 
 }  // namespace
 
-// The player computes its tables of sines and windows when it opens its first module, and keeps
-// them for all others: 12 to 20 ms, two thirds of what the game's tune takes to open.
-void PrepareModules() {
-    if (Tables().valid()) return;
-    Tables() = std::async(std::launch::async, [] {
-        try {
-            const ModuleStream stream(TinyModule());
-        } catch (const std::exception&) {
-            // The first module makes them then.
-        }
-    });
-}
-
 std::unique_ptr<MusicStream> OpenModuleLater(std::vector<std::byte> file) {
     const std::optional<ModuleFormat> format = CheckModuleHeader(file);
     if (!format || !IsSure(*format)) return OpenModule(file);
@@ -177,7 +144,6 @@ std::unique_ptr<MusicStream> OpenModuleLater(std::vector<std::byte> file) {
 }
 
 std::unique_ptr<MusicStream> OpenModule(std::span<const std::byte> file) {
-    if (const std::shared_future<void> tables = Tables(); tables.valid()) tables.wait();
     const std::optional<ModuleFormat> format = CheckModuleHeader(file);
     if (!format) return nullptr;
     try {

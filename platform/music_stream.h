@@ -21,17 +21,13 @@ class MusicStream {
     virtual void Render(std::span<float> samples) = 0;
 };
 
-/// Begins, on a thread of its own, what the first module to be opened would take long for, unless
-/// that was done before. Called before any other thread opens modules; whoever opens one waits.
-void PrepareModules();
-
 /// Opens a tracker module; null when it is none of the formats of platform/module_header.h or is
 /// damaged. May throw std::bad_alloc.
 std::unique_ptr<MusicStream> OpenModule(std::span<const std::byte> file);
 
 /// The same, but where the header alone tells that the file will do, it is opened by the thread
-/// that plays it, when it first does: the game starts without waiting for its music. When memory
-/// runs out then, the music is silent.
+/// that plays it, when it first does: the game starts without waiting for its music, which takes
+/// the player 20 ms and more the first time. When memory runs out then, the music is silent.
 std::unique_ptr<MusicStream> OpenModuleLater(std::vector<std::byte> file);
 
 }  // namespace korvane

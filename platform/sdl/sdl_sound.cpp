@@ -2,14 +2,15 @@
 
 #include <SDL.h>
 
-#include <span>
+#include <algorithm>
 #include <string_view>
+#include <system_error>
 #include <utility>
-
-#include "platform/music_stream.h"
 
 namespace korvane {
 namespace {
+
+constexpr std::chrono::milliseconds kQuiet(100);
 
 /// Drivers that nobody hears are only wanted by somebody who names them.
 bool DriverIsMute() {
@@ -27,38 +28,46 @@ void SDLCALL Fill(void* source, Uint8* bytes, int count) {
 
 }  // namespace
 
+void QuietStart::Render(std::span<std::int16_t> samples) {
+    if (Clock::now() >= end_) return source_.Render(samples);
+    std::ranges::fill(samples, std::int16_t{0});
+}
+
 bool SdlSound::Open(SoundSource& source) {
     Close();
     // Apart from video: a machine without sound still shows the game.
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
-    source_ = &source;
-    device_ = DriverIsMute() ? 0 : opener_(source);
+    source_.emplace(source, kQuiet);
+    device_ = DriverIsMute() ? 0 : opener_(*source_);
     if (device_ == 0) {
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
-        source_ = nullptr;
+        source_.reset();
         return false;
     }
-    PrepareModules();  // while the pictures are read
     lost_ = ending_ = false;
-    keeper_ = std::thread([this] { KeepDevice(); });
+    try {
+        keeper_ = std::thread([this] { KeepDevice(); });
+    } catch (const std::system_error&) {
+        // The device is not looked for again.
+    }
     return true;
 }
 
 void SdlSound::Close() {
-    if (source_ == nullptr) return;
+    if (!source_) return;
     {
         const std::lock_guard lock(mutex_);
         ending_ = true;
     }
     changed_.notify_one();
-    keeper_.join();
+    if (keeper_.joinable()) keeper_.join();
     if (device_ != 0) SDL_CloseAudioDevice(std::exchange(device_, 0));
     SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    source_ = nullptr;
+    source_.reset();
 }
 
 void SdlSound::OnEvent(const SDL_AudioDeviceEvent& event) {
-    if (source_ == nullptr || event.iscapture != 0 || event.type != SDL_AUDIODEVICEREMOVED) return;
+    if (!source_ || event.iscapture != 0 || event.type != SDL_AUDIODEVICEREMOVED) return;
     {
         const std::lock_guard lock(mutex_);
         removed_ = event.which;

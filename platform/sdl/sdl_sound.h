@@ -5,8 +5,11 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <functional>
 #include <mutex>
+#include <optional>
+#include <span>
 #include <thread>
 #include <utility>
 
@@ -14,7 +17,24 @@
 
 namespace korvane {
 
+/// Another source after a time of silence.
+class QuietStart final : public SoundSource {
+  public:
+    using Clock = std::chrono::steady_clock;
+
+    QuietStart(SoundSource& source, std::chrono::milliseconds quiet)
+        : source_(source), end_(Clock::now() + quiet) {}
+    void Render(std::span<std::int16_t> samples) override;
+
+  private:
+    SoundSource& source_;
+    const Clock::time_point end_;
+};
+
 /// The system's default sound device. SDL asks the source for frames on a thread of its own.
+///
+/// It plays nothing at first: the program's pictures are read and shown meanwhile, and the first
+/// music, which takes 20 ms and more to open, would take the processors from them.
 ///
 /// When the device vanishes (a plug pulled, a sound server restarted), a second thread opens the
 /// default device again, time after time until there is one; whoever opened the sound never waits.
@@ -45,7 +65,7 @@ class SdlSound {
 
     const Opener opener_;
     const std::chrono::milliseconds retry_;
-    SoundSource* source_ = nullptr;
+    std::optional<QuietStart> source_;  ///< while it is open
     std::thread keeper_;
 
     std::mutex mutex_;  // guards all below

@@ -137,7 +137,6 @@ TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
 /// Stands for the device, but asks without a pause between two buffers.
 TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
     Mixer mixer;
-    PrepareModules();
     const std::shared_ptr<MusicStream> music[] = {OpenModule(MakeXm({})),
                                                   OpenModuleLater(MakeXm({}))};
     const auto click = std::make_shared<const Sample>(Sample{1, std::vector<std::int16_t>(90)});
