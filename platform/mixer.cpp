@@ -9,10 +9,12 @@
 namespace korvane {
 namespace {
 
-/// Whether frames took longer to make than they last. `counts` are of the host's counter.
-bool IsSlow(std::uint64_t counts, std::size_t frames) {
+/// The time since `start`, a reading of the host's counter; none on a machine without one.
+std::chrono::duration<double> TimeSince(std::uint64_t start) {
     const std::uint64_t perSecond = TheHost().CounterFrequency();
-    return perSecond != 0 && counts * kSoundRate > frames * perSecond;
+    const std::uint64_t counts = TheHost().Counter() - start;
+    return std::chrono::duration<double>(
+        perSecond == 0 ? 0 : static_cast<double>(counts) / static_cast<double>(perSecond));
 }
 
 }  // namespace
@@ -81,15 +83,15 @@ void Mixer::RenderMusic() {
     const std::uint64_t start = TheHost().Counter();
     if (!jump.stream.expired()) stream->Seek(jump.order);
     stream->Render(mix_);
-    WatchPace(stream, IsSlow(TheHost().Counter() - start, mix_.size() / kSoundChannels));
+    WatchPace(stream, TimeSince(start));
 }
 
-void Mixer::WatchPace(const std::shared_ptr<MusicStream>& stream, bool slow) {
-    if (watched_.lock() != stream) slowRenders_ = 0;
+void Mixer::WatchPace(const std::shared_ptr<MusicStream>& stream, Seconds took) {
+    const Seconds lasts(static_cast<double>(mix_.size()) / (kSoundRate * kSoundChannels));
+    if (watched_.lock() != stream) behind_ = {};
     watched_ = stream;
-    slowRenders_ = slow ? slowRenders_ + 1 : 0;
-    if (slowRenders_ < kSlowRenders) return;
-    slowRenders_ = 0;
+    behind_ = std::max(Seconds{}, behind_ + std::min<Seconds>(took - lasts, kLatestOnce));
+    if (behind_ < kPatience) return;
     const std::lock_guard lock(mutex_);
     tooSlow_ = stream;
     if (IsCurrent(*stream)) state_ = MusicState::Stopped;
@@ -158,7 +160,8 @@ void Mixer::Render(std::span<std::int16_t> samples) {
     RenderMusic();
     MixVoices();
     std::ranges::transform(mix_, samples.begin(), [](float sample) {
-        return static_cast<std::int16_t>(std::lround(SoftLimit(sample) * 32767.0F));
+        const float scaled = SoftLimit(sample) * 32767.0F;
+        return static_cast<std::int16_t>(scaled + std::copysign(0.5F, scaled));
     });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -26,8 +27,11 @@ float SoftLimit(float sample);
 /// else touches a stream that plays, and slow music holds up nothing but itself.
 class Mixer final : public SoundSource {
   public:
-    /// So many renders in a row that take longer than their frames last end the music.
-    static constexpr int kSlowRenders = 8;
+    /// Music that falls this far behind ends: so long its frames took beyond what they last, less
+    /// what quicker ones have made up for.
+    static constexpr std::chrono::milliseconds kPatience{1000};
+    /// One render counts as this late at most: to open a large module may take long, once.
+    static constexpr std::chrono::milliseconds kLatestOnce{400};
 
     // Music. -------------------------------------------------------------------------------------
     /// Plays a stream in the place of what played: from an order on, or without one from where it
@@ -66,9 +70,11 @@ class Mixer final : public SoundSource {
         int order = 0;
     };
 
+    using Seconds = std::chrono::duration<double>;
+
     bool IsCurrent(const MusicStream& stream) const { return music_.get() == &stream; }
     void RenderMusic();
-    void WatchPace(const std::shared_ptr<MusicStream>& stream, bool slow);
+    void WatchPace(const std::shared_ptr<MusicStream>& stream, Seconds took);
     void MixVoices();
     /// Adds what is left of a voice to the mix, as far as it goes.
     void MixVoice(Voice& voice);
@@ -82,8 +88,8 @@ class Mixer final : public SoundSource {
 
     // The rendering thread's own.
     std::vector<float> mix_;
-    int slowRenders_ = 0;
-    std::weak_ptr<MusicStream> watched_;  ///< whose they were
+    Seconds behind_{};                    ///< never negative
+    std::weak_ptr<MusicStream> watched_;  ///< what is so far behind
 };
 
 }  // namespace korvane
