@@ -165,8 +165,8 @@ class DiskFiles final : public Files {
 
   private:
     std::optional<Place> Walk(const std::vector<std::string>& names) const {
-        const Descriptor root(open(root_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-        return root ? WalkBeneath(root, names) : std::nullopt;
+        Descriptor root(open(root_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        return root ? WalkBeneath(std::move(root), names) : std::nullopt;
     }
 
     std::optional<Place> Find(std::string_view path) const {

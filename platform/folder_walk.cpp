@@ -39,11 +39,16 @@ std::vector<std::string> SplitAt(std::string_view path, std::string_view separat
     return names;
 }
 
-/// How an existing name is spelled in a folder; the name itself when there is none.
-std::string SpelledIn(const Descriptor& folder, const std::string& name) {
+/// The type bits of what stands under a name; 0 when that is nothing.
+mode_t TypeOf(const Descriptor& folder, const std::string& name) {
     struct stat status {};
-    if (fstatat(folder.Number(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0) return name;
+    if (fstatat(folder.Number(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return 0;
+    return status.st_mode & S_IFMT;
+}
 
+/// How a name that does not exist as it stands is spelled in a folder; the name itself when it is
+/// not there at all.
+std::string SpelledIn(const Descriptor& folder, const std::string& name) {
     std::string best;
     for (std::string& found : NamesIn(folder, ".").value_or(std::vector<std::string>())) {
         if (EqualButForCase(found, name) && (best.empty() || found < best)) best = std::move(found);
@@ -51,7 +56,7 @@ std::string SpelledIn(const Descriptor& folder, const std::string& name) {
     return best.empty() ? name : best;
 }
 
-/// What a link says, nothing when the name is no link (or a link longer than any path).
+/// What a link says, nothing when it is none any more (or is longer than any path).
 std::optional<std::string> LinkText(const Descriptor& folder, const std::string& name) {
     std::array<char, PATH_MAX> text;
     const ssize_t length = readlinkat(folder.Number(), name.c_str(), text.data(), text.size());
@@ -116,11 +121,11 @@ std::optional<std::vector<std::string>> NamesIn(const Descriptor& parent, const 
     return names;
 }
 
-std::optional<Place> WalkBeneath(const Descriptor& root, const std::vector<std::string>& names) {
+std::optional<Place> WalkBeneath(Descriptor root, const std::vector<std::string>& names) {
     // The folders from the root to where we stand: ".." in a link steps back along them and so
     // cannot climb above the root, even when folders are moved meanwhile.
     std::vector<Descriptor> trail;
-    trail.push_back(OpenFolder(root, "."));
+    trail.push_back(std::move(root));
     NamesAhead ahead(names);
     int links = 0;
     while (trail.back() && !ahead.IsEmpty()) {
@@ -130,9 +135,14 @@ std::optional<Place> WalkBeneath(const Descriptor& root, const std::vector<std::
             trail.pop_back();
             continue;
         }
-        name = SpelledIn(trail.back(), name);
-        if (const std::optional<std::string> link = LinkText(trail.back(), name)) {
-            if (++links > kMostLinks || link->starts_with('/')) return std::nullopt;
+        mode_t type = TypeOf(trail.back(), name);
+        if (type == 0) {
+            name = SpelledIn(trail.back(), name);
+            type = TypeOf(trail.back(), name);
+        }
+        if (type == S_IFLNK) {
+            const std::optional<std::string> link = LinkText(trail.back(), name);
+            if (!link || ++links > kMostLinks || link->starts_with('/')) return std::nullopt;
             ahead.Push(SplitAt(*link, "/"));
             continue;
         }

@@ -51,6 +51,6 @@ std::optional<std::vector<std::string>> NamesIn(const Descriptor& parent, const 
 /// Each step opens one name in the folder before it and never crosses a link by itself, so a link
 /// put in place while we walk cannot lead out either. The kernel's own confined lookup
 /// (openat2) would not spare the walk, which letter case needs, and is missing in many sandboxes.
-std::optional<Place> WalkBeneath(const Descriptor& root, const std::vector<std::string>& names);
+std::optional<Place> WalkBeneath(Descriptor root, const std::vector<std::string>& names);
 
 }  // namespace korvane
