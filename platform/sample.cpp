@@ -2,8 +2,8 @@
 
 #include <samplerate.h>
 
-#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/sound_source.h"
 #include "platform/wav.h"
@@ -12,28 +12,25 @@ namespace korvane {
 namespace {
 
 /// The same sound with kSoundRate frames per second; empty when the library refuses.
-std::vector<float> Resample(const WavSound& sound) {
+std::vector<std::int16_t> Resample(const WavSound& sound) {
     const double ratio = static_cast<double>(kSoundRate) / sound.rate;
     const std::size_t channels = static_cast<std::size_t>(sound.channels);
     const std::size_t frames = sound.samples.size() / channels;
     const auto room = static_cast<std::size_t>(std::ceil(static_cast<double>(frames) * ratio)) + 1;
-    std::vector<float> samples(room * channels);
+    std::vector<float> before(sound.samples.size());
+    std::vector<float> after(room * channels);
+    src_short_to_float_array(sound.samples.data(), before.data(), static_cast<int>(before.size()));
     SRC_DATA job{};
-    job.data_in = sound.samples.data();
+    job.data_in = before.data();
     job.input_frames = static_cast<long>(frames);
-    job.data_out = samples.data();
+    job.data_out = after.data();
     job.output_frames = static_cast<long>(room);
     job.src_ratio = ratio;
     if (src_simple(&job, SRC_SINC_FASTEST, sound.channels) != 0) return {};
-    samples.resize(static_cast<std::size_t>(job.output_frames_gen) * channels);
+    std::vector<std::int16_t> samples(static_cast<std::size_t>(job.output_frames_gen) * channels);
+    // Resampling may overshoot a little; this limits it.
+    src_float_to_short_array(after.data(), samples.data(), static_cast<int>(samples.size()));
     return samples;
-}
-
-/// The nearest; resampling may overshoot a little. Without the library's rounding, whose calls
-/// would be most of the work.
-std::int16_t ToInteger(float sample) {
-    const float scaled = std::clamp(sample * 32768.0F, -32768.0F, 32767.0F);
-    return static_cast<std::int16_t>(scaled + std::copysign(0.5F, scaled));
 }
 
 }  // namespace
@@ -43,11 +40,7 @@ std::optional<Sample> LoadSample(std::span<const std::byte> file) {
     if (!sound) return std::nullopt;
     if (sound->rate != kSoundRate) sound->samples = Resample(*sound);
     if (sound->samples.empty()) return std::nullopt;
-    Sample sample;
-    sample.channels = sound->channels;
-    sample.samples.resize(sound->samples.size());
-    std::ranges::transform(sound->samples, sample.samples.begin(), ToInteger);
-    return sample;
+    return Sample{sound->channels, std::move(sound->samples)};
 }
 
 }  // namespace korvane

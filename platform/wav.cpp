@@ -1,6 +1,5 @@
 #include "platform/wav.h"
 
-#include <cstdint>
 #include <string_view>
 
 #include "platform/byte_stream.h"
@@ -62,12 +61,14 @@ bool IsAccepted(const WavFormat& format) {
            format.rate <= kMaxWavRate;
 }
 
-/// 8-bit samples are unsigned with silence at 128, 16-bit ones signed.
-float SampleAt(std::span<const std::byte> bytes, std::size_t index, int bits) {
-    if (bits == 8) return static_cast<float>(std::to_integer<int>(bytes[index]) - 128) / 128.0F;
-    const auto low = std::to_integer<unsigned>(bytes[2 * index]);
-    const auto high = std::to_integer<unsigned>(bytes[2 * index + 1]);
-    return static_cast<float>(static_cast<std::int16_t>(low | high << 8)) / 32768.0F;
+/// 8-bit samples are unsigned with silence at 128.
+std::int16_t From8Bits(std::byte sample) {
+    return static_cast<std::int16_t>((std::to_integer<int>(sample) - 128) * 256);
+}
+
+std::int16_t From16Bits(std::byte low, std::byte high) {
+    return static_cast<std::int16_t>(std::to_integer<unsigned>(low) |
+                                     std::to_integer<unsigned>(high) << 8);
 }
 
 std::optional<WavSound> Decode(const WavFormat& format, std::span<const std::byte> bytes) {
@@ -77,8 +78,10 @@ std::optional<WavSound> Decode(const WavFormat& format, std::span<const std::byt
     sound.rate = static_cast<int>(format.rate);
     sound.channels = format.channels;
     sound.samples.resize(frames * format.channels);
-    for (std::size_t i = 0; i < sound.samples.size(); ++i)
-        sound.samples[i] = SampleAt(bytes, i, format.bits);
+    for (std::size_t i = 0; i < sound.samples.size(); ++i) {
+        sound.samples[i] =
+            format.bits == 8 ? From8Bits(bytes[i]) : From16Bits(bytes[2 * i], bytes[2 * i + 1]);
+    }
     return sound;
 }
 

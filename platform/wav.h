@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <vector>
@@ -16,10 +17,9 @@ inline constexpr int kMaxWavSeconds = 30;
 
 /// What a WAV file holds.
 struct WavSound {
-    int rate = 0;      ///< frames per second
-    int channels = 0;  ///< 1 or 2
-    /// Frames one after the other, left before right, from -1 to below 1.
-    std::vector<float> samples;
+    int rate = 0;                       ///< frames per second
+    int channels = 0;                   ///< 1 or 2
+    std::vector<std::int16_t> samples;  ///< frames one after the other, left before right
 };
 
 /// Takes the sound out of a RIFF file with uncompressed samples of 8 or 16 bits in one or two

@@ -26,9 +26,9 @@ TEST(WavTest, EveryAcceptedFormatHasItsSamples) {
                 ASSERT_TRUE(sound) << bits << " bits, " << channels << " channels, " << unknown;
                 EXPECT_EQ(sound->rate, 44100);
                 EXPECT_EQ(sound->channels, channels);
-                const std::vector<float> mono = {-1, -0.75F, -0.5F, -0.25F, 0};
-                const std::vector<float> stereo = {-1,   0.5F,   -0.75F, 0.5F, -0.5F,
-                                                   0.5F, -0.25F, 0.5F,   0,    0.5F};
+                const std::vector<std::int16_t> mono = {-32768, -24576, -16384, -8192, 0};
+                const std::vector<std::int16_t> stereo = {-32768, 16384, -24576, 16384, -16384,
+                                                          16384,  -8192, 16384,  0,     16384};
                 EXPECT_EQ(sound->samples, channels == 1 ? mono : stereo);
             }
         }
