@@ -10,7 +10,9 @@
 #include <memory>
 #include <mutex>
 #include <random>
+#include <span>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "platform/mixer.h"
@@ -132,6 +134,18 @@ TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
     EXPECT_NE(waitForLook(5), 0U);
     watched.Close();
     EXPECT_EQ(looks, 5) << "no look for a device that is there";
+}
+
+TEST(QuietStartTest, TheSourceIsNotAskedBeforeTheSilenceIsOver) {
+    class Loud final : public SoundSource {
+      public:
+        void Render(std::span<std::int16_t> samples) override { std::ranges::fill(samples, 9); }
+    } loud;
+    for (const auto& [quiet, heard] : {std::pair(std::chrono::hours(1), 0), {{}, 9}}) {
+        std::vector<std::int16_t> buffer(6, 1);
+        QuietStart(loud, quiet).Render(buffer);
+        EXPECT_EQ(buffer, std::vector<std::int16_t>(6, static_cast<std::int16_t>(heard)));
+    }
 }
 
 /// Stands for the device, but asks without a pause between two buffers.
