@@ -120,11 +120,17 @@ void MenuBar::OnLetter(std::uint8_t key) {
         if (title != kNoEntry) Open(title, Highlight::FirstItem);
         return;
     }
-    const auto& items = Items();
-    const auto named = std::find_if(items.begin(), items.end(), [key](const MenuItem& item) {
+    const auto isNamed = [key](const MenuItem& item) {
         return item.IsEnabled() && item.label.mnemonic == key;
-    });
-    if (named != items.end()) Choose(static_cast<std::size_t>(named - items.begin()));
+    };
+    const auto count = std::ranges::count_if(Items(), isNamed);
+    if (count == 0) return;
+    std::size_t item = item_;
+    do
+        item = StepInRing(item, 1, Items().size());
+    while (!isNamed(Items()[item]));
+    // A letter of several items goes from one to the next, and Return chooses.
+    return count == 1 ? Choose(item) : Light(item);
 }
 
 // Mouse. -----------------------------------------------------------------------------------------

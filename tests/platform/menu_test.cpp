@@ -91,6 +91,8 @@ TEST_F(MenuTest, KeyboardWays) {
         {"Down past the separator", {altF, press(VK_DOWN), enter}, kNone, {kClose}},
         {"Up wraps to the greyed end", {altF, press(VK_UP), enter}, kFile, {}},
         {"its letter", {altF, press('G')}, kFile, {}},
+        {"a letter of two", {press('E', kModAlt), press('U'), enter}, kNone, {kUndoAll}},
+        {"twice", {press('E', kModAlt), press('U'), press('U'), enter}, kNone, {kUndo}},
         {"Down wraps",
          {altF, press(VK_DOWN), press(VK_DOWN), press(VK_DOWN), enter},
          kNone,

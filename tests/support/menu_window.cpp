@@ -14,7 +14,7 @@ constexpr std::array kFileItems = {
 };
 constexpr std::array kEditItems = {
     MENUITEMTEMPLATE{kUndo, "&Undo"},
-    MENUITEMTEMPLATE{kUndoAll, "Undo &all"},
+    MENUITEMTEMPLATE{kUndoAll, "&Undo all"},
 };
 constexpr std::array kPopups = {
     MENUPOPUPTEMPLATE{"&File", kFileItems},
