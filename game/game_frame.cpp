@@ -103,6 +103,8 @@ void DrawScreen(FrameScreens& screens) {
 void DrawFrameRate() {
     constexpr std::uint32_t kPeriodMs = 1001;
     const std::uint32_t now = GetTickCount();
+    // The first period begins with the first frame that is counted.
+    if (theMatch.frameRateText.empty() && theMatch.frameCount == 0) theMatch.frameRateTick = now;
     if (now - theMatch.frameRateTick >= kPeriodMs) {
         theMatch.frameRateText = std::to_string(theMatch.frameCount);
         theMatch.frameRateTick = now;

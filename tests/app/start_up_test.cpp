@@ -176,6 +176,16 @@ TEST_F(StartUpTest, FramesAreTenMillisecondsApartAndStopWhileMinimised) {
     EXPECT_EQ(waits, 1);
 }
 
+TEST_F(StartUpTest, TheFrameRateIsShownWhenItsFirstPeriodHasPassed) {
+    Start();
+    theMatch = {};
+    showFps = true;
+    Passes(101);
+    EXPECT_EQ(theMatch.frameRateText, "");
+    Passes(1);
+    EXPECT_EQ(theMatch.frameRateText, "101");
+}
+
 TEST_F(StartUpTest, FullScreenComesAndGoesWithTheSamePicture) {
     Start();
     Press(VK_F3);
