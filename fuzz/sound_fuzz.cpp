@@ -1,0 +1,46 @@
+// A sound effect or a module from a skin: whichever the bytes are taken for.
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "fuzz/expect.h"
+#include "platform/mixer.h"
+#include "platform/module_header.h"
+#include "platform/music_stream.h"
+#include "platform/sample.h"
+#include "platform/sound_source.h"
+
+namespace korvane::fuzz {
+namespace {
+
+void TrySample(std::span<const std::byte> input) {
+    const std::optional<Sample> sample = LoadSample(input);
+    if (!sample) return;
+    Expect(sample->channels == 1 || sample->channels == 2);
+    Expect(sample->Frames() >= 1);
+    Expect(sample->samples.size() == sample->Frames() * static_cast<std::size_t>(sample->channels));
+}
+
+void TryModule(std::span<const std::byte> input) {
+    const std::shared_ptr<MusicStream> module =
+        OpenModuleLater(std::vector<std::byte>(input.begin(), input.end()));
+    if (!module) return;
+    Expect(CheckModuleHeader(input).has_value());
+    Mixer mixer;
+    std::vector<std::int16_t> heard(std::size_t{kSoundBufferFrames} * kSoundChannels);
+    for (const int order : {0, module->Orders() - 1, 1000}) {
+        mixer.StartMusic(module, order);
+        mixer.Render(heard);
+    }
+}
+
+}  // namespace
+}  // namespace korvane::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const auto input = korvane::fuzz::InputBytes(data, size);
+    korvane::fuzz::TrySample(input);
+    korvane::fuzz::TryModule(input);
+    return 0;
+}
