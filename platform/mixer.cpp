@@ -105,7 +105,7 @@ void Mixer::PlaySample(std::shared_ptr<const Sample> sample, std::uint32_t chann
     const std::lock_guard lock(mutex_);
     if (std::ranges::count_if(voices_, isSame) >= static_cast<std::ptrdiff_t>(limit))
         voices_.erase(std::ranges::find_if(voices_, isSame));
-    voices_.push_back({std::move(sample), channel, 0});
+    voices_.push_back({std::move(sample), channel, 0, TheHost().Counter()});
 }
 
 bool Mixer::IsChannelSounding(std::uint32_t channel) {
@@ -125,6 +125,9 @@ void Mixer::StopSample(const Sample& sample) {
 
 void Mixer::MixVoices() {
     const std::lock_guard lock(mutex_);
+    std::erase_if(voices_, [](const Voice& voice) {
+        return voice.frame == 0 && TimeSince(voice.start) > kLatestStart;
+    });
     for (Voice& voice : voices_)
         MixVoice(voice);
     std::erase_if(voices_,

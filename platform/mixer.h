@@ -44,6 +44,8 @@ class Mixer final : public SoundSource {
     bool IsMusicPlaying(const MusicStream& stream);
 
     // Samples. -----------------------------------------------------------------------------------
+    /// What could not begin for so long, as there was no device, is not heard any more.
+    static constexpr std::chrono::milliseconds kLatestStart{250};
     /// Plays a sample from its beginning, as `channel`. With `limit` playbacks of it sounding
     /// already, the oldest ends.
     void PlaySample(std::shared_ptr<const Sample> sample, std::uint32_t channel, std::size_t limit);
@@ -63,6 +65,7 @@ class Mixer final : public SoundSource {
         std::shared_ptr<const Sample> sample;
         std::uint32_t channel = 0;
         std::size_t frame = 0;
+        std::uint64_t start = 0;  ///< the host's counter when it was asked for
     };
 
     struct Jump {

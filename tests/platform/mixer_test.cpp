@@ -91,6 +91,16 @@ TEST_F(MixerTest, OneMoreThanTheLimitEndsTheOldestOfThatSampleAlone) {
     EXPECT_EQ(Level(), 0);
 }
 
+TEST_F(MixerTest, WhatCouldNotBeginInTimeIsNotHeard) {
+    mixer.PlaySample(Steady(1000), 1, 3);
+    EXPECT_NEAR(Level(), 1000, 2);
+    mixer.PlaySample(Steady(4000), 2, 3);
+    Headless().Advance(300);
+    mixer.PlaySample(Steady(2000), 3, 3);
+    Headless().Advance(200);
+    EXPECT_NEAR(Level(), 3000, 2);
+}
+
 TEST_F(MixerTest, BothSidesOfAStereoSampleStayApart) {
     const auto sample = std::make_shared<const Sample>(Sample{2, {100, -200, 300, -400}});
     mixer.PlaySample(sample, 1, 3);
@@ -124,6 +134,7 @@ TEST_F(MixerTest, MusicThatFallsASecondBehindEndsAndStaysOff) {
         return mixer.IsMusicPlaying(*stream);
     };
     mixer.PlaySample(Steady(1000, 1000000), 1, 3);
+    Level();
     mixer.StartMusic(stream, 0);
     // A buffer lasts 11.6 ms.
     EXPECT_TRUE(render(60000)) << "one alone may take any time";
