@@ -22,6 +22,9 @@ namespace korvane {
 inline constexpr int kWindowFrame = 4;
 inline constexpr int kWindowCaption = 19;
 
+/// In the lParam of a key's message: it comes from the keyboard's automatic repeat.
+inline constexpr LPARAM kRepeatedKey = LPARAM{1} << 30;
+
 struct Window {
     WNDPROC procedure = nullptr;
     std::uint32_t style = 0;

@@ -11,12 +11,11 @@ bool IsSystemKey(const HostEvent& event) {
 }
 
 void OnKey(const HostEvent& event) {
-    constexpr LPARAM kRepeated = LPARAM{1} << 30;
     auto& heldAsPlainKey = TheDesktop().heldAsPlainKey;
     if (event.type == HostEventType::KeyDown) {
         const bool system = IsSystemKey(event);
         heldAsPlainKey[event.key] = !system;
-        Enqueue(system ? WM_SYSKEYDOWN : WM_KEYDOWN, event.key, event.repeat ? kRepeated : 0,
+        Enqueue(system ? WM_SYSKEYDOWN : WM_KEYDOWN, event.key, event.repeat ? kRepeatedKey : 0,
                 event.modifiers);
         return;
     }

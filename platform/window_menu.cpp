@@ -96,7 +96,9 @@ bool TranslateAccelerator(HWND window, std::span<const ACCEL> table, const MSG& 
     const std::uint8_t held = TheDesktop().modifiers;
     for (const ACCEL& entry : table) {
         if (entry.key != message.wParam || entry.modifiers != held) continue;
-        if (!IsGreyedInMenu(window, entry.command))
+        // Held a moment too long, it would undo what it did, or do it again to what it led to.
+        const bool repeated = (message.lParam & kRepeatedKey) != 0;
+        if (!repeated && !IsGreyedInMenu(window, entry.command))
             SendMessage(window, WM_COMMAND, MakeParam(entry.command, 1), 0);
         return true;
     }

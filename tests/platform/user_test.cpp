@@ -186,6 +186,14 @@ TEST_F(UserTest, AcceleratorsWantExactlyTheirModifiers) {
         const std::vector<Seen> commands = {{WM_COMMAND, MakeParam(c.command, 1), 0}};
         EXPECT_EQ(seen, c.command ? commands : std::vector<Seen>{});
         Drain();
+        seen.clear();
+        Headless().Push({.type = HostEventType::KeyDown,
+                         .key = c.key,
+                         .modifiers = c.modifiers,
+                         .repeat = true});
+        ASSERT_TRUE(GetMessage(message));
+        EXPECT_EQ(TranslateAccelerator(window, kTable, message), c.command != 0);
+        EXPECT_TRUE(seen.empty()) << "once for each press";
     }
 }
 
