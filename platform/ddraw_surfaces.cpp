@@ -305,7 +305,7 @@ HRESULT PrimarySurface::Blt(const RECT* destination, IDirectDrawSurface7* source
     auto* base = static_cast<SurfaceBase*>(source);
     BackSurface* back = base ? base->AsBack() : nullptr;
     if (!back || !destination || !clipper_) return E_INVALIDARG;
-    if (destination->IsEmpty()) return DDERR_INVALIDRECT;
+    if (destination->IsEmpty()) return S_OK;  // the window has no room for the picture
     const RECT client = TheHost().ClientArea();
     return ShowBuffer(*back, {destination->left - client.left, destination->top - client.top,
                               destination->right - client.left, destination->bottom - client.top});
