@@ -2,6 +2,8 @@
 
 #include <pthread.h>
 
+#include <csignal>
+#include <system_error>
 #include <utility>
 
 namespace korvane {
@@ -22,11 +24,20 @@ SignalWatch::SignalWatch(std::function<void()> onSignal) : onSignal_(std::move(o
     sigaddset(&signals_, kEndSignal);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         if (!IsIgnored(signal)) sigaddset(&signals_, signal);
+    // A pipe or socket whose other end has gone, and a file that may not grow, are errors of one
+    // call and no end.
+    for (const int signal : {SIGPIPE, SIGXFSZ})
+        std::signal(signal, SIG_IGN);
     pthread_sigmask(SIG_BLOCK, &signals_, nullptr);
-    thread_ = std::thread([this] { Run(); });
+    try {
+        thread_ = std::thread([this] { Run(); });
+    } catch (const std::system_error&) {
+        pthread_sigmask(SIG_UNBLOCK, &signals_, nullptr);  // they end the process, as everywhere
+    }
 }
 
 SignalWatch::~SignalWatch() {
+    if (!thread_.joinable()) return;
     ending_ = true;
     pthread_kill(thread_.native_handle(), kEndSignal);
     thread_.join();
