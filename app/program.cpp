@@ -1,11 +1,14 @@
 #include "app/program.h"
 
+#include <cstdlib>
+
 #include "app/advanced_dialog.h"
 #include "app/display_switch.h"
 #include "app/main_window.h"
 #include "app/process_state.h"
 #include "app/screen_adapter.h"
 #include "app/settings.h"
+#include "app/window_proc.h"
 #include "audio/audio.h"
 #include "audio/music_player.h"
 #include "game/game_art.h"
@@ -94,6 +97,8 @@ bool StartUp() {
     showFps = false;
     ChooseGameClock();
     CreateObjects();
+    // Xlib ends the process when the display dies, in whatever call that shows.
+    std::atexit(SaveScoresAndKeys);
     nextFigureCheat = false;
     theMusic.SetScreenQuiet(MusicScreen::Menu);
     // Whoever ends the program in the first dialog does not see its window come up.
@@ -117,6 +122,9 @@ std::optional<int> RunLoopPass() {
     } else if (Failed(RenderFrame(mainWindow))) {
         currentDisplay.reset();
         ShowError("Displaying the next frame failed. Korvane will now exit. ");
+        // A program that ends because it cannot draw leaves scores and keys as they were.
+        theHighScoreScreen.reset();
+        theMenuScreen.reset();
         return 0;
     }
     return std::nullopt;

@@ -45,13 +45,11 @@ bool IsRefusedInFullScreen(WPARAM systemCommand) {
     return std::find(kRefused.begin(), kRefused.end(), systemCommand) != kRefused.end();
 }
 
-/// Only here are high scores and keys written: a program that ends because it cannot draw leaves
-/// both files as they were.
+/// Saves before it asks anything of sound and display: one that hangs must not cost a score.
 void OnDestroy() {
+    SaveScoresAndKeys();
     StopAudio();
-    if (theHighScoreScreen) theHighScoreScreen->Table().Save();
     theHighScoreScreen.reset();
-    if (theMenuScreen) keyBindings.Save();
     theMenuScreen.reset();
     rightPlayer.reset();
     leftPlayer.reset();
@@ -60,6 +58,11 @@ void OnDestroy() {
 }
 
 }  // namespace
+
+void SaveScoresAndKeys() {
+    if (theHighScoreScreen) theHighScoreScreen->Table().Save();
+    if (theMenuScreen) keyBindings.Save();
+}
 
 LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lParam) {
     mainWindow = window;

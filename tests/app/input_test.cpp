@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <initializer_list>
 #include <string>
 #include <utility>
@@ -5,6 +6,7 @@
 
 #include "app/process_state.h"
 #include "app/settings.h"
+#include "app/window_proc.h"
 #include "game/game_frame.h"
 #include "game/key_bindings.h"
 #include "gfx/display.h"
@@ -310,10 +312,17 @@ TEST_F(InputTest, WhatEndsOnADisplayErrorLeavesScoresAndKeysAsTheyWere) {
     Frame();
     EXPECT_EQ(answerer.Read().size(), 1u);
     EXPECT_FALSE(IsRunning());
-    theHighScoreScreen.reset();  // as when the process ends
-    theMenuScreen.reset();
+    SaveScoresAndKeys();  // as when the process ends
     EXPECT_TRUE(folder.Read("data/hs.dat").empty());
     EXPECT_TRUE(folder.Read("data/keys.dat").empty());
+}
+
+TEST_F(InputTest, AProcessThatIsEndedFromWithinKeepsScoresAndKeys) {
+    Start();
+    theHighScoreScreen->Submit(Side::Right, 5000, 1, 1);
+    EXPECT_EXIT(std::exit(1), testing::ExitedWithCode(1), "");
+    EXPECT_FALSE(folder.Read("data/hs.dat").empty());
+    EXPECT_FALSE(folder.Read("data/keys.dat").empty());
 }
 
 }  // namespace
