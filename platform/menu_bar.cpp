@@ -126,9 +126,9 @@ void MenuBar::OnLetter(std::uint8_t key) {
     const auto count = std::ranges::count_if(Items(), isNamed);
     if (count == 0) return;
     std::size_t item = item_;
-    do
+    do {
         item = StepInRing(item, 1, Items().size());
-    while (!isNamed(Items()[item]));
+    } while (!isNamed(Items()[item]));
     // A letter of several items goes from one to the next, and Return chooses.
     return count == 1 ? Choose(item) : Light(item);
 }
