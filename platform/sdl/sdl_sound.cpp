@@ -3,8 +3,11 @@
 #include <SDL.h>
 
 #include <algorithm>
+#include <condition_variable>
+#include <mutex>
 #include <string_view>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 namespace korvane {
@@ -33,20 +36,105 @@ void QuietStart::Render(std::span<std::int16_t> samples) {
     std::ranges::fill(samples, std::int16_t{0});
 }
 
+/// An open device, and the thread that opens it again. Shared with the thread that ends it, which
+/// outlives everybody else when the sound system hangs.
+class SdlSound::Device {
+  public:
+    Device(const Opener& opener, const Times& times, SoundSource& source)
+        : opener_(opener), times_(times), source_(source, kQuiet), device_(opener_(source_)) {}
+
+    bool IsThere() const { return device_ != 0; }
+    void StartKeeper() {
+        keeper_ = std::thread([this] { Keep(); });
+    }
+    void OnRemoved(SDL_AudioDeviceID removed);
+
+    void AskToEnd();
+    /// Waits for thread and device as long as they take.
+    void End();
+    /// False: they take too long.
+    bool AwaitEnd();
+
+  private:
+    /// Body of the thread.
+    void Keep();
+
+    const Opener opener_;
+    const Times times_;
+    QuietStart source_;
+    std::thread keeper_;
+
+    std::mutex mutex_;  // guards all below
+    std::condition_variable changed_;
+    SDL_AudioDeviceID device_ = 0;
+    SDL_AudioDeviceID removed_ = 0;  ///< reported while the keeper was opening
+    bool lost_ = false;
+    bool ending_ = false;
+    bool ended_ = false;
+};
+
+void SdlSound::Device::OnRemoved(SDL_AudioDeviceID removed) {
+    {
+        const std::lock_guard lock(mutex_);
+        removed_ = removed;
+        lost_ = lost_ || removed == device_;
+    }
+    changed_.notify_all();
+}
+
+void SdlSound::Device::Keep() {
+    std::unique_lock lock(mutex_);
+    for (;;) {
+        changed_.wait(lock, [this] { return ending_ || lost_; });
+        if (ending_) return;
+        const SDL_AudioDeviceID gone = std::exchange(device_, 0);
+        removed_ = 0;
+        // Opening and closing may wait for the system; nobody is to wait for the lock meanwhile.
+        lock.unlock();
+        if (gone != 0) SDL_CloseAudioDevice(gone);
+        const SDL_AudioDeviceID found = opener_(source_);
+        lock.lock();
+        device_ = found;
+        lost_ = found == 0 || found == removed_;
+        if (lost_) changed_.wait_for(lock, times_.retry, [this] { return ending_; });
+    }
+}
+
+void SdlSound::Device::AskToEnd() {
+    {
+        const std::lock_guard lock(mutex_);
+        ending_ = true;
+    }
+    changed_.notify_all();
+}
+
+void SdlSound::Device::End() {
+    if (keeper_.joinable()) keeper_.join();
+    if (device_ != 0) SDL_CloseAudioDevice(device_);
+    const std::lock_guard lock(mutex_);
+    ended_ = true;
+    changed_.notify_all();
+}
+
+bool SdlSound::Device::AwaitEnd() {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, times_.patience, [this] { return ended_; });
+}
+
+SdlSound::SdlSound(Opener opener, Times times) : opener_(std::move(opener)), times_(times) {}
+
 bool SdlSound::Open(SoundSource& source) {
     Close();
     // Apart from video: a machine without sound still shows the game.
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
-    source_.emplace(source, kQuiet);
-    device_ = DriverIsMute() ? 0 : opener_(*source_);
-    if (device_ == 0) {
+    if (!DriverIsMute()) device_ = std::make_shared<Device>(opener_, times_, source);
+    if (!device_ || !device_->IsThere()) {
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
-        source_.reset();
+        device_.reset();
         return false;
     }
-    lost_ = ending_ = false;
     try {
-        keeper_ = std::thread([this] { KeepDevice(); });
+        device_->StartKeeper();
     } catch (const std::system_error&) {
         // The device is not looked for again.
     }
@@ -54,26 +142,21 @@ bool SdlSound::Open(SoundSource& source) {
 }
 
 void SdlSound::Close() {
-    if (!source_) return;
-    {
-        const std::lock_guard lock(mutex_);
-        ending_ = true;
+    if (!device_) return;
+    const std::shared_ptr<Device> device = std::exchange(device_, nullptr);
+    device->AskToEnd();
+    try {
+        std::thread([device] { device->End(); }).detach();
+    } catch (const std::system_error&) {
+        device->End();
     }
-    changed_.notify_one();
-    if (keeper_.joinable()) keeper_.join();
-    if (device_ != 0) SDL_CloseAudioDevice(std::exchange(device_, 0));
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    source_.reset();
+    // What a sound system that hangs has of ours is left to it: the program must be able to end.
+    if (device->AwaitEnd()) SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
 
 void SdlSound::OnEvent(const SDL_AudioDeviceEvent& event) {
-    if (!source_ || event.iscapture != 0 || event.type != SDL_AUDIODEVICEREMOVED) return;
-    {
-        const std::lock_guard lock(mutex_);
-        removed_ = event.which;
-        lost_ = lost_ || event.which == device_;
-    }
-    changed_.notify_one();
+    if (!device_ || event.iscapture != 0 || event.type != SDL_AUDIODEVICEREMOVED) return;
+    device_->OnRemoved(event.which);
 }
 
 SDL_AudioDeviceID SdlSound::OpenDefault(SoundSource& source) {
@@ -87,24 +170,6 @@ SDL_AudioDeviceID SdlSound::OpenDefault(SoundSource& source) {
     const SDL_AudioDeviceID device = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
     if (device != 0) SDL_PauseAudioDevice(device, 0);
     return device;
-}
-
-void SdlSound::KeepDevice() {
-    std::unique_lock lock(mutex_);
-    for (;;) {
-        changed_.wait(lock, [this] { return ending_ || lost_; });
-        if (ending_) return;
-        const SDL_AudioDeviceID gone = std::exchange(device_, 0);
-        removed_ = 0;
-        // Opening and closing may wait for the system; nobody is to wait for the lock meanwhile.
-        lock.unlock();
-        if (gone != 0) SDL_CloseAudioDevice(gone);
-        const SDL_AudioDeviceID found = opener_(*source_);
-        lock.lock();
-        device_ = found;
-        lost_ = found == 0 || found == removed_;
-        if (lost_) changed_.wait_for(lock, retry_, [this] { return ending_; });
-    }
 }
 
 }  // namespace korvane

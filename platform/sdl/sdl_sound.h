@@ -4,14 +4,10 @@
 #include <SDL_events.h>
 
 #include <chrono>
-#include <condition_variable>
 #include <cstdint>
 #include <functional>
-#include <mutex>
-#include <optional>
+#include <memory>
 #include <span>
-#include <thread>
-#include <utility>
 
 #include "platform/sound_source.h"
 
@@ -44,36 +40,32 @@ class SdlSound {
     using Opener = std::function<SDL_AudioDeviceID(SoundSource&)>;
     static SDL_AudioDeviceID OpenDefault(SoundSource& source);
 
-    /// `retry` lies between two looks for a device: half of the second after which it is to be
-    /// heard.
-    explicit SdlSound(Opener opener = OpenDefault,
-                      std::chrono::milliseconds retry = std::chrono::milliseconds(500))
-        : opener_(std::move(opener)), retry_(retry) {}
+    struct Times {
+        /// Between two looks for a device: half of the second after which it is to be heard.
+        std::chrono::milliseconds retry{500};
+        /// So long Close waits for a sound system that hangs.
+        std::chrono::milliseconds patience{1000};
+    };
+
+    SdlSound() : SdlSound(OpenDefault, {}) {}
+    SdlSound(Opener opener, Times times);
     ~SdlSound() { Close(); }
     SdlSound(const SdlSound&) = delete;
     SdlSound& operator=(const SdlSound&) = delete;
 
-    /// False: there is no device. The source must live until Close.
+    /// False: there is no device. The source must live until Close has returned; for ever where a
+    /// sound system may hang, as Close then leaves the device behind.
     bool Open(SoundSource& source);
     void Close();
     /// To be told of every device that SDL reports as added or removed.
     void OnEvent(const SDL_AudioDeviceEvent& event);
 
   private:
-    /// Body of the second thread.
-    void KeepDevice();
+    class Device;
 
     const Opener opener_;
-    const std::chrono::milliseconds retry_;
-    std::optional<QuietStart> source_;  ///< while it is open
-    std::thread keeper_;
-
-    std::mutex mutex_;  // guards all below
-    std::condition_variable changed_;
-    SDL_AudioDeviceID device_ = 0;
-    SDL_AudioDeviceID removed_ = 0;  ///< reported while the keeper was opening
-    bool lost_ = false;
-    bool ending_ = false;
+    const Times times_;
+    std::shared_ptr<Device> device_;  ///< while it is open
 };
 
 }  // namespace korvane

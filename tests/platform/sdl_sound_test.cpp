@@ -7,6 +7,7 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <future>
 #include <memory>
 #include <mutex>
 #include <random>
@@ -119,7 +120,7 @@ TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
             changed.notify_all();
             return found;
         },
-        std::chrono::milliseconds(1));
+        {.retry = std::chrono::milliseconds(1)});
     opened = &watched;
     // The device that the look of that number found.
     const auto waitForLook = [&](int count) {
@@ -134,6 +135,27 @@ TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
     EXPECT_NE(waitForLook(5), 0U);
     watched.Close();
     EXPECT_EQ(looks, 5) << "no look for a device that is there";
+}
+
+TEST_F(SdlSoundTest, ADriverThatHangsIsLeftBehind) {
+    // What the thread that hangs uses lives as long as it does.
+    const auto hanging = std::make_shared<std::promise<void>>();
+    const auto looks = std::make_shared<int>(0);
+    std::promise<void> release;
+    SdlSound stuck(
+        [hanging, looks, released = release.get_future().share()](SoundSource& to) {
+            if (++*looks == 1) return SdlSound::OpenDefault(to);
+            hanging->set_value();
+            released.wait();
+            return SDL_AudioDeviceID{0};
+        },
+        {.patience = std::chrono::milliseconds(1)});
+    ASSERT_TRUE(stuck.Open(source));
+    ReportAnyRemoved(stuck, /*recorder=*/false);
+    ASSERT_EQ(hanging->get_future().wait_for(std::chrono::seconds(20)), std::future_status::ready);
+    stuck.Close();  // returns
+    EXPECT_EQ(*looks, 2);
+    release.set_value();
 }
 
 TEST(QuietStartTest, TheSourceIsNotAskedBeforeTheSilenceIsOver) {
