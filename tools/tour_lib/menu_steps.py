@@ -75,13 +75,14 @@ def switch_music_on(tour):
 # Window menu. -------------------------------------------------------------------------------------
 
 def show_frame_rate(tour):
-    """Opens a popup with the mouse and chooses with a letter."""
+    """Opens a popup with the mouse and goes to an item with a letter, which two items share."""
     game = tour.game
     check("There is a frame rate at the start", game.view().frame_rate() is None)
     game.click(*TITLE_MAIN)
     game.see("popup under the mouse", lambda view: view.has_popup())
     tour.keep_picture("window-menu")
     game.press("h")
+    game.press("Return")
     game.see("frame rate", lambda view: view.frame_rate() and not view.has_popup())
     tour.keep_picture("frame-rate")
 
@@ -92,6 +93,7 @@ def hide_frame_rate(tour):
     tour.game.see("popup by its letter", lambda view: view.has_popup())
     tour.keep_picture("window-menu-by-letter")
     tour.game.press("h")
+    tour.game.press("Return")
     tour.game.see("no frame rate",
                   lambda view: view.frame_rate() is None and not view.has_popup())
     see_menu(tour)
