@@ -45,10 +45,9 @@ bool IsRefusedInFullScreen(WPARAM systemCommand) {
     return std::find(kRefused.begin(), kRefused.end(), systemCommand) != kRefused.end();
 }
 
-/// Saves before it asks anything of sound and display: one that hangs must not cost a score.
 void OnDestroy() {
-    SaveScoresAndKeys();
     StopAudio();
+    SaveScoresAndKeys();
     theHighScoreScreen.reset();
     theMenuScreen.reset();
     rightPlayer.reset();

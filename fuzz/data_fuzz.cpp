@@ -1,9 +1,7 @@
 // The four data files and a skin's module.txt. The input's first byte says which it is.
 
-#include <cmath>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "app/settings.h"

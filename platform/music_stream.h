@@ -27,7 +27,7 @@ std::unique_ptr<MusicStream> OpenModule(std::span<const std::byte> file);
 
 /// The same, but where the header alone tells that the file will do, it is opened by the thread
 /// that plays it, when it first does: the game starts without waiting for its music, which takes
-/// the player 20 ms and more the first time. When memory runs out then, the music is silent.
+/// the player some 20 ms the first time. When memory runs out then, the music is silent.
 std::unique_ptr<MusicStream> OpenModuleLater(std::vector<std::byte> file);
 
 }  // namespace korvane

@@ -30,7 +30,7 @@ class QuietStart final : public SoundSource {
 /// The system's default sound device. SDL asks the source for frames on a thread of its own.
 ///
 /// It plays nothing at first: the program's pictures are read and shown meanwhile, and the first
-/// music, which takes 20 ms and more to open, would take the processors from them.
+/// music, which takes some 20 ms to open, would take the processors from them.
 ///
 /// When the device vanishes (a plug pulled, a sound server restarted), a second thread opens the
 /// default device again, time after time until there is one; whoever opened the sound never waits.
