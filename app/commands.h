@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "app/settings.h"
-#include "platform/user.h"
+#include "app/state/settings.h"
+#include "platform/window/user.h"
 
 namespace korvane {
 

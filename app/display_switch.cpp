@@ -1,15 +1,10 @@
 #include "app/display_switch.h"
 
 #include "app/main_window.h"
-#include "app/settings.h"
-#include "audio/music_player.h"
-#include "game/game_art.h"
-#include "game/game_frame.h"
-#include "gfx/bitmap_font.h"
+#include "app/state/settings.h"
 #include "gfx/display.h"
 #include "res/menu.h"
-#include "screens/high_score_screen.h"
-#include "screens/menu_screen.h"
+#include "screens/skin_reload.h"
 
 namespace korvane {
 namespace {
@@ -44,27 +39,6 @@ HRESULT SwitchDisplayMode(HWND window, bool windowed) {
     if (Failed(result)) return result;
     ReloadSkinGraphics();
     return S_OK;
-}
-
-bool ReloadSkinGraphics() {
-    if (currentDisplay) {
-        currentDisplay->FrontBuffer()->Restore();
-        currentDisplay->BackBuffer()->Restore();
-    }
-    if (theFont) theFont->Reload();
-    if (theMenuScreen) theMenuScreen->ReloadPictures();
-    if (theHighScoreScreen) theHighScoreScreen->ReloadPictures();
-    theGameArt.Reload();
-    return true;
-}
-
-void ReloadSkinAudio() {
-    rightPlayer->LoadPlayerSounds();
-    leftPlayer->LoadPlayerSounds();
-    theMenuScreen->LoadButtonSound();
-    theGameArt.LoadLevelSound();
-    theMusic.Load();
-    theMusic.Play();
 }
 
 }  // namespace korvane

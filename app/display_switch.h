@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/types.h"
-#include "platform/user.h"
+#include "platform/base/types.h"
+#include "platform/window/user.h"
 
 namespace korvane {
 
@@ -10,11 +10,5 @@ namespace korvane {
 /// full screen that cannot be had is told to the user first. `currentDisplay` then holds a display
 /// that did not open, and the caller ends the program.
 HRESULT SwitchDisplayMode(HWND window, bool windowed);
-
-/// Loads every picture of the current skin into the current display.
-bool ReloadSkinGraphics();
-
-/// Loads every sound of the current skin and starts its music; needs everything that has sounds.
-void ReloadSkinAudio();
 
 }  // namespace korvane

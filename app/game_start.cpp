@@ -1,9 +1,9 @@
 #include "app/game_start.h"
 
-#include "app/process_state.h"
-#include "app/settings.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
 #include "audio/music_player.h"
-#include "game/game_frame.h"
+#include "game/frame/game_frame.h"
 #include "screens/menu_screen.h"
 
 namespace korvane {

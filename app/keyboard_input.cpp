@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "app/process_state.h"
-#include "app/settings.h"
-#include "game/game_frame.h"
-#include "game/key_bindings.h"
-#include "platform/virtual_keys.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
+#include "game/frame/game_frame.h"
+#include "game/rules/key_bindings.h"
+#include "platform/base/virtual_keys.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
 

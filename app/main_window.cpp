@@ -1,6 +1,6 @@
 #include "app/main_window.h"
 
-#include "app/process_state.h"
+#include "app/state/process_state.h"
 #include "app/window_proc.h"
 #include "res/icon.h"
 #include "res/menu.h"

@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "app/process_state.h"
-#include "app/settings.h"
-#include "game/game_frame.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
+#include "game/frame/game_frame.h"
 #include "res/commands.h"
 
 namespace korvane {

@@ -5,9 +5,9 @@
 
 #include "app/commands.h"
 #include "app/game_start.h"
-#include "app/process_state.h"
-#include "app/settings.h"
-#include "game/game_frame.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
+#include "game/frame/game_frame.h"
 #include "res/commands.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/user.h"
+#include "platform/window/user.h"
 
 namespace korvane {
 

@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "platform/types.h"
-#include "platform/user.h"
+#include "platform/base/types.h"
+#include "platform/window/user.h"
 
 namespace korvane {
 

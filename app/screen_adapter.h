@@ -1,6 +1,6 @@
 #pragma once
 
-#include "game/game_frame.h"
+#include "game/frame/game_frame.h"
 
 namespace korvane {
 

@@ -1,7 +1,7 @@
-#include "app/settings.h"
+#include "app/state/settings.h"
 #include "audio/music_player.h"
-#include "game/game_art.h"
-#include "game/level_table.h"
+#include "game/frame/game_art.h"
+#include "game/rules/level_table.h"
 
 namespace korvane {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/user.h"
+#include "platform/window/user.h"
 
 namespace korvane {
 

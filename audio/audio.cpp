@@ -1,11 +1,11 @@
 #include "audio/audio.h"
 
-#include "app/process_state.h"
+#include "app/state/process_state.h"
 #include "audio/audio_error.h"
 #include "audio/music_player.h"
-#include "platform/bass.h"
-#include "platform/sound_source.h"
-#include "platform/user.h"
+#include "platform/host/sound_source.h"
+#include "platform/sound/bass.h"
+#include "platform/window/user.h"
 
 namespace korvane {
 namespace {

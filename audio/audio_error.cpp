@@ -1,8 +1,8 @@
 #include "audio/audio_error.h"
 
-#include "app/process_state.h"
-#include "platform/bass.h"
-#include "platform/user.h"
+#include "app/state/process_state.h"
+#include "platform/sound/bass.h"
+#include "platform/window/user.h"
 
 namespace korvane {
 

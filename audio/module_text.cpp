@@ -5,8 +5,8 @@
 #include <optional>
 #include <vector>
 
-#include "platform/decimal.h"
-#include "platform/kernel.h"
+#include "platform/base/decimal.h"
+#include "platform/host/kernel.h"
 
 namespace korvane {
 namespace {

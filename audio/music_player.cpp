@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
-#include "app/process_state.h"
-#include "app/settings.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
 
 namespace korvane {
 namespace {

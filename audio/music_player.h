@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "audio/module_text.h"
-#include "platform/bass.h"
+#include "platform/sound/bass.h"
 
 namespace korvane {
 

@@ -1,7 +1,7 @@
 #include "audio/sound_effect.h"
 
-#include "app/process_state.h"
-#include "app/settings.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
 #include "audio/audio_error.h"
 
 namespace korvane {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/bass.h"
+#include "platform/sound/bass.h"
 
 namespace korvane {
 

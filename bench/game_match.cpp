@@ -2,17 +2,17 @@
 
 #include <cstring>
 
-#include "app/process_state.h"
-#include "app/settings.h"
-#include "game/game_art.h"
-#include "game/game_frame.h"
-#include "game/game_screen.h"
-#include "game/key_bindings.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
+#include "game/frame/game_art.h"
+#include "game/frame/game_frame.h"
+#include "game/frame/game_screen.h"
+#include "game/rules/key_bindings.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
 #include "gfx/skin.h"
-#include "platform/ddraw_surfaces.h"
 #include "platform/headless/headless_host.h"
+#include "platform/surfaces/ddraw_surfaces.h"
 
 namespace korvane::bench {
 namespace {

@@ -6,7 +6,7 @@
 #include <random>
 
 #include "bench/recorded_frame.h"
-#include "platform/user.h"
+#include "platform/window/user.h"
 
 namespace korvane::bench {
 

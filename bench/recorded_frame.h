@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/frame_list.h"
-#include "platform/keyed_copy.h"
-#include "platform/pixel_buffer.h"
+#include "platform/draw/pixel_buffer.h"
+#include "platform/surfaces/frame_list.h"
+#include "platform/surfaces/keyed_copy.h"
 
 namespace korvane::bench {
 

@@ -1,7 +1,7 @@
 #include <memory>
 
-#include "platform/bass.h"
-#include "platform/music_stream.h"
+#include "platform/sound/bass.h"
+#include "platform/sound/music_stream.h"
 
 // A sound library that is always there and never heard: what the program takes without its sound.
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/bass.h"
 #include "platform/headless/headless_host.h"
-#include "platform/music_stream.h"
 #include "platform/sdl/heap.h"
+#include "platform/sound/bass.h"
+#include "platform/sound/music_stream.h"
 
 namespace korvane::bench {
 namespace {

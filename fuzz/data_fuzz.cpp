@@ -4,12 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "app/settings.h"
+#include "app/state/settings.h"
 #include "audio/module_text.h"
 #include "fuzz/expect.h"
 #include "fuzz/memory_files.h"
-#include "game/key_bindings.h"
-#include "game/level_table.h"
+#include "game/rules/key_bindings.h"
+#include "game/rules/level_table.h"
 #include "platform/headless/headless_host.h"
 #include "screens/high_score_table.h"
 

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/files.h"
+#include "platform/host/files.h"
 
 namespace korvane::fuzz {
 

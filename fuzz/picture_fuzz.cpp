@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "fuzz/expect.h"
-#include "platform/bmp.h"
-#include "platform/keyed_copy.h"
-#include "platform/pixel_buffer.h"
+#include "platform/draw/bmp.h"
+#include "platform/draw/pixel_buffer.h"
+#include "platform/surfaces/keyed_copy.h"
 
 namespace korvane::fuzz {
 namespace {

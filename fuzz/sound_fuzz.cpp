@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "fuzz/expect.h"
-#include "platform/mixer.h"
-#include "platform/module_header.h"
-#include "platform/music_stream.h"
-#include "platform/sample.h"
-#include "platform/sound_source.h"
+#include "platform/host/sound_source.h"
+#include "platform/sound/mixer.h"
+#include "platform/sound/module_header.h"
+#include "platform/sound/music_stream.h"
+#include "platform/sound/sample.h"
 
 namespace korvane::fuzz {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "gfx/offscreen_surface.h"
-#include "platform/ddraw.h"
+#include "platform/surfaces/ddraw.h"
 
 namespace korvane {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/ddraw.h"
+#include "platform/surfaces/ddraw.h"
 
 namespace korvane {
 

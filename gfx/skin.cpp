@@ -2,9 +2,9 @@
 
 #include <cstddef>
 
-#include "app/settings.h"
-#include "platform/bmp.h"
-#include "platform/kernel.h"
+#include "app/state/settings.h"
+#include "platform/draw/bmp.h"
+#include "platform/host/kernel.h"
 
 namespace korvane {
 

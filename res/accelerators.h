@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/user.h"
+#include "platform/window/user.h"
 #include "res/commands.h"
 
 namespace korvane {

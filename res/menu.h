@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/menu.h"
+#include "platform/window/menu.h"
 #include "res/commands.h"
 
 namespace korvane {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/dialog.h"
+#include "platform/dialogs/dialog.h"
 #include "res/dialog_ids.h"
 
 namespace korvane {

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "gfx/bitmap_font.h"
-#include "platform/virtual_keys.h"
+#include "platform/base/virtual_keys.h"
 #include "screens/screen_background.h"
 
 namespace korvane {

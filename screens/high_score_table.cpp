@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <span>
 
-#include "platform/byte_stream.h"
-#include "platform/kernel.h"
+#include "platform/base/byte_stream.h"
+#include "platform/host/kernel.h"
 
 namespace korvane {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "gfx/bitmap_font.h"
 #include "gfx/skin.h"
-#include "platform/virtual_keys.h"
+#include "platform/base/virtual_keys.h"
 
 namespace korvane {
 namespace {

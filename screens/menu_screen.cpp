@@ -4,7 +4,7 @@
 #include <initializer_list>
 #include <string_view>
 
-#include "app/process_state.h"
+#include "app/state/process_state.h"
 #include "gfx/bitmap_font.h"
 #include "screens/screen_background.h"
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "app/settings.h"
+#include "app/state/settings.h"
 #include "audio/sound_effect.h"
 #include "gfx/button.h"
 #include "gfx/surface.h"

@@ -1,6 +1,6 @@
 #include "screens/screen_background.h"
 
-#include "game/game_art.h"
+#include "game/frame/game_art.h"
 
 namespace korvane {
 

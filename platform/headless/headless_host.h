@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/host.h"
+#include "platform/host/host.h"
 
 namespace korvane {
 

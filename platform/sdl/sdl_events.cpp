@@ -6,9 +6,9 @@
 #include <thread>
 #include <utility>
 
+#include "platform/base/utf8.h"
 #include "platform/sdl/heap.h"
 #include "platform/sdl/sdl_host.h"
-#include "platform/utf8.h"
 
 namespace korvane {
 namespace {

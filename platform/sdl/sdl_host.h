@@ -13,7 +13,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/host.h"
+#include "platform/host/host.h"
 #include "platform/sdl/sdl_keys.h"
 #include "platform/sdl/sdl_sound.h"
 #include "platform/sdl/signal_watch.h"

@@ -4,7 +4,7 @@
 #include <bitset>
 #include <iterator>
 
-#include "platform/virtual_keys.h"
+#include "platform/base/virtual_keys.h"
 
 namespace korvane {
 namespace {

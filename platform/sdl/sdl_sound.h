@@ -9,7 +9,7 @@
 #include <memory>
 #include <span>
 
-#include "platform/sound_source.h"
+#include "platform/host/sound_source.h"
 
 namespace korvane {
 

@@ -8,8 +8,8 @@
 #include <span>
 #include <vector>
 
-#include "platform/host.h"
-#include "platform/types.h"
+#include "platform/base/types.h"
+#include "platform/host/host.h"
 
 namespace korvane {
 

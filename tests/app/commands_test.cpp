@@ -3,9 +3,9 @@
 #include <utility>
 #include <vector>
 
-#include "app/process_state.h"
-#include "app/settings.h"
-#include "game/game_frame.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
+#include "game/frame/game_frame.h"
 #include "platform/headless/headless_host.h"
 #include "res/commands.h"
 #include "screens/high_score_screen.h"

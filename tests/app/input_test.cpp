@@ -4,14 +4,14 @@
 #include <utility>
 #include <vector>
 
-#include "app/process_state.h"
-#include "app/settings.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
 #include "app/window_proc.h"
-#include "game/game_frame.h"
-#include "game/key_bindings.h"
+#include "game/frame/game_frame.h"
+#include "game/rules/key_bindings.h"
 #include "gfx/display.h"
+#include "platform/base/virtual_keys.h"
 #include "platform/headless/headless_host.h"
-#include "platform/virtual_keys.h"
 #include "res/commands.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"

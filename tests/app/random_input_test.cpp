@@ -3,15 +3,15 @@
 #include <cstdlib>
 #include <random>
 
-#include "app/process_state.h"
-#include "app/settings.h"
-#include "game/game_frame.h"
-#include "game/key_bindings.h"
-#include "game/level_table.h"
-#include "platform/desktop.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
+#include "game/frame/game_frame.h"
+#include "game/rules/key_bindings.h"
+#include "game/rules/level_table.h"
+#include "platform/base/virtual_keys.h"
 #include "platform/headless/headless_host.h"
-#include "platform/user.h"
-#include "platform/virtual_keys.h"
+#include "platform/window/desktop.h"
+#include "platform/window/user.h"
 #include "res/commands.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"

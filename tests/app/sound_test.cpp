@@ -7,14 +7,14 @@
 #include <string_view>
 #include <vector>
 
-#include "app/display_switch.h"
-#include "app/process_state.h"
-#include "app/settings.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
 #include "audio/music_player.h"
-#include "game/game_frame.h"
+#include "game/frame/game_frame.h"
+#include "platform/base/virtual_keys.h"
 #include "platform/headless/headless_host.h"
-#include "platform/virtual_keys.h"
 #include "res/commands.h"
+#include "screens/skin_reload.h"
 #include "tests/support/heard.h"
 #include "tests/support/program_fixture.h"
 #include "tests/support/shown_box.h"

@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "app/process_state.h"
 #include "app/program.h"
-#include "app/settings.h"
-#include "game/game_frame.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
+#include "game/frame/game_frame.h"
 #include "platform/headless/headless_host.h"
 #include "screens/menu_action.h"
 #include "tests/support/bmp_writer.h"

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "app/process_state.h"
-#include "app/settings.h"
-#include "platform/bass.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
 #include "platform/headless/headless_host.h"
+#include "platform/sound/bass.h"
 #include "tests/support/heard.h"
 #include "tests/support/temporary_folder.h"
 

@@ -5,7 +5,7 @@
 
 #include "audio/module_text.h"
 #include "platform/headless/headless_host.h"
-#include "platform/module_header.h"
+#include "platform/sound/module_header.h"
 
 namespace korvane {
 namespace {

@@ -1,7 +1,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/settings.h"
+#include "app/state/settings.h"
 #include "platform/headless/headless_host.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"

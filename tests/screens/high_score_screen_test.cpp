@@ -4,8 +4,8 @@
 #include <string_view>
 #include <utility>
 
-#include "app/process_state.h"
-#include "platform/virtual_keys.h"
+#include "app/state/process_state.h"
+#include "platform/base/virtual_keys.h"
 #include "tests/support/program_fixture.h"
 
 namespace korvane {

@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "game/key_bindings.h"
+#include "game/rules/key_bindings.h"
+#include "platform/base/virtual_keys.h"
 #include "platform/headless/headless_host.h"
-#include "platform/virtual_keys.h"
 #include "screens/menu_screen.h"
 #include "tests/support/program_fixture.h"
 

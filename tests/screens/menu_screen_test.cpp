@@ -4,11 +4,11 @@
 #include <initializer_list>
 #include <utility>
 
-#include "app/process_state.h"
-#include "app/settings.h"
-#include "game/key_bindings.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
+#include "game/rules/key_bindings.h"
+#include "platform/base/virtual_keys.h"
 #include "platform/headless/headless_host.h"
-#include "platform/virtual_keys.h"
 #include "tests/support/program_fixture.h"
 #include "tests/support/shown_box.h"
 

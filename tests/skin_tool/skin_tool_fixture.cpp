@@ -1,6 +1,6 @@
 #include "tests/skin_tool/skin_tool_fixture.h"
 
-#include "app/settings.h"
+#include "app/state/settings.h"
 #include "platform/headless/headless_host.h"
 #include "tests/support/test_audio.h"
 #include "tools/korvane-skin/catalogue_table.h"

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "game/key_bindings.h"
+#include "game/rules/key_bindings.h"
 
 namespace korvane {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "game/player.h"
+#include "game/rules/player.h"
 
 namespace korvane {
 

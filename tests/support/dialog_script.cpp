@@ -3,10 +3,10 @@
 #include <iterator>
 #include <utility>
 
-#include "platform/desktop.h"
-#include "platform/dialog_window.h"
+#include "platform/base/virtual_keys.h"
+#include "platform/dialogs/dialog_window.h"
 #include "platform/headless/headless_host.h"
-#include "platform/virtual_keys.h"
+#include "platform/window/desktop.h"
 
 namespace korvane {
 

@@ -6,9 +6,9 @@
 #include <random>
 #include <vector>
 
-#include "platform/dialog_items.h"
-#include "platform/host.h"
-#include "platform/types.h"
+#include "platform/base/types.h"
+#include "platform/dialogs/dialog_items.h"
+#include "platform/host/host.h"
 
 namespace korvane {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "app/settings.h"
+#include "app/state/settings.h"
 #include "gfx/display.h"
 #include "tests/support/temporary_folder.h"
 

@@ -1,8 +1,8 @@
 // The objects that the rules read and the program defines elsewhere, without the program.
 #include "tests/support/globals_for_rules.h"
-#include "app/settings.h"
-#include "game/level_sound.h"
-#include "game/level_table.h"
+#include "app/state/settings.h"
+#include "game/rules/level_sound.h"
+#include "game/rules/level_table.h"
 
 namespace korvane {
 

@@ -6,10 +6,10 @@
 #include <initializer_list>
 #include <vector>
 
-#include "platform/ddraw.h"
 #include "platform/headless/headless_host.h"
-#include "platform/menu_layout.h"
-#include "platform/user.h"
+#include "platform/surfaces/ddraw.h"
+#include "platform/window/menu_layout.h"
+#include "platform/window/user.h"
 
 namespace korvane {
 

@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "game/player.h"
-#include "platform/user.h"
+#include "game/rules/player.h"
+#include "platform/window/user.h"
 #include "tests/support/temporary_folder.h"
 
 namespace korvane {

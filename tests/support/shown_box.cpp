@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/box_face.h"
+#include "platform/base/virtual_keys.h"
 #include "platform/headless/headless_host.h"
-#include "platform/virtual_keys.h"
+#include "platform/window/box_face.h"
 
 namespace korvane {
 namespace {

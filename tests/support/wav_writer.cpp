@@ -3,7 +3,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "platform/byte_stream.h"
+#include "platform/base/byte_stream.h"
 
 namespace korvane {
 namespace {

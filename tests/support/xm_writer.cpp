@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/byte_stream.h"
+#include "platform/base/byte_stream.h"
 
 namespace korvane {
 namespace {

@@ -3,10 +3,10 @@
 
 #include "audio/module_text.h"
 #include "gfx/skin.h"
-#include "platform/host.h"
-#include "platform/module_header.h"
-#include "platform/music_stream.h"
-#include "platform/wav.h"
+#include "platform/host/host.h"
+#include "platform/sound/module_header.h"
+#include "platform/sound/music_stream.h"
+#include "platform/sound/wav.h"
 #include "tools/korvane-skin/checks.h"
 
 namespace korvane {

@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <array>
 
-#include "app/settings.h"
+#include "app/state/settings.h"
 #include "gfx/skin.h"
-#include "platform/host.h"
+#include "platform/host/host.h"
 #include "tools/korvane-skin/checks.h"
 #include "tools/korvane-skin/colour.h"
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "app/settings.h"
+#include "app/state/settings.h"
 #include "gfx/skin.h"
-#include "platform/host.h"
+#include "platform/host/host.h"
 
 namespace korvane {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/bmp.h"
+#include "platform/draw/bmp.h"
 #include "tools/korvane-skin/catalogue_table.h"
 
 namespace korvane {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/pixel_buffer.h"
+#include "platform/draw/pixel_buffer.h"
 
 namespace korvane {
 

@@ -5,10 +5,10 @@
 #include <span>
 #include <utility>
 
-#include "app/process_state.h"
-#include "app/settings.h"
-#include "game/game_screen.h"
-#include "game/key_bindings.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
+#include "game/frame/game_screen.h"
+#include "game/rules/key_bindings.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/skin.h"
 #include "platform/headless/headless_host.h"

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "app/settings.h"
-#include "platform/typeface.h"
+#include "app/state/settings.h"
+#include "platform/draw/typeface.h"
 #include "tools/korvane-skin/finding.h"
 #include "tools/korvane-skin/png_file.h"
 #include "tools/korvane-skin/screens.h"

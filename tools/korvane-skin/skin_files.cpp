@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <utility>
 
-#include "app/settings.h"
+#include "app/state/settings.h"
 #include "platform/headless/headless_host.h"
 #include "tools/korvane-skin/catalogue_table.h"
 #include "tools/korvane-skin/finding.h"

@@ -1,6 +1,6 @@
 #include "tools/korvane-skin/stage.h"
 
-#include "game/game_art.h"
+#include "game/frame/game_art.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
 #include "platform/headless/headless_host.h"

@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "platform/user.h"
+#include "platform/window/user.h"
 
 namespace korvane {
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "platform/types.h"
+#include "platform/base/types.h"
 
 namespace korvane {
 

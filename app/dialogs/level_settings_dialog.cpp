@@ -1,0 +1,66 @@
+#include "app/dialogs/level_settings_dialog.h"
+
+#include <string>
+
+#include "game/rules/level_table.h"
+#include "platform/base/decimal.h"
+#include "platform/dialogs/dialog_items.h"
+#include "res/dialog_ids.h"
+
+namespace korvane {
+namespace {
+
+constexpr std::size_t kLongestNumber = 31;
+constexpr std::int32_t kLargestValue = 4999;
+
+void ShowNumber(HDLG dialog, std::uint16_t box, std::uint32_t value) {
+    SetDlgItemText(dialog, box, std::to_string(value));
+}
+
+/// True when the box held an acceptable number, which then stands in `value`.
+bool ReadNumber(HDLG dialog, std::uint16_t box, std::uint32_t& value) {
+    const std::int32_t number = ReadDecimal(GetDlgItemText(dialog, box, kLongestNumber));
+    if (number < 1 || number > kLargestValue) return false;
+    value = static_cast<std::uint32_t>(number);
+    return true;
+}
+
+/// Every box with its value in the table: the version, then column by column.
+template <typename Visit>
+void VisitBoxes(LevelTableValues& table, Visit visit) {
+    visit(kItemVersion, table.version);
+    for (std::size_t difficulty = 0; difficulty < kDifficultyCount; ++difficulty)
+        for (std::size_t level = 0; level < kLevelCount; ++level)
+            visit(kScrollingItems[difficulty].OfLevel(level),
+                  table.scrollingPxPerSecond[level][difficulty]);
+    for (std::size_t difficulty = 0; difficulty < kDifficultyCount; ++difficulty)
+        for (std::size_t level = 0; level < kLevelCount; ++level)
+            visit(kNormalItems[difficulty].OfLevel(level), table.normalMs[level][difficulty]);
+    for (std::size_t level = 0; level < kLevelCount; ++level)
+        visit(kFiguresItems.OfLevel(level), table.figuresForLevel[level]);
+    for (std::size_t level = 0; level < kLevelCount; ++level)
+        visit(kSecondsItems.OfLevel(level), table.secondsForLevel[level]);
+}
+
+}  // namespace
+
+bool LevelSettingsDlg(HDLG dialog, std::uint32_t message, WPARAM wParam, LPARAM /*lParam*/) {
+    if (message == WM_INITDIALOG) {
+        VisitBoxes(theLevelTable, [dialog](std::uint16_t box, std::uint32_t value) {
+            ShowNumber(dialog, box, value);
+        });
+        return false;  // no box has the keyboard until the user gives it to one
+    }
+    if (message != WM_COMMAND) return false;
+    const std::uint16_t button = LOWORD(wParam);
+    if (button != IDOK && button != IDCANCEL) return false;
+    if (button == IDOK) {
+        VisitBoxes(theLevelTable, [dialog](std::uint16_t box, std::uint32_t& value) {
+            ReadNumber(dialog, box, value);
+        });
+    }
+    EndDialog(dialog, 1);
+    return true;
+}
+
+}  // namespace korvane

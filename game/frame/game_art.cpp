@@ -1,0 +1,73 @@
+#include "game/frame/game_art.h"
+
+#include "game/rules/level_sound.h"
+#include "gfx/skin.h"
+#include "platform/surfaces/ddraw.h"
+
+namespace korvane {
+namespace {
+
+struct ArtFile {
+    const char* name;
+    int colorKey;
+};
+
+// In the order of `Art`, which is the order of loading.
+constexpr std::array<ArtFile, static_cast<std::size_t>(Art::Count)> kArtFiles = {{
+    {"Background.bmp", 0},
+    {"Game\\Background.bmp", 0},
+    {"Game\\previewframe.bmp", 0},
+    {"Game\\playboard.bmp", 0},
+    {"Game\\gameover.bmp", 1},
+    {"Game\\winner.bmp", 1},
+    {"Game\\looser.bmp", 1},
+    {"Game\\pause.bmp", 1},
+    {"Game\\blocks.bmp", 1},
+    {"Game\\join2.bmp", 1},
+    {"Game\\join1.bmp", 1},
+    {"Game\\battleagain.bmp", 1},
+    {"Game\\statistics.bmp", 1},
+    {"Game\\statisticsframe.bmp", 0},
+}};
+
+void ApplyOwnColorKey(Surface& picture, const ArtFile& file) {
+    // Key 0 comes with loading.
+    if (file.colorKey != 0) picture.SetColorKey(ColorKey(file.colorKey));
+}
+
+}  // namespace
+
+void GameArt::Load() {
+    skinColorKeys.Load();
+    for (std::size_t i = 0; i < kArtFiles.size(); ++i) {
+        pictures_[i] = std::make_unique<Surface>(kArtFiles[i].name);
+        ApplyOwnColorKey(*pictures_[i], kArtFiles[i]);
+    }
+    loaded_ = true;
+}
+
+void GameArt::Reload() {
+    if (!loaded_) return;
+    for (std::size_t i = 0; i < kArtFiles.size(); ++i) {
+        pictures_[i]->Load(kArtFiles[i].name);
+        ApplyOwnColorKey(*pictures_[i], kArtFiles[i]);
+    }
+}
+
+void GameArt::LoadLevelSound() {
+    levelSound_.reset();
+    levelSound_ = std::make_unique<SoundEffect>("NewLevel.wav");
+}
+
+void PlayLevelSound() {
+    if (SoundEffect* sound = theGameArt.LevelSound()) sound->Play();
+}
+
+void DrawBlockCell(std::uint32_t x, std::uint32_t y, int value) {
+    constexpr int kCell = 16;
+    if (value <= 0) return;
+    theGameArt.Picture(Art::Blocks)
+        .Draw(x, y, (value - 1) * kCell, 0, kCell, kCell, DDBLTFAST_SRCCOLORKEY);
+}
+
+}  // namespace korvane

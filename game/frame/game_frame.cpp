@@ -1,0 +1,140 @@
+#include "game/frame/game_frame.h"
+
+#include "app/state/process_state.h"
+#include "audio/music_player.h"
+#include "game/frame/game_art.h"
+#include "game/frame/game_screen.h"
+#include "gfx/bitmap_font.h"
+#include "gfx/display.h"
+#include "platform/host/kernel.h"
+
+namespace korvane {
+
+MatchState theMatch;
+std::unique_ptr<Player> rightPlayer;
+std::unique_ptr<Player> leftPlayer;
+
+namespace {
+
+Player& PlayerOf(int side) {
+    return side == static_cast<int>(Side::Right) ? *rightPlayer : *leftPlayer;
+}
+
+/// Seconds since the last reading of the game clock.
+double ReadGameClock() {
+    std::uint64_t reading = timeGetTime();
+    if (hiResClock) QueryPerformanceCounter(reading);
+    const std::uint64_t counts = reading - lastCount;
+    lastCount = reading;
+    return static_cast<double>(counts) * secondsPerCount;
+}
+
+void DrawRunningGame() {
+    const BoardTops tops = theMatch.quake.Step(
+        QuakeModeOf(theSettings), rightPlayer->RowsLastLock(), leftPlayer->RowsLastLock());
+    if (theSettings.battle) {
+        rightPlayer->ReceiveRows(leftPlayer->RowsLastLock());
+        leftPlayer->ReceiveRows(rightPlayer->RowsLastLock());
+    }
+    rightPlayer->SetRowsLastLock(0);
+    leftPlayer->SetRowsLastLock(0);
+    DrawPlayer(*rightPlayer, tops.right);
+    DrawPlayer(*leftPlayer, tops.left);
+}
+
+/// The first frame in which no player runs: who enters the high-score table first. Of equal
+/// scores the left player's.
+void EndMatch() {
+    if (theSettings.battle) return;
+    theMatch.firstEntry = 1;
+    if (theSettings.players == 2) {
+        const bool rightFirst = rightPlayer->Score() > leftPlayer->Score();
+        theMatch.firstEntry = rightFirst ? 1 : 2;
+        theMatch.secondEntry = rightFirst ? 2 : 1;
+    }
+    highScoresShowing = true;
+    theMusic.SetScreen(MusicScreen::HighScores);
+}
+
+/// Offers a side's result; true when it was accepted and its name is now being typed.
+bool SubmitResult(FrameScreens& screens, int side) {
+    Player& player = PlayerOf(side);
+    if (screens.Submit(player.PlayerSide(), player.Score(), player.Lines(), player.Level()) < 0)
+        return false;
+    player.SetHighScoreEntered(true);
+    return true;
+}
+
+void SubmitResults(FrameScreens& screens) {
+    if (theSettings.players == 1) {
+        if (theMatch.firstEntry > 0) SubmitResult(screens, static_cast<int>(Side::Right));
+        theMatch.firstEntry = theMatch.secondEntry = 0;
+    } else if (theMatch.firstEntry > 0) {
+        // A refused result is offered again in every frame and so keeps the lower one out too.
+        if (SubmitResult(screens, theMatch.firstEntry)) theMatch.firstEntry = 0;
+    } else if (theMatch.secondEntry > 0) {
+        const int first = theMatch.secondEntry == 1 ? 2 : 1;
+        if (PlayerOf(first).HighScoreEntered()) return;
+        if (SubmitResult(screens, theMatch.secondEntry)) theMatch.secondEntry = 0;
+    }
+}
+
+void ShowHighScores(FrameScreens& screens) {
+    for (Player* player : BothPlayers()) {
+        player->ReleaseHeldKeys();
+        player->SetJoined(false);
+    }
+    SubmitResults(screens);
+    screens.DrawHighScores();
+}
+
+void DrawScreen(FrameScreens& screens) {
+    if (menuShowing) {
+        screens.DrawMenu();
+    } else if (rightPlayer->IsRunning() || leftPlayer->IsRunning()) {
+        DrawRunningGame();
+    } else if (!highScoresShowing) {
+        EndMatch();
+    } else {
+        ShowHighScores(screens);
+    }
+}
+
+void DrawFrameRate() {
+    constexpr std::uint32_t kPeriodMs = 1001;
+    const std::uint32_t now = GetTickCount();
+    // The first period begins with the first frame that is counted.
+    if (theMatch.frameRateText.empty() && theMatch.frameCount == 0) theMatch.frameRateTick = now;
+    if (now - theMatch.frameRateTick >= kPeriodMs) {
+        theMatch.frameRateText = std::to_string(theMatch.frameCount);
+        theMatch.frameRateTick = now;
+        theMatch.frameCount = 0;
+    } else {
+        ++theMatch.frameCount;
+    }
+    theGameArt.Picture(Art::Background).DrawTiled(0, 0, 64, 16);
+    theFont->DrawText(theMatch.frameRateText, 0, 0);
+}
+
+}  // namespace
+
+void AdvanceGame() {
+    const double seconds = ReadGameClock();
+    const bool rightRunning = rightPlayer->IsRunning();
+    const bool leftRunning = leftPlayer->IsRunning();
+    if (theSettings.battle) {
+        if (!rightRunning) leftPlayer->DeclareWinner();
+        if (!leftRunning) rightPlayer->DeclareWinner();
+    }
+    if (rightRunning) rightPlayer->UpdatePlayer(seconds);
+    if (leftRunning) leftPlayer->UpdatePlayer(seconds);
+}
+
+HRESULT DrawGameFrame(FrameScreens& screens) {
+    currentDisplay->ClearBackBuffer(0);
+    DrawScreen(screens);
+    if (showFps) DrawFrameRate();
+    return currentDisplay->ShowFrame();
+}
+
+}  // namespace korvane

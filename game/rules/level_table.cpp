@@ -1,0 +1,91 @@
+#include "game/rules/level_table.h"
+
+#include <string_view>
+
+#include "platform/base/byte_stream.h"
+#include "platform/host/kernel.h"
+
+namespace korvane {
+namespace {
+
+constexpr std::string_view kTablePath = "data\\sync.dat";
+
+constexpr LevelTableValues kDefaultTable = {
+    .version = 151,
+    .normalMs = {{{250, 200, 150},
+                  {225, 180, 135},
+                  {200, 160, 120},
+                  {175, 140, 105},
+                  {150, 120, 90},
+                  {125, 100, 75},
+                  {100, 80, 60},
+                  {75, 60, 45},
+                  {50, 40, 30},
+                  {25, 20, 15}}},
+    .scrollingPxPerSecond = {{{40, 50, 60},
+                              {50, 60, 70},
+                              {60, 70, 80},
+                              {70, 80, 90},
+                              {80, 90, 100},
+                              {95, 105, 115},
+                              {110, 120, 130},
+                              {140, 150, 160},
+                              {175, 185, 195},
+                              {215, 225, 235}}},
+    .figuresForLevel = {0, 12, 25, 50, 100, 150, 200, 250, 300, 350},
+    .secondsForLevel = {0, 45, 120, 180, 240, 330, 420, 510, 600, 720},
+};
+
+static_assert(kDefaultTable.normalMs.back().back() == 15 &&
+                  kDefaultTable.scrollingPxPerSecond.back().back() == 235 &&
+                  kDefaultTable.figuresForLevel.back() == 350 &&
+                  kDefaultTable.secondsForLevel.back() == 720,
+              "a row of the table is missing");
+
+/// The one description of the file behind the version, for reading and writing alike.
+template <typename Table, typename Visit>
+void VisitLevelsInFileOrder(Table& table, Visit visit) {
+    for (std::size_t level = 0; level < kLevelCount; ++level) {
+        for (std::size_t difficulty = 0; difficulty < kDifficultyCount; ++difficulty) {
+            visit(table.normalMs[level][difficulty]);
+            visit(table.scrollingPxPerSecond[level][difficulty]);
+        }
+        visit(table.figuresForLevel[level]);
+        visit(table.secondsForLevel[level]);
+    }
+}
+
+}  // namespace
+
+LevelTable::LevelTable() {
+    if (!LoadTable()) SetDefaults();
+}
+
+LevelTable::~LevelTable() {
+    SaveTable();
+}
+
+bool LevelTable::LoadTable() {
+    const auto bytes = GameFiles().Read(kTablePath, kDataFileCap);
+    if (!bytes) return false;
+    ByteReader reader(*bytes);
+    LevelTableValues table;
+    reader.Read(table.version);
+    if (reader.HasEnded()) return false;
+    VisitLevelsInFileOrder(table, [&](std::uint32_t& field) { reader.Read(field); });
+    static_cast<LevelTableValues&>(*this) = table;
+    return true;
+}
+
+void LevelTable::SaveTable() const {
+    ByteWriter writer;
+    writer.Write(version);
+    VisitLevelsInFileOrder(*this, [&](std::uint32_t field) { writer.Write(field); });
+    GameFiles().Replace(kTablePath, writer.Bytes());
+}
+
+void LevelTable::SetDefaults() {
+    static_cast<LevelTableValues&>(*this) = kDefaultTable;
+}
+
+}  // namespace korvane

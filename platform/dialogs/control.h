@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/dialogs/control_parent.h"
+#include "platform/dialogs/dialog_items.h"
+#include "platform/draw/canvas.h"
+#include "platform/host/host.h"
+
+namespace korvane {
+
+/// How a control stands to the keyboard at this moment.
+struct ControlState {
+    bool focused = false;
+    bool isDefault = false;  ///< Return presses it
+};
+
+/// One control. It gets input only while it is enabled. All places count from the dialog's corner.
+class Control {
+  public:
+    Control(ControlParent& parent, const DLGITEMTEMPLATE& source);
+    virtual ~Control() = default;
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    std::uint16_t Id() const { return id_; }
+    ControlKind Kind() const { return kind_; }
+    bool Has(ControlStyle style) const { return (style_ & style) != 0; }
+    bool IsEnabled() const { return enabled_; }
+    void Enable(bool enabled);
+    const RECT& Place() const { return place_; }
+    virtual void Put(const RECT& place, int scale);
+    virtual const std::string& Text() const { return text_; }
+    virtual void SetText(std::string_view text);
+    /// The capital or digit that & stands before; 0 for none.
+    char Mnemonic() const { return mnemonic_; }
+
+    virtual bool TakesKeyboard() const { return false; }
+    /// Letters are typed into it, so they are no mnemonics.
+    virtual bool UsesLetters() const { return false; }
+    virtual bool TakesText() const { return false; }
+    virtual void Paint(Canvas& canvas, const ControlState& state) const = 0;
+
+    /// It has got the keyboard by the Tab key or the like.
+    virtual void OnTabbedTo() {}
+    /// True when the key means something to it.
+    virtual bool OnKeyDown(const HostEvent& /*event*/) { return false; }
+    virtual void OnKeyUp(const HostEvent& /*event*/) {}
+    virtual void OnCharacter(char32_t /*character*/) {}
+    virtual void OnMnemonic() {}
+    /// The button goes down on it; moves and the release follow wherever the pointer is then.
+    virtual void OnPress(POINT /*at*/, std::uint8_t /*modifiers*/) {}
+    virtual void OnDrag(POINT /*at*/) {}
+    virtual void OnRelease(POINT /*at*/) {}
+    /// The button is held on, but not for this control.
+    virtual void OnDragLost() {}
+    /// True when it scrolls.
+    virtual bool OnWheel(int /*notches*/) { return false; }
+    virtual std::optional<std::uint32_t> TimeToTick() const { return std::nullopt; }
+    virtual void Tick() {}
+
+  protected:
+    void Changed() { parent_.Changed(); }
+    ControlParent& Parent() { return parent_; }
+    int Scale() const { return scale_; }
+    /// The text without its &, and how it is written at this moment.
+    const std::string& Label() const { return label_; }
+    TextLook LabelLook() const;
+
+  private:
+    ControlParent& parent_;
+    const std::uint16_t id_;
+    const ControlKind kind_;
+    const std::uint8_t style_;
+    bool enabled_;
+    RECT place_;
+    int scale_ = 1;
+    std::string text_;
+    std::string label_;
+    std::size_t underlined_ = TextLook::kNothing;
+    char mnemonic_ = 0;
+};
+
+/// The icon must outlive the control.
+std::unique_ptr<Control> MakeControl(ControlParent& parent, const DLGITEMTEMPLATE& source,
+                                     std::span<const std::uint32_t> icon);
+
+}  // namespace korvane

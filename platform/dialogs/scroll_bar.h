@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/dialogs/control.h"
+#include "platform/dialogs/scroll_grip.h"
+#include "platform/dialogs/scroll_track.h"
+
+namespace korvane {
+
+/// A horizontal scroll bar, which asks its dialog for every move.
+class ScrollBar final : public Control {
+  public:
+    using Control::Control;
+
+    const ScrollRange& Range() const { return track_.Range(); }
+    void SetRange(const ScrollRange& range);
+
+    void Put(const RECT& place, int scale) override;
+    bool TakesKeyboard() const override { return true; }
+    void Paint(Canvas& canvas, const ControlState& state) const override;
+    bool OnKeyDown(const HostEvent& event) override;
+    void OnKeyUp(const HostEvent& event) override;
+    void OnPress(POINT at, std::uint8_t modifiers) override;
+    void OnDrag(POINT at) override;
+    void OnRelease(POINT at) override;
+    void OnDragLost() override;
+    std::optional<std::uint32_t> TimeToTick() const override { return grip_.TimeToTick(); }
+    void Tick() override { Ask(grip_.Tick()); }
+
+  private:
+    void Ask(ScrollGrip::Request request);
+
+    ScrollTrack track_{ScrollAxis::Horizontal};
+    ScrollGrip grip_{track_};
+    std::uint8_t key_ = 0;  ///< the one that scrolls, while it is held
+};
+
+}  // namespace korvane

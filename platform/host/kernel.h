@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/host/files.h"
+
+namespace korvane {
+
+/// Milliseconds of the system's tick counter; wraps around, so tests are unsigned differences.
+std::uint32_t GetTickCount();
+/// The high-resolution counter; false when the machine has none.
+bool QueryPerformanceCounter(std::uint64_t& count);
+/// Counts per second; false when the machine has no high-resolution counter.
+bool QueryPerformanceFrequency(std::uint64_t& countsPerSecond);
+/// Milliseconds of the multimedia timer.
+std::uint32_t timeGetTime();
+/// Seconds since 1970-01-01 UTC.
+std::int64_t SecondsSinceEpoch();
+void Sleep(std::uint32_t milliseconds);
+
+/// The one gate to files: the game's own, those of skins, and the listing of folders.
+Files& GameFiles();
+
+}  // namespace korvane

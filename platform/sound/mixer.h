@@ -1,0 +1,98 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "platform/host/sound_source.h"
+#include "platform/sound/music_stream.h"
+#include "platform/sound/sample.h"
+
+namespace korvane {
+
+/// Brings any sum of sounds into -1 to 1: unchanged up to three quarters, bent smoothly towards
+/// full scale above, so that loud moments neither wrap nor crack. What is no number is silence.
+float SoftLimit(float sample);
+
+/// Mixes one piece of music with any number of samples.
+///
+/// One thread (the game's) says what is to sound, another (the device's) calls Render. The lock
+/// between them is held for a few assignments and for the mixing of samples that lie in memory.
+/// The music's own work, jumps included, is done by the rendering thread outside of it: nobody
+/// else touches a stream that plays, and slow music holds up nothing but itself.
+class Mixer final : public SoundSource {
+  public:
+    /// Music that falls this far behind ends: so long its frames took beyond what they last, less
+    /// what quicker ones have made up for.
+    static constexpr std::chrono::milliseconds kPatience{1000};
+    /// One render counts as this late at most: to open a large module may take long, once.
+    static constexpr std::chrono::milliseconds kLatestOnce{400};
+
+    // Music. -------------------------------------------------------------------------------------
+    /// Plays a stream in the place of what played: from an order on, or without one from where it
+    /// stands. False when this stream was once too slow.
+    bool StartMusic(const std::shared_ptr<MusicStream>& stream, std::optional<int> order);
+    // Each only when this stream is the one that plays.
+    void StopMusic(const MusicStream& stream);
+    void PauseMusic(const MusicStream& stream);
+    void ResumeMusic(const MusicStream& stream);  ///< only after a pause
+    bool IsMusicPlaying(const MusicStream& stream);
+
+    // Samples. -----------------------------------------------------------------------------------
+    /// What could not begin for so long, as there was no device, is not heard any more.
+    static constexpr std::chrono::milliseconds kLatestStart{250};
+    /// Plays a sample from its beginning, as `channel`. With `limit` playbacks of it sounding
+    /// already, the oldest ends.
+    void PlaySample(std::shared_ptr<const Sample> sample, std::uint32_t channel, std::size_t limit);
+    bool IsChannelSounding(std::uint32_t channel);
+    void StopChannel(std::uint32_t channel);
+    void StopSample(const Sample& sample);
+
+    void StopAll();
+
+    void Render(std::span<std::int16_t> samples) override;
+
+  private:
+    enum class MusicState : std::uint8_t { Stopped, Playing, Paused };
+
+    /// A sample that sounds.
+    struct Voice {
+        std::shared_ptr<const Sample> sample;
+        std::uint32_t channel = 0;
+        std::size_t frame = 0;
+        std::uint64_t start = 0;  ///< the host's counter when it was asked for
+    };
+
+    struct Jump {
+        std::weak_ptr<MusicStream> stream;
+        int order = 0;
+    };
+
+    using Seconds = std::chrono::duration<double>;
+
+    bool IsCurrent(const MusicStream& stream) const { return music_.get() == &stream; }
+    void RenderMusic();
+    void WatchPace(const std::shared_ptr<MusicStream>& stream, Seconds took);
+    void MixVoices();
+    /// Adds what is left of a voice to the mix, as far as it goes.
+    void MixVoice(Voice& voice);
+
+    std::mutex mutex_;  // guards the next five
+    std::shared_ptr<MusicStream> music_;
+    MusicState state_ = MusicState::Stopped;
+    Jump jump_;  ///< to be done before the next frames of that stream
+    std::weak_ptr<MusicStream> tooSlow_;
+    std::vector<Voice> voices_;  ///< in the order in which they began
+
+    // The rendering thread's own.
+    std::vector<float> mix_;
+    Seconds behind_{};                    ///< never negative
+    std::weak_ptr<MusicStream> watched_;  ///< what is so far behind
+};
+
+}  // namespace korvane

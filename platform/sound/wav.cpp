@@ -1,0 +1,109 @@
+#include "platform/sound/wav.h"
+
+#include <string_view>
+
+#include "platform/base/byte_stream.h"
+
+namespace korvane {
+namespace {
+
+constexpr std::uint16_t kUncompressed = 1;
+
+/// The chunk "fmt ".
+struct WavFormat {
+    std::uint16_t tag = 0;
+    std::uint16_t channels = 0;
+    std::uint32_t rate = 0;
+    std::uint32_t bytesPerSecond = 0;
+    std::uint16_t frameBytes = 0;
+    std::uint16_t bits = 0;
+};
+
+struct Chunk {
+    std::string_view name;
+    std::span<const std::byte> content;
+};
+
+std::string_view TextOf(std::span<const std::byte> bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+/// The next chunk; nothing when it is not all there.
+std::optional<Chunk> NextChunk(ByteReader& reader) {
+    Chunk chunk;
+    std::uint32_t size = 0;
+    chunk.name = TextOf(reader.Take(4));
+    reader.Read(size);
+    chunk.content = reader.Take(size);
+    if (reader.HasEnded()) return std::nullopt;
+    // Chunks begin at even places; the last one's padding may be missing.
+    if (size % 2 != 0) reader.Take(1);
+    return chunk;
+}
+
+std::optional<WavFormat> ReadFormat(std::span<const std::byte> content) {
+    ByteReader reader(content);
+    WavFormat format;
+    reader.Read(format.tag);
+    reader.Read(format.channels);
+    reader.Read(format.rate);
+    reader.Read(format.bytesPerSecond);
+    reader.Read(format.frameBytes);
+    reader.Read(format.bits);
+    if (reader.HasEnded()) return std::nullopt;
+    return format;
+}
+
+bool IsAccepted(const WavFormat& format) {
+    return format.tag == kUncompressed && (format.channels == 1 || format.channels == 2) &&
+           (format.bits == 8 || format.bits == 16) &&
+           format.frameBytes == format.channels * format.bits / 8 && format.rate >= kMinWavRate &&
+           format.rate <= kMaxWavRate;
+}
+
+/// 8-bit samples are unsigned with silence at 128.
+std::int16_t From8Bits(std::byte sample) {
+    return static_cast<std::int16_t>((std::to_integer<int>(sample) - 128) * 256);
+}
+
+std::int16_t From16Bits(std::byte low, std::byte high) {
+    return static_cast<std::int16_t>(std::to_integer<unsigned>(low) |
+                                     std::to_integer<unsigned>(high) << 8);
+}
+
+std::optional<WavSound> Decode(const WavFormat& format, std::span<const std::byte> bytes) {
+    const std::size_t frames = bytes.size() / format.frameBytes;
+    if (frames == 0 || frames > std::size_t{kMaxWavSeconds} * format.rate) return std::nullopt;
+    WavSound sound;
+    sound.rate = static_cast<int>(format.rate);
+    sound.channels = format.channels;
+    sound.samples.resize(frames * format.channels);
+    for (std::size_t i = 0; i < sound.samples.size(); ++i) {
+        sound.samples[i] =
+            format.bits == 8 ? From8Bits(bytes[i]) : From16Bits(bytes[2 * i], bytes[2 * i + 1]);
+    }
+    return sound;
+}
+
+}  // namespace
+
+std::optional<WavSound> ReadWav(std::span<const std::byte> file) {
+    ByteReader reader(file);
+    const std::string_view riff = TextOf(reader.Take(4));
+    reader.Take(4);  // the size, which many writers get wrong; the chunks' own sizes count
+    const std::string_view wave = TextOf(reader.Take(4));
+    if (riff != "RIFF" || wave != "WAVE") return std::nullopt;
+    std::optional<WavFormat> format;
+    while (const std::optional<Chunk> chunk = NextChunk(reader)) {
+        if (chunk->name == "fmt ") {
+            format = ReadFormat(chunk->content);
+            if (!format || !IsAccepted(*format)) return std::nullopt;
+        } else if (chunk->name == "data") {
+            if (!format) return std::nullopt;
+            return Decode(*format, chunk->content);
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace korvane

@@ -1,0 +1,123 @@
+#include "platform/surfaces/gdi.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/draw/bmp.h"
+#include "platform/host/host.h"
+
+namespace korvane {
+
+struct GdiBitmap {
+    DecodedBitmap decoded;
+};
+
+namespace {
+
+constexpr std::size_t kLongestPath = 254;
+
+class MemoryContext final : public DeviceContext {
+  public:
+    void Select(GdiBitmap* bitmap) { bitmap_ = bitmap; }
+
+    SIZE Size() const override { return bitmap_ ? bitmap_->decoded.size : SIZE{1, 1}; }
+
+    void ReadRow(int y, std::span<std::uint32_t> pixels) const override {
+        if (bitmap_) {
+            std::copy_n(RowAt(y), pixels.size(), pixels.begin());
+        } else {
+            std::fill(pixels.begin(), pixels.end(), 0);
+        }
+    }
+
+    void WriteRow(int y, std::span<const std::uint32_t> pixels) override {
+        if (bitmap_) std::copy(pixels.begin(), pixels.end(), RowAt(y));
+    }
+
+  private:
+    std::uint32_t* RowAt(int y) const {
+        return bitmap_->decoded.pixels.data() +
+               static_cast<std::ptrdiff_t>(y) * bitmap_->decoded.size.cx;
+    }
+
+    GdiBitmap* bitmap_ = nullptr;
+};
+
+constexpr std::uint32_t SwapRedAndBlue(std::uint32_t colour) {
+    return (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
+}
+
+}  // namespace
+
+HBITMAP LoadImageA(const std::string& path) {
+    if (path.size() > kLongestPath) return nullptr;
+    const auto file = TheHost().GameFiles().Read(path, kMaxBitmapBytes);
+    if (!file) return nullptr;
+    auto decoded = DecodeBmp(*file);
+    return decoded ? new GdiBitmap{std::move(*decoded)} : nullptr;
+}
+
+BITMAP GetObjectA(HBITMAP bitmap) {
+    if (!bitmap) return {};
+    return {bitmap->decoded.size.cx, bitmap->decoded.size.cy};
+}
+
+void DeleteObject(HBITMAP bitmap) {
+    delete bitmap;
+}
+
+HDC CreateCompatibleDC() {
+    return new MemoryContext;
+}
+
+void SelectObject(HDC memory, HBITMAP bitmap) {
+    if (auto* context = dynamic_cast<MemoryContext*>(memory)) context->Select(bitmap);
+}
+
+void DeleteDC(HDC memory) {
+    delete memory;
+}
+
+bool StretchBlt(HDC destination, const RECT& destinationArea, HDC source, const RECT& sourceArea) {
+    if (!LiesWithin(destinationArea, destination->Size()) ||
+        !LiesWithin(sourceArea, source->Size()))
+        return false;
+    std::vector<std::uint32_t> sourceRow(static_cast<std::size_t>(sourceArea.right));
+    std::vector<std::uint32_t> row(static_cast<std::size_t>(destinationArea.right));
+    const std::span from = std::span(sourceRow).subspan(static_cast<std::size_t>(sourceArea.left));
+    const std::span to = std::span(row).subspan(static_cast<std::size_t>(destinationArea.left));
+    // Found once: a division for every pixel would be most of the work.
+    std::vector<std::size_t> columns(to.size());
+    for (std::size_t x = 0; x < columns.size(); ++x)
+        columns[x] = x * from.size() / columns.size();
+    for (int y = 0; y < destinationArea.Height(); ++y) {
+        source->ReadRow(sourceArea.top + y * sourceArea.Height() / destinationArea.Height(),
+                        sourceRow);
+        if (destinationArea.left > 0) destination->ReadRow(destinationArea.top + y, row);
+        if (from.size() == to.size()) {
+            std::ranges::copy(from, to.begin());
+        } else {
+            std::ranges::transform(columns, to.begin(),
+                                   [&](std::size_t column) { return from[column]; });
+        }
+        destination->WriteRow(destinationArea.top + y, row);
+    }
+    return true;
+}
+
+COLORREF GetPixel(HDC context, int x, int y) {
+    if (!LiesWithin({x, y, x + 1, y + 1}, context->Size())) return CLR_INVALID;
+    std::vector<std::uint32_t> row(static_cast<std::size_t>(x) + 1);
+    context->ReadRow(y, row);
+    return SwapRedAndBlue(row.back());
+}
+
+void SetPixel(HDC context, int x, int y, COLORREF colour) {
+    if (!LiesWithin({x, y, x + 1, y + 1}, context->Size())) return;
+    std::vector<std::uint32_t> row(static_cast<std::size_t>(x) + 1);
+    context->ReadRow(y, row);
+    row.back() = SwapRedAndBlue(colour);
+    context->WriteRow(y, row);
+}
+
+}  // namespace korvane

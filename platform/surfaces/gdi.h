@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "platform/base/types.h"
+
+namespace korvane {
+
+/// Something that can be drawn on pixel by pixel: a bitmap in memory or a surface.
+class DeviceContext {
+  public:
+    virtual ~DeviceContext() = default;
+    virtual SIZE Size() const = 0;
+    /// Pixels as 0x00RRGGBB from column 0 of row y; both are inside, the span not wider than it.
+    virtual void ReadRow(int y, std::span<std::uint32_t> pixels) const = 0;
+    virtual void WriteRow(int y, std::span<const std::uint32_t> pixels) = 0;
+};
+using HDC = DeviceContext*;
+
+struct GdiBitmap;
+using HBITMAP = GdiBitmap*;
+
+/// What GetObjectA tells of a bitmap.
+struct BITMAP {
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+};
+
+/// Loads a BMP file of the game's folder (path with backslashes, at most 254 characters); null when
+/// it is missing or cannot be loaded. The caller gives it back with DeleteObject.
+HBITMAP LoadImageA(const std::string& path);
+BITMAP GetObjectA(HBITMAP bitmap);
+void DeleteObject(HBITMAP bitmap);
+
+/// A memory context of one black pixel until a bitmap is selected into it. DeleteDC ends it.
+HDC CreateCompatibleDC();
+/// Draws on this bitmap from now on; only for memory contexts. The bitmap stays the caller's.
+void SelectObject(HDC memory, HBITMAP bitmap);
+void DeleteDC(HDC memory);
+
+/// Copies one rectangle onto another, nearest pixel; false when one of them is not inside.
+bool StretchBlt(HDC destination, const RECT& destinationArea, HDC source, const RECT& sourceArea);
+/// CLR_INVALID outside.
+COLORREF GetPixel(HDC context, int x, int y);
+/// Does nothing outside.
+void SetPixel(HDC context, int x, int y, COLORREF colour);
+
+struct DeleteBitmap {
+    void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
+};
+struct DeleteContext {
+    void operator()(HDC memory) const { DeleteDC(memory); }
+};
+using UniqueBitmap = std::unique_ptr<GdiBitmap, DeleteBitmap>;
+using UniqueContext = std::unique_ptr<DeviceContext, DeleteContext>;
+
+}  // namespace korvane

@@ -1,0 +1,347 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/dialogs/advanced_dialog.h"
+#include "app/dialogs/mode_text.h"
+#include "app/program.h"
+#include "app/state/process_state.h"
+#include "app/state/settings.h"
+#include "game/frame/game_frame.h"
+#include "game/rules/level_table.h"
+#include "platform/dialogs/dialog_items.h"
+#include "platform/headless/headless_host.h"
+#include "res/commands.h"
+#include "res/dialog_ids.h"
+#include "screens/menu_screen.h"
+#include "tests/support/dialog_script.h"
+#include "tests/support/flat_skin.h"
+#include "tests/support/golden.h"
+#include "tests/support/program_fixture.h"
+#include "tests/support/shown_box.h"
+#include "tests/support/test_audio.h"
+
+namespace korvane {
+namespace {
+
+using Steps = std::vector<std::function<void()>>;
+
+/// The program's dialogs, opened by their commands and used from outside.
+class DialogsTest : public ProgramFixture {
+  protected:
+    void SetUp() override {
+        ProgramFixture::SetUp();
+        theLevelTable.SetDefaults();
+        Headless().SetDisplayModes({{640, 480, 32, 60}, {640, 480, 16, 60}, {800, 600, 16, 60}});
+    }
+
+    /// Opens the dialog of a command and goes through the steps in it.
+    void Use(std::uint16_t command, Steps steps) {
+        const DialogScript script(std::move(steps));
+        Command(command);
+        EXPECT_TRUE(script.WentAsWritten());
+        EXPECT_EQ(ShownDialog(), nullptr);
+    }
+
+    static std::string TextOf(std::uint16_t id) { return GetDlgItemText(ShownDialog(), id, 1000); }
+    static std::vector<std::string> Entries(std::uint16_t id) {
+        std::vector<std::string> entries;
+        const HCTL list = GetDlgItem(ShownDialog(), id);
+        for (int i = 0; !ListBox_GetText(list, i).empty(); ++i)
+            entries.push_back(ListBox_GetText(list, i));
+        return entries;
+    }
+    static std::string Selected(std::uint16_t id) {
+        const HCTL list = GetDlgItem(ShownDialog(), id);
+        return ListBox_GetText(list, ListBox_GetCurSel(list));
+    }
+    static void Select(std::uint16_t id, const char* entry) {
+        const HCTL list = GetDlgItem(ShownDialog(), id);
+        ListBox_SetCurSel(list, ListBox_FindStringExact(list, entry));
+    }
+    /// Asks like the scroll bar would.
+    static void SendScroll(ScrollRequest request, int times) {
+        for (int i = 0; i < times; ++i)
+            AdvancedDlg(ShownDialog(), WM_HSCROLL, request, 0);
+    }
+    static void Ok() { PressKeys({VK_RETURN}); }
+    static void Cancel() { PressKeys({VK_ESCAPE}); }
+    static void EndFromOutside() { Headless().Push({.type = HostEventType::Terminate}); }
+    void MakeSkin(const std::string& name) const {
+        std::filesystem::create_directories(folder.Path() + "/Skins/" + name);
+    }
+};
+
+// The advanced settings. -------------------------------------------------------------------------
+
+TEST_F(DialogsTest, TheFirstStartAsksBeforeTheWindowIsSeen) {
+    theSettings.showAdvancedAtStart = true;
+    const auto isAloneAndCentred = [] {
+        const RECT area = Headless().ClientArea();
+        const RECT work = Headless().WorkArea();
+        EXPECT_EQ(Headless().Title(), "Advanced settings");
+        EXPECT_EQ((SIZE{area.Width(), area.Height()}), (SIZE{477, 237}));
+        EXPECT_NEAR(area.left - work.left, work.right - area.right, 1);
+        EXPECT_NEAR(area.top - work.top, work.bottom - area.bottom, 1);
+        Cancel();
+    };
+    {
+        const DialogScript script({isAloneAndCentred, [] { ClickItem(IDCANCEL); }, Ok});
+        Start();
+        EXPECT_TRUE(script.WentAsWritten());
+    }
+    EXPECT_FALSE(theSettings.showAdvancedAtStart);
+    EXPECT_EQ(Headless().Title(), "Korvane");
+    EXPECT_EQ(Headless().PictureSize(), (SIZE{640, 499}));
+}
+
+TEST_F(DialogsTest, WhoeverEndsTheProgramInADialogEndsItProperly) {
+    for (const bool first : {true, false}) {
+        theSettings.showAdvancedAtStart = first;
+        const DialogScript script({EndFromOutside});
+        ASSERT_TRUE(StartUp());
+        if (!first) Command(kCmdAbout);
+        EXPECT_TRUE(script.WentAsWritten());
+        std::optional<int> exitCode;
+        for (int pass = 0; pass < 10 && !exitCode; ++pass)
+            exitCode = RunLoopPass();
+        EXPECT_EQ(exitCode, 0);
+        EXPECT_EQ(theSettings.showAdvancedAtStart, first);
+        EXPECT_EQ(folder.Read("data/hs.dat").size(), 260u);
+        EXPECT_EQ(folder.Read("data/keys.dat").size(), 10u);
+    }
+}
+
+TEST_F(DialogsTest, AnEndInABoxOfTheFirstDialogLeavesTheWindowUnseen) {
+    theSettings.showAdvancedAtStart = true;
+    Headless().SetDisplayModes({});
+    const DialogScript script({Ok, EndFromOutside});
+    ASSERT_TRUE(StartUp());
+    EXPECT_TRUE(script.WentAsWritten());
+    EXPECT_FALSE(Headless().IsVisible());
+}
+
+TEST_F(DialogsTest, AClickOnQuitJustBeforeWaitsForTheBoxesToEnd) {
+    for (const bool modes : {true, false}) {
+        SetUp();
+        Start();
+        audioReady = true;
+        if (!modes) Headless().SetDisplayModes({});
+        std::filesystem::remove_all(folder.Path() + "/Skins/Original/Audio");
+        pendingClick = kMenuQuit;
+        SetTimer(mainWindow, 3, 200);
+        PressKeys({VK_RETURN});  // OK; a box follows, and nobody answers
+        Command(kCmdAdvancedSettings);
+        Run(1000);
+        EXPECT_FALSE(IsRunning());
+    }
+}
+
+TEST_F(DialogsTest, OffersTheFoldersThatCanBeKept) {
+    const std::string longest(254, 'x');
+    for (const char* name :
+         {"beta", "Alpha", ".hidden", "n\xFC\x80zz", "beta\\original", "ORIGINAL"})
+        MakeSkin(name);
+    MakeSkin(longest);
+    MakeSkin(longest + "y");
+    folder.Write("Skins/file", {});
+    theSettings.skinName = "vanished";
+    Start();
+    Use(kCmdAdvancedSettings,
+        {[&] {
+             EXPECT_EQ(Entries(kItemSkins),
+                       (std::vector<std::string>{"Alpha", "beta", "n\xFC\x80zz", "ORIGINAL",
+                                                 "Original", longest}));
+             EXPECT_EQ(Selected(kItemSkins), "Original") << "not the other one";
+             EXPECT_EQ(
+                 Entries(kItemDisplayModes),
+                 (std::vector<std::string>{"640 x 480 x 32 - 60 Hz", "640 x 480 x 16 - 60 Hz"}));
+             EXPECT_EQ(Selected(kItemDisplayModes), "640 x 480 x 32 - 60 Hz");
+             Select(kItemSkins, longest.c_str());
+         },
+         Ok});
+    EXPECT_EQ(theSettings.skinName, longest);
+}
+
+TEST_F(DialogsTest, AdvancedTakesEverythingWithOkAndNothingWithCancel) {
+    MakeSkin("Another");
+    Start();
+    SettingsValues changed = theSettings;
+    const auto change = [] {
+        for (const std::uint16_t id :
+             {kItemLeftPreview, kItemRightStatistics, kItemCountUpScore, kItemIndividualQuakes,
+              kItemScrollingPieces, kItemMagnitude16})
+            ClickItem(id);
+        SendScroll(SB_LINERIGHT, 7);
+        Select(kItemSkins, "another");
+        Select(kItemDisplayModes, "640 x 480 x 32 - 60 Hz");
+    };
+    Use(kCmdAdvancedSettings, {change, Cancel});
+    EXPECT_EQ(static_cast<const SettingsValues&>(theSettings), changed);
+    changed.preview[IndexOf(Side::Left)] ^= true;
+    changed.statistics[IndexOf(Side::Right)] ^= true;
+    changed.countUpScore ^= true;
+    changed.individualQuakes ^= true;
+    changed.scrollingPieces ^= true;
+    changed.dropMagnitude = 16;
+    changed.dropDelayMs += 7;
+    changed.skinName = "Another";
+    changed.fullscreenBpp = 32;
+    changed.fullscreenRefresh = 60;
+    Use(kCmdAdvancedSettings, {change, Ok});
+    EXPECT_EQ(static_cast<const SettingsValues&>(theSettings), changed);
+}
+
+TEST_F(DialogsTest, MissingSkinsAndModesAreTold) {
+    Start();
+    theSettings.soundEffects = theSettings.music = audioReady = false;
+    std::filesystem::rename(folder.Path() + "/Skins", folder.Path() + "/elsewhere");
+    Headless().SetDisplayModes({{800, 600, 16, 60}});
+    const auto read = [](const char* picture) {
+        return [picture] {
+            EXPECT_TRUE(MatchesGolden(picture));
+            Ok();
+        };
+    };
+    const auto emptyLists = [] {
+        EXPECT_TRUE(Entries(kItemSkins).empty() && Entries(kItemDisplayModes).empty());
+        Ok();
+    };
+    theSettings.windowed = false;  // as for the next start
+    Use(kCmdAdvancedSettings, {read("box-no-skins"), emptyLists, read("box-no-modes")});
+    EXPECT_TRUE(theSettings.windowed);
+    EXPECT_EQ(theSettings.skinName, "Original");
+}
+
+TEST_F(DialogsTest, TheDelayEndsBelowWhatItsTextShows) {
+    Start();
+    theSettings.dropDelayMs = 150;
+    const auto asked = [](ScrollRequest request, int times, const char* shown) {
+        return [=] {
+            SendScroll(request, times);
+            EXPECT_EQ(TextOf(kItemDropDelayText), shown);
+        };
+    };
+    Use(kCmdAdvancedSettings, {asked(SB_LINERIGHT, 1, "151"), asked(SB_PAGERIGHT, 1, "159"), Ok});
+    EXPECT_EQ(theSettings.dropDelayMs, 150u);
+    Use(kCmdAdvancedSettings, {asked(SB_PAGELEFT, 20, "0"), asked(SB_LINERIGHT, 3, "3"),
+                               asked(SB_ENDSCROLL, 1, "3"), Ok});
+    EXPECT_EQ(theSettings.dropDelayMs, 3u);
+}
+
+TEST(ModeTextTest, ReadsWhatItWritesAndMakesTheBestOfTheRest) {
+    struct Case {
+        const char* text;
+        ModeChoice want;
+    };
+    const Case cases[] = {
+        {"640 x 480 x 16 - 75 Hz", {16, 75}}, {"640 x 480 x 8 - 0 Hz", {8, 0}},
+        {"640 x 480 x  - 60 Hz", {0, 60}},    {"640 x 480 x 32", {32, 0}},
+        {"640 x 480 x 32 - 5", {32, 0}},      {"", {0, 0}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(ReadModeText(c.text), c.want) << c.text;
+    EXPECT_EQ(ModeText({16, 75}), cases[0].text);
+}
+
+// The levels. ------------------------------------------------------------------------------------
+
+TEST_F(DialogsTest, LevelsTakeWhatIsANumberOfTheirRange) {
+    struct Case {
+        const char* text;
+        std::uint32_t want;  ///< 0: the old value stays
+    };
+    const Case cases[] = {
+        {"4999", 4999}, {"5000", 0}, {"0", 0},           {"", 0},
+        {"-5", 0},      {"+7", 7},   {"  12", 12},       {"12ab", 12},
+        {"ab", 0},      {"1 2", 1},  {"99999999999", 0}, {"0000000000000000000000000000042", 42},
+    };
+    Start();
+    const LevelTableValues before = theLevelTable;
+    for (std::size_t level = 0; const Case& c : cases) {
+        level = (level + 1) % kLevelCount;
+        std::uint32_t& value = theLevelTable.normalMs[level][1];
+        value = 77;
+        const std::uint16_t box = kNormalItems[1].OfLevel(level);
+        Use(kCmdLevelSettings, {[&] { SetDlgItemText(ShownDialog(), box, c.text); }, Ok});
+        EXPECT_EQ(std::exchange(value, before.normalMs[level][1]), c.want == 0 ? 77 : c.want)
+            << c.text;
+    }
+    EXPECT_EQ(static_cast<const LevelTableValues&>(theLevelTable), before);
+}
+
+TEST_F(DialogsTest, EveryLevelBoxHasItsOwnValue) {
+    Start();
+    // Every box gets the number of its id.
+    const auto number = [] {
+        for (std::uint16_t id = 1036; id <= 1144; ++id)
+            if (!TextOf(id).empty()) SetDlgItemText(ShownDialog(), id, std::to_string(id));
+    };
+    Use(kCmdLevelSettings, {number, Cancel});
+    EXPECT_EQ(theLevelTable.version, 151u);
+    Use(kCmdLevelSettings, {number, Ok});
+    EXPECT_EQ(theLevelTable.version, 1038u);
+    for (std::uint32_t level = 0; level < kLevelCount; ++level) {
+        EXPECT_EQ(theLevelTable.scrollingPxPerSecond[level],
+                  (std::array{1115 + level, 1125 + level, 1135 + level}));
+        EXPECT_EQ(theLevelTable.normalMs[level],
+                  (std::array{1065 + level, 1095 + level, 1105 + level}));
+        EXPECT_EQ(theLevelTable.figuresForLevel[level], 1036 + 3 * level);
+        EXPECT_EQ(theLevelTable.secondsForLevel[level], 1037 + 3 * level);
+    }
+}
+
+// Sound effects and about. -----------------------------------------------------------------------
+
+TEST_F(DialogsTest, SoundEffectsAreChosenByEvent) {
+    Start();
+    theSettings.sfxMask = 0xE0 | kSfxRotate;
+    const auto change = [] {
+        EXPECT_TRUE(IsDlgButtonChecked(ShownDialog(), kItemSfxRotate));
+        EXPECT_FALSE(IsDlgButtonChecked(ShownDialog(), kItemSfxRowsDone));
+        for (const std::uint16_t id : {kItemSfxRowsDone, kItemSfxRotate, kItemSfxEnabled})
+            ClickItem(id);
+    };
+    Use(kCmdSfxSettings, {change, Cancel});
+    EXPECT_EQ(theSettings.sfxMask, 0xE0 | kSfxRotate);
+    EXPECT_TRUE(theSettings.soundEffects);
+    Use(kCmdSfxSettings, {change, Ok});
+    EXPECT_EQ(theSettings.sfxMask, kSfxRowsDone) << "no bits beyond the five";
+    EXPECT_FALSE(theSettings.soundEffects);
+    EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::SoundEffects));
+    Use(kCmdSfxSettings, {Ok});
+    EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::SoundEffects)) << "unchanged";
+}
+
+TEST_F(DialogsTest, TheAboutBoxEndsWithItsButtonOnlyAndPausesAGame) {
+    Start();
+    Press(VK_F3);
+    ASSERT_TRUE(rightPlayer->IsJoined());
+    const auto stays = [] { EXPECT_NE(ShownDialog(), nullptr); };
+    Use(kCmdAbout, {Cancel, stays, [] { ClickItem(IDOK); }});
+    EXPECT_TRUE(rightPlayer->IsPaused());
+    EXPECT_TRUE(leftPlayer->IsPaused());
+}
+
+// All of them. -----------------------------------------------------------------------------------
+
+TEST_F(DialogsTest, LookAsTheyAreDrawn) {
+    MakeSkin("Another");
+    Start();
+    const std::pair<std::uint16_t, const char*> kPictures[] = {
+        {kCmdAdvancedSettings, "dialog-advanced"},
+        {kCmdLevelSettings, "dialog-levels"},
+        {kCmdSfxSettings, "dialog-sfx"},
+        {kCmdAbout, "dialog-about"},
+    };
+    for (const auto& [command, picture] : kPictures)
+        Use(command, {[name = picture] { EXPECT_TRUE(MatchesGolden(name)); }, Ok});
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+#include "app/state/process_state.h"
+#include "game/frame/game_art.h"
+#include "game/frame/game_screen.h"
+#include "game/rules/key_bindings.h"
+#include "game/rules/player.h"
+#include "game/rules/random.h"
+#include "gfx/bitmap_font.h"
+#include "platform/headless/headless_host.h"
+#include "tests/support/display_fixture.h"
+#include "tests/support/golden.h"
+#include "tests/support/test_skin.h"
+
+namespace korvane {
+namespace {
+
+/// Game screens of two players at a fixed second and tick, in the pictures of the test skin.
+class GoldenScreens : public DisplayFixture {
+  protected:
+    void SetUp() override {
+        DisplayFixture::SetUp();
+        WriteTestSkin(folder, "Original");
+        theGameArt.Load();
+        theFont = std::make_unique<BitmapFont>();
+        Headless().SetMilliseconds(100'000);
+        Headless().SetUnixSeconds(1'234'567'890);
+        SeedRandom(1);  // starting garbage comes before a game seeds anew
+    }
+
+    void TearDown() override {
+        theFont.reset();
+        DisplayFixture::TearDown();
+    }
+
+    static void Draw(Player& player, int top = 50) {
+        // The shown score climbs with each drawing; golden pictures show it arrived.
+        while (player.ShownScore() != player.Score())
+            player.StepShownScore();
+        DrawPlayer(player, top);
+    }
+
+    static testing::AssertionResult Matches(const std::string& name) {
+        if (currentDisplay->ShowFrame() != S_OK) return testing::AssertionFailure();
+        return MatchesGolden(name);
+    }
+
+    /// Figures fall for so many seconds, turned and pushed about.
+    static void Play(Player& player, int seconds) {
+        const Side side = player.PlayerSide();
+        const std::array keys = {keyBindings.Key(Action::Left, side),
+                                 keyBindings.Key(Action::Rotate, side),
+                                 keyBindings.Key(Action::Right, side)};
+        for (int frame = 0; frame < seconds * 50 && player.IsRunning(); ++frame) {
+            Headless().Advance(20);
+            const std::uint8_t key = keys[static_cast<std::size_t>(frame / 45 % 3)];
+            if (frame % 45 == 0) player.KeyDown(key);
+            if (frame % 45 == 30) player.KeyUp(key);
+            player.UpdatePlayer(0.02);
+        }
+    }
+
+    Player right{Side::Right};
+    Player left{Side::Left};
+};
+
+TEST_F(GoldenScreens, OnePlayer) {
+    right.StartGame(false);
+    Play(right, 40);
+    Draw(right);
+    Draw(left);
+    EXPECT_TRUE(Matches("one-player"));
+}
+
+TEST_F(GoldenScreens, TwoPlayersWithGarbageAndTime) {
+    theSettings.difficulty = {1, 2};
+    right.StartGame(true);
+    left.StartGame(true);
+    Play(right, 30);
+    Play(left, 20);
+    Draw(right);
+    Draw(left);
+    EXPECT_TRUE(Matches("two-players"));
+}
+
+TEST_F(GoldenScreens, PausedAndOver) {
+    right.StartGame(true);
+    left.StartGame(false);
+    Play(right, 10);
+    right.TogglePause();
+    Headless().Advance(65'000);
+    Board full;
+    for (int row = 1; row < kBoardRows; ++row)
+        full.Set(row, 5, static_cast<std::uint8_t>(row % 9));
+    left.SetBoard(full);
+    Play(left, 20);
+    ASSERT_FALSE(left.IsRunning());
+    Draw(right);
+    Draw(left);
+    EXPECT_TRUE(Matches("paused-and-over"));
+}
+
+TEST_F(GoldenScreens, BattleWonAndLost) {
+    theSettings.battle = true;
+    right.StartGame(false);
+    left.StartGame(false);
+    right.SetJoined(false);
+    right.SetJoined(true);
+    left.DeclareWinner();
+    Board full;
+    for (int row = 0; row < kBoardRows; ++row)
+        full.FillRow(row, static_cast<std::uint8_t>(row % 8 + 1));
+    right.SetBoard(full);
+    Play(right, 5);
+    ASSERT_FALSE(right.IsRunning());
+    Draw(right);
+    Draw(left);
+    EXPECT_TRUE(Matches("battle"));
+}
+
+TEST_F(GoldenScreens, SwungApartAndWithoutPanels) {
+    theSettings.preview = {false, true};
+    theSettings.statistics = {true, false};
+    right.StartGame(false);
+    left.StartGame(false);
+    Play(right, 5);
+    Play(left, 5);
+    Draw(right, 0);
+    Draw(left, 106);
+    EXPECT_TRUE(Matches("swung-apart"));
+}
+
+}  // namespace
+}  // namespace korvane

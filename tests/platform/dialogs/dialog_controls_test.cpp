@@ -1,0 +1,163 @@
+#include "tests/platform/dialogs/dialog_fixture.h"
+
+namespace korvane {
+namespace {
+
+using enum HostEventType;
+
+TEST_F(DialogTest, EditBox) {
+    Start();
+    struct Case {
+        const char* way;
+        const char* before;
+        std::vector<Act> acts;
+        std::string after;
+    };
+    const auto outOnTheLeft = [] { return POINT{0, CentreOfItem(kName).y}; };
+    const auto clipLines = [] { Headless().SetClipboardText("a\tb\nc"); };
+    const auto forty = [] { Headless().PushText(std::u32string(40, 'x')); };
+    const auto thirty = [] { Headless().PushText(std::u32string(30, 'x')); };
+    const Case cases[] = {
+        {"Tab selects all", "old", {U"new"}, "new"},
+        {"ends", "ac", {VK_END, U"d", VK_HOME, U"_"}, "_acd"},
+        {"in the middle", "ac", {VK_HOME, VK_RIGHT, U"b"}, "abc"},
+        {"Shift selects", "abcd", {VK_HOME, Shift(VK_RIGHT), Shift(VK_RIGHT), VK_DELETE}, "cd"},
+        {"whole characters", "aäß€", {VK_END, VK_BACK, VK_LEFT, VK_BACK}, "aß"},
+        {"no UTF-8", "a\xE2\x82", {VK_END, VK_BACK, VK_BACK}, "a"},
+        {"erasing at the ends", "a", {VK_END, VK_DELETE, VK_HOME, VK_BACK}, "a"},
+        {"cut, paste", "abc", {Ctrl('A'), Ctrl('X'), Ctrl('V'), Ctrl('V')}, "abcabc"},
+        {"copy", "abc", {Ctrl('A'), Ctrl('C'), VK_END, Ctrl('V')}, "abcabc"},
+        {"first line only", "", {clipLines, Ctrl('V')}, "ab"},
+        {"limit", "", {forty}, std::string(31, 'x')},
+        {"no half character", "", {thirty, U"äy"}, std::string(30, 'x') + "y"},
+        {"words", "one two", {VK_END, Ctrl(VK_LEFT), U"_"}, "one _two"},
+        {"mouse", "abc", {[] { ClickItem(kName); }}, "abc"},
+        {"dragged over", "abc", {Drag(Item(kName), outOnTheLeft), U"z"}, "z"},
+        {"Alt+letter is no typing", "abc", {Alt('W'), U"w"}, "abc"},
+    };
+    for (const Case& c : cases) {
+        Show({Do({Alt('Q'), VK_TAB}),
+              [&] {
+                  EXPECT_TRUE(Headless().AcceptsText());
+                  Do(c.acts)();
+              },
+              [&] {
+                  EXPECT_EQ(Name(), c.after) << c.way;
+                  PressKeys({VK_ESCAPE});
+              }},
+             [&](HDLG dialog) { SetDlgItemText(dialog, kName, c.before); });
+        EXPECT_FALSE(Headless().AcceptsText());
+    }
+}
+
+/// A place counted from the corner of a control, or from its lower right.
+Place In(std::uint16_t id, int right, int down) {
+    return [=] {
+        const RECT& place = GetDlgItem(ShownDialog(), id)->Place();
+        const POINT corner = ShownDialog()->Corner();
+        return POINT{corner.x + right + (right < 0 ? place.right : place.left),
+                     corner.y + down + (down < 0 ? place.bottom : place.top)};
+    };
+}
+
+TEST_F(DialogTest, ListBox) {
+    Start();
+    // Apple banana cherry Date fig | pear Plum: five rows of seven.
+    struct Case {
+        const char* way;
+        int selected;
+        std::vector<Act> acts;
+        int after;
+        int firstSeen;
+    };
+    const auto row = [](int number) { return In(kList, 10, 2 + 15 * number + 7); };
+    const auto bar = [](int fromBottom) { return In(kList, -8, -2 - fromBottom); };
+    const auto heldBelow = [&] {
+        MouseAt(LeftButtonDown, row(1)());
+        MouseAt(MouseMove, row(9)());
+        Headless().PushLater(360, Mouse(LeftButtonUp, row(9)()));
+    };
+    const auto wheel = [&] {
+        HostEvent event = Mouse(Wheel, row(1)());
+        event.amount = -1;
+        Headless().Push(event);
+    };
+    const Case cases[] = {
+        {"Down from nothing", LB_ERR, {VK_DOWN}, 0, 0},
+        {"Up at the top", 0, {VK_UP}, 0, 0},
+        {"End", 0, {VK_END}, 6, 2},
+        {"Down at the end", 6, {VK_DOWN}, 6, 2},
+        {"Home", 6, {VK_HOME}, 0, 0},
+        {"Page down", 0, {VK_NEXT}, 4, 0},
+        {"Page up past the top", 3, {VK_PRIOR}, 0, 0},
+        {"letter", 0, {'P'}, 5, 1},
+        {"letter again", 0, {'P', 'P'}, 6, 2},
+        {"letter wraps", 6, {'D'}, 3, 2},
+        {"letter of none", 1, {'Z'}, 1, 0},
+        {"click", LB_ERR, {Hold(row(2), 0)}, 2, 0},
+        {"drag", LB_ERR, {Drag(row(0), row(3))}, 3, 0},
+        {"held below", 0, {heldBelow}, 6, 2},
+        {"wheel", 0, {wheel}, 0, 2},
+        {"arrow", 0, {Hold(bar(8), 0)}, 0, 1},
+        {"thumb", 0, {Drag(bar(55), bar(0))}, 0, 2},
+    };
+    for (const Case& c : cases) {
+        Show({Do(c.acts),
+              [&] {
+                  EXPECT_EQ(List().Selected(), c.after) << c.way;
+                  EXPECT_EQ(List().FirstSeen(), c.firstSeen) << c.way;
+                  PressKeys({VK_ESCAPE});
+              }},
+             [&](HDLG dialog) { ListBox_SetCurSel(GetDlgItem(dialog, kList), c.selected); });
+    }
+    Show({Do({VK_ESCAPE})}, [](HDLG dialog) {
+        const HCTL list = GetDlgItem(dialog, kList);
+        EXPECT_EQ(ListBox_FindStringExact(list, "DATE"), 3);
+        EXPECT_EQ(ListBox_FindStringExact(list, "Dat"), LB_ERR);
+        ListBox_SetCurSel(list, 3);
+        EXPECT_EQ(ListBox_AddString(list, "blueberry"), 2);
+        EXPECT_EQ(ListBox_GetText(list, ListBox_GetCurSel(list)), "Date");
+        ListBox_AddString(list, std::string(255, '\xFF'));
+        ListBox_SetCurSel(list, 8);
+    });
+}
+
+TEST_F(DialogTest, ScrollBar) {
+    Start();
+    // 150 pixels: arrows of 16, so that the track has 118, and the thumb 118 * 10 / 160 = 7: 8.
+    struct Case {
+        const char* way;
+        int from;
+        Act act;
+        int to;
+        std::vector<int> asked;  // requests plus 100
+    };
+    const auto at = [](int x) { return In(kBar, x, 7); };
+    const Case cases[] = {
+        {"right arrow", 50, Hold(at(140), 100), 51, {101, 108}},
+        {"held: at 300 and 350 ms again", 50, Hold(at(140), 360), 53, {101, 101, 101, 108}},
+        {"left arrow at the end", 0, Hold(at(3), 100), 0, {100, 108}},
+        {"trough", 50, Hold(at(100), 100), 60, {103, 108}},
+        {"trough up to the pointer", 50, Hold(at(74), 1000), 70, {103, 103, 108}},
+        {"thumb to the end", 0, Drag(at(20), at(500)), 150, {105, 104, 108}},
+        {"thumb to the middle", 0, Drag(at(20), at(20 + 55)), 75, {105, 104, 108}},
+        {"thumb held still", 0, Drag(at(20), at(20)), 0, {104, 108}},
+        {"Right", 50, VK_RIGHT, 51, {101, 108}},
+        {"Page down at the top", 145, VK_NEXT, 150, {103, 108}},
+        {"End", 50, VK_END, 50, {107, 108}},
+    };
+    for (const Case& c : cases) {
+        Show({Do({VK_TAB}), Do({c.act}),
+              [&] {
+                  EXPECT_EQ(BarPosition(), c.to) << c.way;
+                  EXPECT_EQ(asked_, c.asked) << c.way;
+                  PressKeys({VK_ESCAPE});
+              }},
+             [&](HDLG dialog) {
+                 SetScrollInfo(GetDlgItem(dialog, kBar), {.mask = SIF_POS, .position = c.from});
+             });
+    }
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,276 @@
+#include "platform/host/files.h"
+
+#include <fcntl.h>
+#include <grp.h>
+#include <gtest/gtest.h>
+#include <sys/ptrace.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace korvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kNoCap = 1 << 20;
+
+std::vector<std::byte> Bytes(const std::string& text) {
+    const auto* first = reinterpret_cast<const std::byte*>(text.data());
+    return {first, first + text.size()};
+}
+
+/// Runs something in a process of its own and returns what it returned.
+bool InChild(const std::function<bool()>& work) {
+    const pid_t child = fork();
+    if (child == 0) _exit(work() ? 0 : 1);
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status)) << "the child was killed by signal " << WTERMSIG(status);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+/// The superuser may write everything; permissions only mean something to others.
+bool BecomeNobody() {
+    constexpr unsigned kNobody = 65534;
+    if (geteuid() != 0) return true;
+    return setgroups(0, nullptr) == 0 && setgid(kNobody) == 0 && setuid(kNobody) == 0;
+}
+
+/// A folder with the game's folder in it, so that there is something outside to escape to.
+class FilesTest : public testing::Test {
+  protected:
+    FilesTest() {
+        std::string pattern = (fs::temp_directory_path() / "korvane-files-XXXXXX").string();
+        top_ = mkdtemp(pattern.data());
+        root_ = top_ / "game";
+        fs::create_directories(root_ / "data");
+        for (const fs::path& folder : {top_, root_, root_ / "data"})
+            fs::permissions(folder, fs::perms::all);
+        files_ = OpenDiskFiles(root_.string());
+    }
+    ~FilesTest() override { fs::remove_all(top_); }
+
+    void Put(const std::string& path, const std::string& text) {
+        fs::create_directories((root_ / path).parent_path());
+        std::ofstream(root_ / path, std::ios::binary) << text;
+    }
+    void Link(const std::string& path, const std::string& target) {
+        fs::create_directories((root_ / path).parent_path());
+        fs::create_symlink(target, root_ / path);
+    }
+
+    /// The content, or "(none)" when it could not be read.
+    std::string Read(std::string_view path, std::size_t cap = kNoCap) {
+        const auto bytes = files_->Read(path, cap);
+        if (!bytes) return "(none)";
+        return {reinterpret_cast<const char*>(bytes->data()), bytes->size()};
+    }
+    bool Replace(std::string_view path, const std::string& text) {
+        return files_->Replace(path, Bytes(text));
+    }
+    /// The names in a folder, sorted, folders with a slash behind.
+    std::string List(std::string_view folder) {
+        const auto entries = files_->List(folder);
+        if (!entries) return "(none)";
+        std::vector<std::string> names;
+        for (const FolderEntry& entry : *entries)
+            names.push_back(entry.name + (entry.isFolder ? "/" : ""));
+        std::ranges::sort(names);
+        std::string all;
+        for (const std::string& name : names)
+            all += (all.empty() ? "" : " ") + name;
+        return all;
+    }
+
+    fs::path top_;
+    fs::path root_;
+    std::unique_ptr<Files> files_;
+};
+
+TEST_F(FilesTest, ReadsWhatLiesBeneathTheFolderAndNothingElse) {
+    Put("../secret", "secret");
+    Put("data/menu.dat", "menu");
+    Put("Skins/Original/Game/blocks.bmp", "blocks");
+    for (const char* name : {"a.TXT", "A.txT", "A.Txt", "a.Txt", "A.txt", "a.tXt"})
+        Put(std::string("Skins/Two/") + name, name);
+    Put("Skins/Two/a.txt ", "blank");
+    Put("Skins/Two/B", "B");
+    Put("Skins/Two/b", "b");
+    Link("Graphics/Original", "../Skins/Original");
+    Link("Graphics/Chain", "original/../Original//Game/.");
+    Link("Graphics/file", "../data/menu.dat");
+    Link("Graphics/up", "../..");
+    Link("Graphics/secret", "../../secret");
+    Link("Graphics/absolute", root_ / "data/menu.dat");
+    Link("rooted", "/data/menu.dat");
+    Link("Graphics/device", "/dev/zero");
+    Link("Graphics/circle", "circle");
+    Link("Graphics/dangling", "missing");
+    ASSERT_EQ(mkfifo((root_ / "pipe").c_str(), 0666), 0);
+
+    const std::string longName(255, 'n');
+    Put(longName, "long");
+
+    const struct {
+        std::string_view path;
+        std::string_view want;
+    } kCases[] = {
+        {"data\\menu.dat", "menu"},
+        {"data/menu.dat", "menu"},
+        {"DATA\\Menu.Dat", "menu"},
+        {".\\data\\\\.//menu.dat", "menu"},
+        {"skins\\ORIGINAL\\game\\BLOCKS.BMP", "blocks"},
+        {"skins\\two\\b", "b"},
+        {"skins\\two\\B", "B"},
+        {"skins\\two\\A.TXT", "A.Txt"},
+        {"skins\\two\\a.txt ", "blank"},
+        {longName, "long"},
+        // Links.
+        {"Graphics\\Original\\Game\\blocks.bmp", "blocks"},
+        {"graphics\\original\\game\\blocks.bmp", "blocks"},
+        {"Graphics\\Chain\\blocks.bmp", "blocks"},
+        {"graphics\\FILE", "menu"},
+    };
+    for (const auto& [path, want] : kCases)
+        EXPECT_EQ(Read(path), want) << path;
+    for (const std::string_view path : std::initializer_list<std::string_view>{
+             "skins\\two\\b ",
+             // Links.
+             "Graphics\\up\\secret", "Graphics\\up\\game\\data\\menu.dat", "Graphics\\secret",
+             "Graphics\\absolute", "rooted", "Graphics\\device", "Graphics\\circle",
+             "Graphics\\dangling",
+             // Ways out and things that are no file.
+             "..\\secret", "data\\..\\data\\menu.dat", "data/../../secret", "/etc/passwd",
+             "\\data\\menu.dat", "c:data\\menu.dat", std::string_view("data\\menu.dat\0", 14),
+             std::string_view("data\0\\menu.dat", 14), "", ".", "data", "pipe", "data\\missing",
+             "missing\\menu.dat", "data\\menu.dat\\x"})
+        EXPECT_EQ(Read(path), "(none)") << path;
+    EXPECT_EQ(Read(std::string(256, 'n')), "(none)");
+    EXPECT_EQ(Read(std::string(2000, '.')), "(none)");
+}
+
+TEST_F(FilesTest, ReadsUpToTheCap) {
+    Put("ten", "0123456789");
+    EXPECT_EQ(Read("ten", 10), "0123456789");
+    EXPECT_EQ(Read("ten", 9), "(none)");
+    Put("empty", "");
+    EXPECT_EQ(Read("empty", 0), "");
+    Put("huge", "");
+    fs::resize_file(root_ / "huge", std::uintmax_t{1} << 42);  // a hole; no disk holds it in full
+    EXPECT_EQ(Read("huge", kNoCap), "(none)");
+}
+
+TEST_F(FilesTest, ReplaceMakesOrRewritesAFileUnderItsOwnName) {
+    EXPECT_TRUE(Replace("data\\hs.dat", "first"));
+    EXPECT_TRUE(Replace("DATA\\HS.DAT", "2nd"));
+    EXPECT_TRUE(Replace("data\\empty", ""));
+    Put("data/.hs.dat.tmp", "left by a killed program");
+    EXPECT_TRUE(Replace("data\\hs.dat", "third"));
+    EXPECT_EQ(Read("data\\hs.dat"), "third");
+    EXPECT_EQ(Read("data\\empty"), "");
+    EXPECT_EQ(List("data"), "empty hs.dat");
+
+    Put("real", "old");
+    Link("data/link", "../real");
+    EXPECT_TRUE(Replace("data\\link", "new"));
+    EXPECT_EQ(Read("real"), "new");
+    EXPECT_TRUE(fs::is_symlink(root_ / "data/link"));
+}
+
+TEST_F(FilesTest, ReplaceRefusesWhatIsNoWritableFileBeneathTheFolder) {
+    Put("../secret", "secret");
+    Put("data/old", "old");
+    Put("data/locked", "locked");
+    fs::create_directory(root_ / "data/folder");
+    fs::create_directory(root_ / "data/.old.tmp");
+    Link("data/out", "../../secret");
+    Link("data/new", "../../new");
+    ASSERT_EQ(mkfifo((root_ / "data/pipe").c_str(), 0666), 0);
+    for (const char* writable : {"data/pipe", "data/folder", "data/old"})
+        fs::permissions(root_ / writable, fs::perms(0777));
+    fs::permissions(root_ / "data/locked", fs::perms(0444));
+    fs::create_directory(root_ / "closed");
+    fs::permissions(root_ / "closed", fs::perms(0555));
+    EXPECT_TRUE(InChild([&] { return BecomeNobody() && Replace("data\\fresh", "new"); }));
+    const std::string before = List("data");
+
+    for (const std::string_view path :
+         {"data\\folder", "data\\pipe", "data\\out", "data\\new", "data\\old", "data\\locked",
+          "closed\\file", "missing\\file", "data\\locked\\file", "..\\secret", "", "data"}) {
+        EXPECT_FALSE(InChild([&] { return BecomeNobody() && Replace(path, "new"); })) << path;
+    }
+    EXPECT_EQ(List("data"), before);
+    EXPECT_EQ(List("closed"), "");
+    EXPECT_EQ(Read("data\\old"), "old");
+    EXPECT_EQ(Read("data\\locked"), "locked");
+    EXPECT_EQ(List(""), "closed/ data/");
+    EXPECT_FALSE(fs::exists(top_ / "new"));
+}
+
+TEST_F(FilesTest, AWriteThatFailsHalfwayLeavesTheOldFileAndNoLitter) {
+    Put("data/hs.dat", "old");
+    EXPECT_FALSE(InChild([&] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{1000, 1000};
+        return setrlimit(RLIMIT_FSIZE, &limit) != 0 ||
+               Replace("data\\hs.dat", std::string(1001, 'x')) ||
+               !Replace("data\\fits", std::string(1000, 'x'));
+    }));
+    EXPECT_EQ(Read("data\\hs.dat"), "old");
+    EXPECT_EQ(List("data"), "fits hs.dat");
+}
+
+/// Starts `work` in a child and kills it when it is about to enter, or has just left, its n-th
+/// system call. False when it came to its end before that.
+bool KilledAtStop(int n, const std::function<void()>& work) {
+    const pid_t child = fork();
+    if (child == 0) {
+        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        raise(SIGSTOP);
+        work();
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    for (int i = 0; i < n && WIFSTOPPED(status); ++i) {
+        ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+        waitpid(child, &status, 0);
+    }
+    if (WIFEXITED(status)) return false;
+    kill(child, SIGKILL);
+    waitpid(child, &status, 0);
+    return true;
+}
+
+TEST_F(FilesTest, AKillAtAnyMomentLeavesTheOldOrTheNewBytes) {
+    const std::string older(50'000, 'o');
+    const std::string newer(70'000, 'n');
+    int oldSeen = 0;
+    int newSeen = 0;
+    for (int stop = 1; stop < 500; ++stop) {
+        ASSERT_TRUE(Replace("data\\hs.dat", older));
+        ASSERT_EQ(List("data"), "hs.dat") << "the last kill's litter was not swept away";
+        const bool killed = KilledAtStop(stop, [&] { Replace("data\\hs.dat", newer); });
+        const std::string now = Read("data\\hs.dat");
+        ASSERT_TRUE(now == older || now == newer) << "torn at stop " << stop;
+        ++(now == older ? oldSeen : newSeen);
+        if (!killed) break;
+    }
+    // Ten stops lie between the first look at the target and its being replaced, and the flush of
+    // the folder comes after it.
+    EXPECT_GE(oldSeen, 10);
+    EXPECT_GE(newSeen, 3);
+}
+
+}  // namespace
+}  // namespace korvane

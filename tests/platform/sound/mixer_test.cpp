@@ -1,0 +1,166 @@
+#include "platform/sound/mixer.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+
+#include "platform/headless/headless_host.h"
+#include "tests/support/heard.h"
+
+namespace korvane {
+namespace {
+
+/// A steady level that takes the machine's time, and notes what is asked of it.
+class FakeStream final : public MusicStream {
+  public:
+    int Orders() const override { return 10; }
+    void Seek(int order) override { seeks.push_back(order); }
+    void Render(std::span<float> samples) override {
+        std::ranges::fill(samples, level);
+        Headless().Advance(milliseconds);
+    }
+
+    float level = 0.5F;
+    std::uint32_t milliseconds = 0;
+    std::vector<int> seeks;
+};
+
+class MixerTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        Headless().Reset();
+        Headless().OpenSound(mixer);
+    }
+    void TearDown() override { Headless().CloseSound(); }
+
+    static int Level() { return Headless().Hear(kSoundBufferFrames).back(); }
+    static std::shared_ptr<const Sample> Steady(std::int16_t level, std::size_t frames = 2000) {
+        return std::make_shared<const Sample>(Sample{1, std::vector<std::int16_t>(frames, level)});
+    }
+
+    Mixer mixer;
+    std::shared_ptr<FakeStream> stream = std::make_shared<FakeStream>();
+};
+
+TEST(SoftLimitTest, IsPlainBelowTheKneeAndNeverPassesFullScale) {
+    for (const float quiet : {0.0F, 0.1F, 0.5F, 0.75F})
+        EXPECT_EQ(SoftLimit(quiet), quiet);
+    float before = 0.75F;
+    for (float loud = 0.76F; loud < 1000; loud *= 1.05F) {
+        const float limited = SoftLimit(loud);
+        EXPECT_GT(limited, before) << loud;
+        EXPECT_LT(limited, std::min(loud, 1.0F)) << loud;
+        EXPECT_EQ(SoftLimit(-loud), -limited);
+        before = limited;
+    }
+    constexpr float kInfinity = std::numeric_limits<float>::infinity();
+    EXPECT_EQ(SoftLimit(kInfinity), 1.0F);
+    EXPECT_EQ(SoftLimit(-kInfinity), -1.0F);
+    EXPECT_EQ(SoftLimit(std::numeric_limits<float>::quiet_NaN()), 0.0F);
+}
+
+TEST_F(MixerTest, AnySumStaysBelowFullScaleWithItsSign) {
+    stream->level = -1;
+    mixer.StartMusic(stream, 0);
+    for (std::uint32_t channel = 1; channel <= 60; ++channel) {
+        mixer.PlaySample(Steady(-32768), channel, 3);
+        const int level = Level();
+        EXPECT_LT(level, -27000) << channel;
+    }
+    EXPECT_GT(PeakOf(Headless().Hear(4)), 32000);
+}
+
+TEST_F(MixerTest, OneMoreThanTheLimitEndsTheOldestOfThatSampleAlone) {
+    const auto sample = Steady(4000);
+    mixer.PlaySample(Steady(4000), 9, 3);
+    for (std::uint32_t channel = 1; channel <= 4; ++channel)
+        mixer.PlaySample(sample, channel, 3);
+    EXPECT_FALSE(mixer.IsChannelSounding(1));
+    for (const std::uint32_t channel : {2U, 3U, 4U, 9U})
+        EXPECT_TRUE(mixer.IsChannelSounding(channel)) << channel;
+    EXPECT_NEAR(Level(), 4 * 4000, 5);
+    mixer.StopChannel(3);
+    EXPECT_NEAR(Level(), 3 * 4000, 5);
+    mixer.StopSample(*sample);
+    EXPECT_NEAR(Level(), 4000, 5);
+    EXPECT_TRUE(mixer.IsChannelSounding(9));
+    Headless().Hear(2000 - 3 * kSoundBufferFrames);
+    EXPECT_FALSE(mixer.IsChannelSounding(9)) << "it has ended by itself";
+    EXPECT_EQ(Level(), 0);
+}
+
+TEST_F(MixerTest, WhatCouldNotBeginInTimeIsNotHeard) {
+    mixer.PlaySample(Steady(1000), 1, 3);
+    EXPECT_NEAR(Level(), 1000, 2);
+    mixer.PlaySample(Steady(4000), 2, 3);
+    Headless().Advance(300);
+    mixer.PlaySample(Steady(2000), 3, 3);
+    Headless().Advance(200);
+    EXPECT_NEAR(Level(), 3000, 2);
+}
+
+TEST_F(MixerTest, BothSidesOfAStereoSampleStayApart) {
+    const auto sample = std::make_shared<const Sample>(Sample{2, {100, -200, 300, -400}});
+    mixer.PlaySample(sample, 1, 3);
+    EXPECT_EQ(Headless().Hear(3), (std::vector<std::int16_t>{100, -200, 300, -400, 0, 0}));
+}
+
+TEST_F(MixerTest, JumpsAreDoneByWhoRenders) {
+    mixer.StartMusic(stream, 3);
+    mixer.StartMusic(stream, 5);
+    EXPECT_TRUE(stream->seeks.empty());
+    Level();
+    EXPECT_EQ(stream->seeks, (std::vector{5}));
+    mixer.StartMusic(stream, std::nullopt);
+    Level();
+    EXPECT_EQ(stream->seeks, (std::vector{5})) << "it plays on where it is";
+    const auto other = std::make_shared<FakeStream>();
+    mixer.StartMusic(stream, 7);
+    mixer.StopMusic(*stream);
+    mixer.StartMusic(other, std::nullopt);
+    Level();
+    EXPECT_TRUE(other->seeks.empty());
+    mixer.StartMusic(stream, std::nullopt);
+    Level();
+    EXPECT_EQ(stream->seeks, (std::vector{5, 7})) << "it was still to be done";
+}
+
+TEST_F(MixerTest, MusicThatFallsASecondBehindEndsAndStaysOff) {
+    const auto render = [&](std::uint32_t milliseconds) {
+        stream->milliseconds = milliseconds;
+        Level();
+        return mixer.IsMusicPlaying(*stream);
+    };
+    mixer.PlaySample(Steady(1000, 1000000), 1, 3);
+    Level();
+    mixer.StartMusic(stream, 0);
+    // A buffer lasts 11.6 ms.
+    EXPECT_TRUE(render(60000)) << "one alone may take any time";
+    EXPECT_TRUE(render(60000));
+    for (int i = 0; i < 80; ++i)
+        render(0);
+    for (int i = 0; i < 500; ++i) {
+        EXPECT_TRUE(render(23)) << i;
+        EXPECT_TRUE(render(0)) << i;
+    }
+    for (int i = 0; i < 9; ++i)
+        EXPECT_TRUE(render(112)) << i;
+    EXPECT_FALSE(render(112));
+    EXPECT_NEAR(Level(), 1000, 2) << "samples go on";
+    EXPECT_FALSE(mixer.StartMusic(stream, 0));
+    // What one piece was late does not count for the next.
+    const std::shared_ptr<FakeStream> others[] = {std::make_shared<FakeStream>(),
+                                                  std::make_shared<FakeStream>()};
+    for (const auto& other : others) {
+        other->milliseconds = 500;
+        EXPECT_TRUE(mixer.StartMusic(other, 0));
+        for (int i = 0; i < 2; ++i)
+            Level();
+        EXPECT_TRUE(mixer.IsMusicPlaying(*other));
+    }
+}
+
+}  // namespace
+}  // namespace korvane

@@ -1,0 +1,93 @@
+#include "platform/sound/wav.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+#include "platform/host/sound_source.h"
+#include "platform/sound/sample.h"
+#include "tests/support/heard.h"
+#include "tests/support/wav_writer.h"
+
+namespace korvane {
+namespace {
+
+TEST(WavTest, EveryAcceptedFormatHasItsSamples) {
+    for (const std::uint16_t bits : {std::uint16_t{8}, std::uint16_t{16}}) {
+        for (const std::uint16_t channels : {std::uint16_t{1}, std::uint16_t{2}}) {
+            for (const std::uint32_t unknown : {0U, 4U, 7U}) {
+                WavRecipe recipe{.channels = channels, .bits = bits, .frames = 5};
+                recipe.unknownBytes = unknown;
+                recipe.wave = [](std::size_t frame, int channel) {
+                    return channel == 0 ? -1 + 0.25 * static_cast<double>(frame) : 0.5;
+                };
+                const auto sound = ReadWav(MakeWav(recipe));
+                ASSERT_TRUE(sound) << bits << " bits, " << channels << " channels, " << unknown;
+                EXPECT_EQ(sound->rate, 44100);
+                EXPECT_EQ(sound->channels, channels);
+                const std::vector<std::int16_t> mono = {-32768, -24576, -16384, -8192, 0};
+                const std::vector<std::int16_t> stereo = {-32768, 16384, -24576, 16384, -16384,
+                                                          16384,  -8192, 16384,  0,     16384};
+                EXPECT_EQ(sound->samples, channels == 1 ? mono : stereo);
+            }
+        }
+    }
+}
+
+TEST(WavTest, LimitsAreAcceptedAndWhatLiesBeyondIsNot) {
+    struct Case {
+        const char* what;
+        WavRecipe recipe;
+        bool accepted;
+    };
+    const Case cases[] = {
+        {"slowest", {.rate = 8000}, true},
+        {"too slow", {.rate = 7999}, false},
+        {"fastest", {.rate = 48000}, true},
+        {"too fast", {.rate = 48001}, false},
+        {"one frame", {.frames = 1}, true},
+        {"no frame", {.frames = 0}, false},
+        {"longest", {.rate = 8000, .bits = 8, .frames = 30 * 8000}, true},
+        {"too long", {.rate = 8000, .bits = 8, .frames = 30 * 8000 + 1}, false},
+        {"floating point", {.tag = 3}, false},
+        {"no channels", {.channels = 0}, false},
+        {"three channels", {.channels = 3}, false},
+        {"24 bits", {.bits = 24}, false},
+        {"4 bits", {.channels = 2, .bits = 4}, false},
+        {"frames of another size", {.frameBytesError = 1}, false},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(ReadWav(MakeWav(c.recipe)).has_value(), c.accepted) << c.what;
+}
+
+TEST(WavTest, ACutFileIsNone) {
+    const std::vector<std::byte> file = MakeWav({.bits = 8, .frames = 9, .unknownBytes = 3});
+    for (std::size_t size = 0; size < file.size(); ++size)
+        EXPECT_FALSE(ReadWav(std::span(file).first(size))) << size << " bytes";
+    EXPECT_TRUE(ReadWav(file)) << "also without the padding of the last chunk";
+}
+
+TEST(WavTest, SoundComesAfterItsFormat) {
+    std::vector<std::byte> file = MakeWav({});
+    file[12] = std::byte{'x'};  // the format's chunk becomes an unknown one
+    EXPECT_FALSE(ReadWav(file));
+}
+
+TEST(WavTest, EveryRateKeepsLengthAndPitch) {
+    for (const std::uint32_t rate : {8000U, 11025U, 22050U, 44100U, 48000U}) {
+        SCOPED_TRACE(rate);
+        WavRecipe recipe{.rate = rate, .frames = rate / 2};
+        recipe.wave = [rate](std::size_t frame, int) {
+            return 0.5 * std::sin(2 * std::numbers::pi * 500 * static_cast<double>(frame) / rate);
+        };
+        const auto sample = LoadSample(MakeWav(recipe));
+        ASSERT_TRUE(sample);
+        EXPECT_NEAR(static_cast<double>(sample->Frames()), kSoundRate / 2.0, 100);
+        EXPECT_NEAR(PitchOf(sample->samples), 500, 2);
+        EXPECT_NEAR(PeakOf(sample->samples), 16384, 700);
+    }
+}
+
+}  // namespace
+}  // namespace korvane
