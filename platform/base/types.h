@@ -57,6 +57,11 @@ struct RECT {
     }
 };
 
+/// The rectangle of a size whose left upper corner is given.
+constexpr RECT RectAt(POINT corner, SIZE size) {
+    return {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy};
+}
+
 /// The part that two rectangles share; empty (but possibly with crossed edges) when none.
 constexpr RECT Intersect(const RECT& a, const RECT& b) {
     return {a.left > b.left ? a.left : b.left, a.top > b.top ? a.top : b.top,
