@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "app/state/settings.h"
+#include "game/rules/side.h"
 #include "platform/window/user.h"
 
 namespace korvane {

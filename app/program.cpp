@@ -11,15 +11,14 @@
 #include "app/window_proc.h"
 #include "audio/audio.h"
 #include "audio/music_player.h"
-#include "game/frame/game_art.h"
 #include "game/frame/game_frame.h"
-#include "gfx/bitmap_font.h"
 #include "gfx/display.h"
 #include "platform/host/kernel.h"
 #include "res/accelerators.h"
 #include "res/advanced_dialog.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
+#include "screens/stage.h"
 
 namespace korvane {
 namespace {
@@ -37,16 +36,6 @@ void ChooseGameClock() {
     secondsPerCount = hiResClock ? 1.0 / static_cast<double>(frequency) : 0.001;
     lastCount = timeGetTime();
     if (hiResClock) QueryPerformanceCounter(lastCount);
-}
-
-void CreateObjects() {
-    theGameArt.Load();
-    theGameArt.LoadLevelSound();
-    theFont = std::make_unique<BitmapFont>();
-    theMenuScreen = std::make_unique<MenuScreen>();
-    rightPlayer = std::make_unique<Player>(Side::Right);
-    leftPlayer = std::make_unique<Player>(Side::Left);
-    theHighScoreScreen = std::make_unique<HighScoreScreen>();
 }
 
 void RestoreSurfaces() {
@@ -96,7 +85,7 @@ bool StartUp() {
     StartAudio();
     showFps = false;
     ChooseGameClock();
-    CreateObjects();
+    SetStage();
     // Xlib ends the process when the display dies, in whatever call that shows.
     std::atexit(SaveScoresAndKeys);
     nextFigureCheat = false;

@@ -17,6 +17,7 @@
 #include "gfx/display.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
+#include "screens/stage.h"
 
 namespace korvane {
 namespace {
@@ -48,11 +49,7 @@ bool IsRefusedInFullScreen(WPARAM systemCommand) {
 void OnDestroy() {
     StopAudio();
     SaveScoresAndKeys();
-    theHighScoreScreen.reset();
-    theMenuScreen.reset();
-    rightPlayer.reset();
-    leftPlayer.reset();
-    currentDisplay.reset();
+    ClearStage();
     PostQuitMessage(0);
 }
 

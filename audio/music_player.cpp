@@ -5,6 +5,7 @@
 
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
+#include "app/state/static_room.h"
 
 namespace korvane {
 namespace {
@@ -20,7 +21,11 @@ bool Start(HMUSIC module, std::int32_t position) {
     return BASS_MusicPlayEx(module, position, kPlayFlags, /*reset=*/true);
 }
 
+constinit StaticRoom<MusicPlayer> room;
+
 }  // namespace
+
+constinit MusicPlayer& theMusic = room.object;
 
 bool MusicPlayer::Load() {
     if (!audioReady) return true;

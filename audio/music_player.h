@@ -57,7 +57,7 @@ class MusicPlayer {
     ModuleChoice choice_;
 };
 
-/// The music of this process; it exists before `main` runs.
-extern MusicPlayer theMusic;
+/// The music of this process; app/static_objects.cpp makes it before `main` runs.
+extern MusicPlayer& theMusic;
 
 }  // namespace korvane

@@ -4,11 +4,9 @@
 
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
-#include "game/frame/game_art.h"
 #include "game/frame/game_frame.h"
 #include "game/frame/game_screen.h"
 #include "game/rules/key_bindings.h"
-#include "gfx/bitmap_font.h"
 #include "gfx/display.h"
 #include "gfx/skin.h"
 #include "platform/headless/headless_host.h"
@@ -61,26 +59,11 @@ GameMatch::GameMatch() {
     Headless().Reset();
     Headless().UseFolder("");
     theSettings.SetDefaults();
-    RegisterClass({"Bench", DefWindowProc});
-    window_ = CreateWindowEx(0, "Bench", "", 0, {0, 0}, {640, 480});
-    currentDisplay = std::make_unique<Display>();
-    currentDisplay->OpenWindowed(window_, 640, 480);
-    theGameArt.Load();
-    theFont = std::make_unique<BitmapFont>();
-    rightPlayer = std::make_unique<Player>(Side::Right);
-    leftPlayer = std::make_unique<Player>(Side::Left);
+    stage_ = std::make_unique<Stage>();
     hiResClock = true;
     secondsPerCount = 1.0 / static_cast<double>(Headless().CounterFrequency());
     for (int i = 0; i < kFramesPlayedBefore; ++i)
         Advance();
-}
-
-GameMatch::~GameMatch() {
-    rightPlayer.reset();
-    leftPlayer.reset();
-    theFont.reset();
-    currentDisplay.reset();
-    DestroyWindow(window_);
 }
 
 void GameMatch::Advance() {

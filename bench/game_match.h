@@ -6,7 +6,7 @@
 #include <random>
 
 #include "bench/recorded_frame.h"
-#include "platform/window/user.h"
+#include "tools/korvane-skin/stage.h"
 
 namespace korvane::bench {
 
@@ -16,9 +16,6 @@ class GameMatch {
   public:
     /// Both boards have been played on for half a minute.
     GameMatch();
-    ~GameMatch();
-    GameMatch(const GameMatch&) = delete;
-    GameMatch& operator=(const GameMatch&) = delete;
 
     /// One frame of the rules, 10 ms after the last; a finished game starts anew.
     void Advance();
@@ -28,7 +25,7 @@ class GameMatch {
   private:
     const KeyedPicture& PictureOf(const PixelBuffer& pixels);
 
-    HWND window_ = nullptr;
+    std::unique_ptr<Stage> stage_;
     std::mt19937 random_{1};
     std::map<const PixelBuffer*, std::unique_ptr<KeyedPicture>> pictures_;
 };

@@ -5,7 +5,7 @@
 #include <memory>
 #include <optional>
 
-#include "app/state/settings.h"
+#include "game/rules/side.h"
 #include "gfx/button.h"
 #include "gfx/surface.h"
 #include "screens/high_score_table.h"

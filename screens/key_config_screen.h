@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "app/state/settings.h"
 #include "game/rules/key_bindings.h"
+#include "game/rules/side.h"
 #include "gfx/button.h"
 #include "gfx/surface.h"
 

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "app/state/settings.h"
 #include "audio/sound_effect.h"
+#include "game/rules/side.h"
 #include "gfx/button.h"
 #include "gfx/surface.h"
 #include "screens/key_config_screen.h"

@@ -1,8 +1,8 @@
 #include "app/state/settings.h"
 
-#include <algorithm>
 #include <string_view>
 
+#include "app/state/static_room.h"
 #include "platform/base/byte_stream.h"
 #include "platform/host/kernel.h"
 
@@ -87,7 +87,11 @@ class FieldWriter {
     ByteWriter writer_;
 };
 
+constinit StaticRoom<Settings> room;
+
 }  // namespace
+
+constinit Settings& theSettings = room.object;
 
 Settings::Settings() {
     Load();
@@ -116,11 +120,6 @@ void Settings::Save() const {
 
 void Settings::SetDefaults() {
     static_cast<SettingsValues&>(*this) = {};
-}
-
-Difficulty Settings::PlayedDifficulty(Side side) const {
-    constexpr auto kHardest = static_cast<std::int32_t>(Difficulty::Hard);
-    return static_cast<Difficulty>(std::clamp(difficulty[IndexOf(side)], 0, kHardest));
 }
 
 }  // namespace korvane

@@ -7,17 +7,6 @@
 
 namespace korvane {
 
-/// The right player also plays alone; values kept per player are indexed by `IndexOf`.
-enum class Side : int { Right = 1, Left = 2 };
-
-constexpr std::size_t IndexOf(Side side) {
-    return side == Side::Right ? 0 : 1;
-}
-
-enum class Difficulty : std::uint8_t { Easy, Medium, Hard };
-
-inline constexpr std::size_t kDifficultyCount = 3;
-
 /// Bits of `sfxMask`: the events whose sound effects play.
 enum : std::uint8_t {
     kSfxMenuButtons = 1,
@@ -33,7 +22,7 @@ inline constexpr std::size_t kSkinNameLimit = 254;
 /// All user choices, initially the defaults. Pairs hold the right player's value first.
 ///
 /// The numbers come from a file and may hold anything: whoever uses one as an index or a count
-/// limits it there (for `difficulty` that is `Settings::PlayedDifficulty`).
+/// limits it there (for `difficulty` that is `PlayedDifficulty`).
 struct SettingsValues {
     std::uint8_t players = 1;
     std::array<std::int32_t, 2> difficulty{0, 0};
@@ -78,12 +67,9 @@ class Settings : public SettingsValues {
     void Save() const;
 
     void SetDefaults();
-
-    /// The stored difficulty, limited to the three that exist.
-    Difficulty PlayedDifficulty(Side side) const;
 };
 
-/// The settings of this process; they exist before `main` runs.
-extern Settings theSettings;
+/// The settings of this process; app/static_objects.cpp makes them before `main` runs.
+extern Settings& theSettings;
 
 }  // namespace korvane

@@ -1,6 +1,6 @@
 #include "game/frame/game_art.h"
 
-#include "game/rules/level_sound.h"
+#include "app/state/static_room.h"
 #include "gfx/skin.h"
 #include "platform/surfaces/ddraw.h"
 
@@ -35,7 +35,11 @@ void ApplyOwnColorKey(Surface& picture, const ArtFile& file) {
     if (file.colorKey != 0) picture.SetColorKey(ColorKey(file.colorKey));
 }
 
+constinit StaticRoom<GameArt> room;
+
 }  // namespace
+
+constinit GameArt& theGameArt = room.object;
 
 void GameArt::Load() {
     skinColorKeys.Load();
@@ -57,10 +61,6 @@ void GameArt::Reload() {
 void GameArt::LoadLevelSound() {
     levelSound_.reset();
     levelSound_ = std::make_unique<SoundEffect>("NewLevel.wav");
-}
-
-void PlayLevelSound() {
-    if (SoundEffect* sound = theGameArt.LevelSound()) sound->Play();
 }
 
 void DrawBlockCell(std::uint32_t x, std::uint32_t y, int value) {

@@ -53,7 +53,8 @@ class GameArt {
     bool loaded_ = false;
 };
 
-extern GameArt theGameArt;
+/// The pictures of this process; app/static_objects.cpp makes them before `main` runs.
+extern GameArt& theGameArt;
 
 /// Draws the 16 x 16 picture of a board cell of value 1 to 8; 0 and less draw nothing.
 void DrawBlockCell(std::uint32_t x, std::uint32_t y, int value);

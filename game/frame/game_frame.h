@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
-#include "app/state/settings.h"
 #include "game/rules/player.h"
 #include "game/rules/quake.h"
+#include "game/rules/side.h"
 #include "platform/base/types.h"
 
 namespace korvane {

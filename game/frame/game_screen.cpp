@@ -5,6 +5,7 @@
 
 #include "app/state/settings.h"
 #include "game/frame/game_art.h"
+#include "game/frame/statistics_chart.h"
 #include "gfx/bitmap_font.h"
 #include "platform/surfaces/ddraw.h"
 
@@ -166,8 +167,7 @@ void HalfScreen::DrawJoin() const {
 }
 
 void HalfScreen::DrawStatistics() const {
-    player_.Statistics().DrawChart(theGameArt.Picture(Art::Statistics),
-                                   Coordinate(boardX_ + kChart.x), Coordinate(top_ + kChart.y));
+    DrawChart(player_.Statistics(), {boardX_ + kChart.x, top_ + kChart.y});
     Value(std::to_string(player_.FigureCount()), 107);
 }
 

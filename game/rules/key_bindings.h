@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "app/state/settings.h"
+#include "game/rules/side.h"
 
 namespace korvane {
 

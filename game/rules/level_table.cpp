@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "app/state/static_room.h"
 #include "platform/base/byte_stream.h"
 #include "platform/host/kernel.h"
 
@@ -55,7 +56,11 @@ void VisitLevelsInFileOrder(Table& table, Visit visit) {
     }
 }
 
+constinit StaticRoom<LevelTable> room;
+
 }  // namespace
+
+constinit LevelTable& theLevelTable = room.object;
 
 LevelTable::LevelTable() {
     if (!LoadTable()) SetDefaults();

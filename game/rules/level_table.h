@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "app/state/settings.h"
+#include "game/rules/side.h"
 
 namespace korvane {
 
@@ -42,7 +42,7 @@ class LevelTable : public LevelTableValues {
     void SetDefaults();
 };
 
-/// The level table of this process; it exists before `main` runs.
-extern LevelTable theLevelTable;
+/// The level table of this process; app/static_objects.cpp makes it before `main` runs.
+extern LevelTable& theLevelTable;
 
 }  // namespace korvane

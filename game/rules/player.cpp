@@ -16,71 +16,55 @@ constexpr std::array kBoardScreenX = {365, 45};
 
 constexpr std::array<std::uint8_t, 2> kNextIsBarKeys = {VK_F9, VK_F5};
 
-// In the order of `Player::Sound`.
-constexpr std::array kSoundFiles = {"Landed.wav", "Rotate.wav", "Single.wav",
-                                    "Double.wav", "Triple.wav", "Tetris.wav"};
-
 }  // namespace
 
-Player::Player(Side side) : side_(side), boardScreenX_(kBoardScreenX[IndexOf(side)]) {
+Player::Player(Side side, std::unique_ptr<PlayerSounds> sounds)
+    : side_(side), boardScreenX_(kBoardScreenX[IndexOf(side)]), sounds_(std::move(sounds)) {
     LoadPlayerSounds();
 }
 
 void Player::LoadPlayerSounds() {
-    static_assert(kSoundFiles.size() == static_cast<std::size_t>(Sound::Count));
-    for (std::size_t i = 0; i < kSoundFiles.size(); ++i) {
-        sounds_[i].reset();
-        sounds_[i] = std::make_unique<SoundEffect>(kSoundFiles[i]);
-    }
-}
-
-void Player::PlaySoundOf(std::uint8_t event, Sound sound) {
-    if (MayPlay(event)) sounds_[static_cast<std::size_t>(sound)]->Play();
+    if (sounds_) sounds_->Load();
 }
 
 void Player::ResetPlayer() {
-    minutes_ = seconds_ = 0;
+    clock_.Reset();
     lastRows_ = wins_ = lines_ = level_ = 0;
     score_ = shownScore_ = 0;
     figureCount_ = 0;
-    highScoreEntered_ = joined_ = rowsPending_ = false;
+    highScoreEntered_ = joined_ = false;
     gameOver_ = true;
-    board_.Clear();
+    field_.Clear();
     current_.reset();
     next_.reset();
     statistics_.ResetChart();
 }
 
 bool Player::StartGame(bool timed) {
-    timedGame_ = timed;
     highScoreEntered_ = false;
-    pauseStartTick_ = 0;
     joined_ = true;
     shownScore_ = 0;
-    ResetField();
+    ResetGame();
 
     SeedRandom(static_cast<std::uint32_t>(SecondsSinceEpoch()));
     next_ = MakeFigure(RandomFigureType());
     gameOver_ = won_ = paused_ = false;
-    gameStartTick_ = GetTickCount();
+    clock_.Start(GetTickCount(), timed);
     return SpawnNext();
 }
 
-void Player::ResetField() {
+void Player::ResetGame() {
     ReleaseHeldKeys();
-    rowsPending_ = false;
     current_.reset();
     next_.reset();
     statistics_.ResetChart();
     score_ = lines_ = level_ = 0;
     figureCount_ = 0;
-    board_.Clear();
-    AddStartingGarbage();
-    fullRows_.fill(false);
+    field_.Reset(PlayedDifficulty(theSettings, side_));
 }
 
 std::unique_ptr<Figure> Player::MakeFigure(int type) {
-    return std::make_unique<Figure>(board_, type, boardScreenX_);
+    return std::make_unique<Figure>(field_.board, type, boardScreenX_);
 }
 
 /// The next figure becomes the falling one. False: it found no room and the game is over; it stays
@@ -105,13 +89,13 @@ int Player::KeyDown(std::uint8_t key) {
     if (paused_) return kKeyRefused;
     const auto isKeyOf = [&](Action action) { return keyBindings.IsKeyOf(action, side_, key); };
     if (isKeyOf(Action::Left)) {
-        heldLeft_ = true;
+        held_.left = true;
     } else if (isKeyOf(Action::Right)) {
-        heldRight_ = true;
+        held_.right = true;
     } else if (isKeyOf(Action::Rotate)) {
         TurnFigure();
     } else if (isKeyOf(Action::Drop)) {
-        heldDrop_ = true;
+        held_.drop = true;
     } else if (key == kNextIsBarKeys[IndexOf(side_)]) {
         if (nextFigureCheat) next_ = MakeFigure(kBar);
     } else {
@@ -122,9 +106,9 @@ int Player::KeyDown(std::uint8_t key) {
 
 int Player::KeyUp(std::uint8_t key) {
     const auto isKeyOf = [&](Action action) { return keyBindings.IsKeyOf(action, side_, key); };
-    bool* held = isKeyOf(Action::Left)    ? &heldLeft_
-                 : isKeyOf(Action::Right) ? &heldRight_
-                 : isKeyOf(Action::Drop)  ? &heldDrop_
+    bool* held = isKeyOf(Action::Left)    ? &held_.left
+                 : isKeyOf(Action::Right) ? &held_.right
+                 : isKeyOf(Action::Drop)  ? &held_.drop
                                           : nullptr;
     if (!held) return kKeyRefused;
     if (joined_) *held = false;
@@ -132,7 +116,7 @@ int Player::KeyUp(std::uint8_t key) {
 }
 
 void Player::ReleaseHeldKeys() {
-    heldDrop_ = heldLeft_ = heldRight_ = false;
+    held_ = {};
 }
 
 void Player::TurnFigure() {
@@ -141,17 +125,15 @@ void Player::TurnFigure() {
         theSettings.clockwise[IndexOf(side_)] ? Turn::Clockwise : Turn::CounterClockwise;
     const bool turned =
         theSettings.scrollingPieces ? current_->RotateGliding(turn, 1) : current_->Rotate(turn);
-    if (turned) PlaySoundOf(kSfxRotate, Sound::Rotate);
+    if (turned) PlaySound(GameSound::Rotate);
 }
 
 bool Player::TogglePause() {
     const std::uint32_t now = GetTickCount();
     if (paused_) {
-        // The playing time goes on where the pause began.
-        gameStartTick_ += now - pauseStartTick_;
-        pauseStartTick_ = 0;
+        clock_.Resume(now);
     } else {
-        pauseStartTick_ = now;
+        clock_.Pause(now);
     }
     ReleaseHeldKeys();
     paused_ = !paused_;
@@ -170,11 +152,7 @@ void Player::DeclareWinner() {
 }
 
 void Player::UpdatePlayingTime() {
-    constexpr std::uint32_t kMsPerMinute = 60'000;
-    if (paused_ || won_ || gameOver_) return;
-    const std::uint32_t elapsed = GetTickCount() - gameStartTick_;
-    minutes_ = static_cast<int>(elapsed / kMsPerMinute);
-    seconds_ = static_cast<int>(elapsed % kMsPerMinute / 1000);
+    if (!paused_ && !won_ && !gameOver_) clock_.Update(GetTickCount());
 }
 
 }  // namespace korvane

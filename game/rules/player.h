@@ -1,14 +1,14 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
 
-#include "app/state/settings.h"
-#include "audio/sound_effect.h"
-#include "game/rules/board.h"
+#include "game/rules/field.h"
 #include "game/rules/figure.h"
-#include "gfx/figure_statistics.h"
+#include "game/rules/figure_statistics.h"
+#include "game/rules/player_sounds.h"
+#include "game/rules/playing_clock.h"
+#include "game/rules/side.h"
 
 namespace korvane {
 
@@ -24,12 +24,13 @@ inline constexpr int kKeyRefused = -1;  ///< somebody else may have it
 /// `theLevelTable` at the moment they matter.
 class Player {
   public:
-    explicit Player(Side side);
+    /// Without sounds it plays in silence.
+    explicit Player(Side side, std::unique_ptr<PlayerSounds> sounds = nullptr);
     virtual ~Player() = default;
     Player(const Player&) = delete;
     Player& operator=(const Player&) = delete;
 
-    /// The sounds of this player's field, from the current skin.
+    /// Loads every sound anew from the current skin.
     void LoadPlayerSounds();
 
     /// Begins a new game; `timed` shows the playing time. True: the first figure found room.
@@ -72,9 +73,9 @@ class Player {
     int Level() const { return level_; }
     int Wins() const { return wins_; }
     std::uint32_t FigureCount() const { return figureCount_; }
-    bool IsTimedGame() const { return timedGame_; }
-    int Minutes() const { return minutes_; }
-    int Seconds() const { return seconds_; }
+    bool IsTimedGame() const { return clock_.IsTimed(); }
+    int Minutes() const { return clock_.PlayedSeconds() / 60; }
+    int Seconds() const { return clock_.PlayedSeconds() % 60; }
 
     /// Rows completed by the last lock, until the frame has passed them on and sets 0.
     int RowsLastLock() const { return lastRows_; }
@@ -87,9 +88,9 @@ class Player {
     Side PlayerSide() const { return side_; }
     /// The screen's x of the board's column 0.
     int BoardScreenX() const { return boardScreenX_; }
-    const Board& GameBoard() const { return board_; }
+    const Board& GameBoard() const { return field_.board; }
     /// Puts a prepared position under the falling figure.
-    void SetBoard(const Board& board) { board_ = board; }
+    void SetBoard(const Board& board) { field_.board = board; }
     /// The falling figure and the one after it; null while there is none.
     const Figure* CurrentFigure() const { return current_.get(); }
     const Figure* NextFigure() const { return next_.get(); }
@@ -98,11 +99,15 @@ class Player {
   private:
     enum class LandState { Falling, Landed, LockNow };
     using FigureMove = bool (Figure::*)();
-    /// In the order of loading.
-    enum class Sound : std::uint8_t { Landed, Rotate, Single, Double, Triple, Tetris, Count };
+
+    struct HeldKeys {
+        bool drop = false;
+        bool left = false;
+        bool right = false;
+    };
 
     // Life of a game and of a figure.
-    void ResetField();
+    void ResetGame();
     std::unique_ptr<Figure> MakeFigure(int type);
     bool SpawnNext();
     bool CanMoveFigure() const { return !paused_ && !gameOver_ && !won_ && current_; }
@@ -119,28 +124,25 @@ class Player {
     void SoftDropStep();
     void LockFigure(std::uint32_t now);
 
-    /// Plays a sound unless the user does not want to hear its event, a kSfx... bit.
-    void PlaySoundOf(std::uint8_t event, Sound sound);
-
-    // Rows, score and level.
+    // Rows, score, level and garbage.
     void ScanRows();
     void PlayRowSound(int rows);
-    void RemoveFullRows();
     void UpdateLevel();
-
-    // Garbage.
-    void AddStartingGarbage();
     void AddDifficultyGarbage();
-    void AddJunkBlock();
-    bool PushGarbageRow(int requiredFreeRows);
+
+    void PlaySound(GameSound sound) {
+        if (sounds_) sounds_->Play(sound);
+    }
 
     const Side side_;
     const int boardScreenX_;
-    Board board_;
+    const std::unique_ptr<PlayerSounds> sounds_;
+    Field field_;
     std::unique_ptr<Figure> current_;
     std::unique_ptr<Figure> next_;
     FigureStatistics statistics_;
-    std::array<std::unique_ptr<SoundEffect>, static_cast<std::size_t>(Sound::Count)> sounds_;
+    PlayingClock clock_;
+    HeldKeys held_;
 
     int score_ = 0;
     int shownScore_ = 0;
@@ -159,24 +161,11 @@ class Player {
     std::uint32_t landTick_ = 0;
     std::uint32_t lockTick_ = 0;
 
-    std::array<bool, kBoardRows> fullRows_{};
-    bool rowsPending_ = false;
-
-    std::uint32_t gameStartTick_ = 0;
-    std::uint32_t pauseStartTick_ = 0;
-    bool timedGame_ = false;
-    int minutes_ = 0;
-    int seconds_ = 0;
-
     bool gameOver_ = true;
     bool joined_ = false;
     bool paused_ = false;
     bool won_ = false;
     bool highScoreEntered_ = false;
-
-    bool heldDrop_ = false;
-    bool heldLeft_ = false;
-    bool heldRight_ = false;
 };
 
 }  // namespace korvane

@@ -27,10 +27,10 @@ int DepthOf(const Figure& figure) {
 void Player::UpdatePlayer(double seconds) {
     // Taken once: both keys held move the figure there and back in one frame.
     const bool mayMove = GetTickCount() - lastSideMoveTick_ > kSideMoveMs;
-    if (heldLeft_ && mayMove) StepSideways(&Figure::MoveLeft, &Figure::MoveLeftGliding);
-    if (heldRight_ && mayMove) StepSideways(&Figure::MoveRight, &Figure::MoveRightGliding);
+    if (held_.left && mayMove) StepSideways(&Figure::MoveLeft, &Figure::MoveLeftGliding);
+    if (held_.right && mayMove) StepSideways(&Figure::MoveRight, &Figure::MoveRightGliding);
     UpdateFall(seconds);
-    if (heldDrop_) DropWhileHeld();
+    if (held_.drop) DropWhileHeld();
 }
 
 /// A blocked step leaves the tick, so that the figure moves as soon as the way is free.
@@ -55,11 +55,11 @@ void Player::UpdateFall(double seconds) {
 }
 
 void Player::FallOrLand(std::uint32_t now, double seconds) {
-    if (rowsPending_ && now - lockTick_ > kRowRemovalMs) RemoveFullRows();
+    if (field_.HasMarkedRows() && now - lockTick_ > kRowRemovalMs) field_.RemoveMarkedRows();
     if (FallStep(seconds)) return;
     landState_ = LandState::Landed;
     landTick_ = now;
-    PlaySoundOf(kSfxFigureLanding, Sound::Landed);
+    PlaySound(GameSound::Landed);
 }
 
 /// Whether a figure found resting has been slid off what it stood on. A long glide can carry it to
@@ -80,7 +80,7 @@ bool Player::FallStep(double seconds) {
 void Player::DropWhileHeld() {
     if (theSettings.dropDelayMs == 0) {
         HardDrop();
-        heldDrop_ = false;
+        held_.drop = false;
     } else if (GetTickCount() - lastSoftDropTick_ > theSettings.dropDelayMs) {
         SoftDropStep();
     }

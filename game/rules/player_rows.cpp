@@ -1,4 +1,3 @@
-#include "game/rules/level_sound.h"
 #include "game/rules/level_table.h"
 #include "game/rules/player.h"
 
@@ -8,6 +7,12 @@ namespace {
 constexpr std::array kRowPoints = {0, 50, 150, 400, 900};
 constexpr int kLandingBonus = 4;
 constexpr int kShownScoreStep = 5;
+
+constexpr std::uint32_t kFiguresPerJunkBlock = 10;
+constexpr std::uint32_t kFiguresPerGarbageRow = 15;
+// Rows at the top that must be empty for a row to be pushed in.
+constexpr int kFreeRowsForDifficulty = 10;
+constexpr int kFreeRowsForBattle = 5;
 
 /// Rows that one lock completed; a figure cannot complete more than the table knows, but a board
 /// full of old rows can.
@@ -27,17 +32,8 @@ int HighestLevel(const LevelThresholds& thresholds, IsReached isReached) {
 
 }  // namespace
 
-/// Marks, counts and scores every full row, those that still wait for their removal included.
 void Player::ScanRows() {
-    int rows = 0;
-    for (int row = 0; row < kBoardRows; ++row) {
-        const bool full = board_.IsRowFull(row);
-        fullRows_[static_cast<std::size_t>(row)] = full;
-        if (!full) continue;
-        board_.FillRow(row, kMarkerCell);
-        ++rows;
-    }
-    if (rows > 0) rowsPending_ = true;
+    const int rows = field_.MarkFullRows();
     lines_ += rows;
     PlayRowSound(rows);
     score_ += PointsFor(rows);
@@ -47,21 +43,14 @@ void Player::ScanRows() {
 
 /// A board full of old rows can complete more than there are sounds for; that is silent.
 void Player::PlayRowSound(int rows) {
-    constexpr std::array kRowSounds = {Sound::Single, Sound::Double, Sound::Triple, Sound::Tetris};
+    constexpr std::array kRowSounds = {GameSound::Single, GameSound::Double, GameSound::Triple,
+                                       GameSound::Tetris};
     const auto index = static_cast<std::size_t>(rows) - 1;
-    if (index < kRowSounds.size()) PlaySoundOf(kSfxRowsDone, kRowSounds[index]);
-}
-
-/// The falling figure stays where it is; the rows under it close up.
-void Player::RemoveFullRows() {
-    for (int row = 0; row < kBoardRows; ++row) {
-        if (fullRows_[static_cast<std::size_t>(row)]) board_.RemoveRow(row);
-    }
-    rowsPending_ = false;
+    if (index < kRowSounds.size()) PlaySound(kRowSounds[index]);
 }
 
 void Player::UpdateLevel() {
-    const auto played = static_cast<std::uint32_t>(minutes_ * 60 + seconds_);
+    const auto played = static_cast<std::uint32_t>(clock_.PlayedSeconds());
     const int before = level_;
     level_ = theSettings.timeBased[IndexOf(side_)]
                  ? HighestLevel(theLevelTable.secondsForLevel,
@@ -70,9 +59,27 @@ void Player::UpdateLevel() {
                                 [&](std::uint32_t figures) { return figureCount_ > figures; });
     const LevelSpeeds& speeds =
         theSettings.scrollingPieces ? theLevelTable.scrollingPxPerSecond : theLevelTable.normalMs;
-    const auto difficulty = static_cast<std::size_t>(theSettings.PlayedDifficulty(side_));
+    const auto difficulty = static_cast<std::size_t>(PlayedDifficulty(theSettings, side_));
     fallInterval_ = speeds[static_cast<std::size_t>(level_)][difficulty];
-    if (level_ != before && MayPlay(kSfxLevelChange)) PlayLevelSound();
+    if (level_ != before) PlaySound(GameSound::NewLevel);
+}
+
+/// What a difficulty adds when its time has come with a new figure.
+void Player::AddDifficultyGarbage() {
+    const Difficulty difficulty = PlayedDifficulty(theSettings, side_);
+    if (difficulty == Difficulty::Medium && figureCount_ % kFiguresPerJunkBlock == 0) {
+        field_.AddJunkBlock();
+    }
+    if (difficulty == Difficulty::Hard && figureCount_ % kFiguresPerGarbageRow == 0 &&
+        !field_.HasMarkedRows()) {
+        field_.PushGarbageRow(kFreeRowsForDifficulty);
+    }
+}
+
+void Player::ReceiveRows(int count) {
+    for (int i = 0; i < count; ++i) {
+        if (field_.PushGarbageRow(kFreeRowsForBattle) && current_) current_->LiftOneRow();
+    }
 }
 
 void Player::StepShownScore() {

@@ -1,9 +1,14 @@
 #include "tests/audio/audio_fixture.h"
 
-namespace korvane {
+#include "app/state/static_room.h"
 
-// The program defines it among its static objects.
-Settings theSettings;
+namespace korvane {
+namespace {
+
+// The one of the program's static objects that sounds and music ask.
+const MadeInRoom<Settings> settings(theSettings);
+
+}  // namespace
 
 void AudioFixture::SetUp() {
     Headless().Reset();

@@ -1,31 +1,29 @@
 #include "tools/korvane-skin/stage.h"
 
-#include "game/frame/game_art.h"
-#include "gfx/bitmap_font.h"
 #include "gfx/display.h"
 #include "platform/headless/headless_host.h"
-#include "screens/high_score_screen.h"
-#include "screens/menu_screen.h"
+#include "screens/stage.h"
 
 namespace korvane {
 
-Stage::Stage() {
+StageWindow::StageWindow() {
     RegisterClass({"Stage", DefWindowProc});
     window_ = CreateWindowEx(0, "Stage", "", 0, {0, 0}, kFrame);
     currentDisplay = std::make_unique<Display>();
-    if (Failed(currentDisplay->OpenWindowed(window_, kFrame.cx, kFrame.cy))) return;
-    theGameArt.Load();
-    theFont = std::make_unique<BitmapFont>();
-    theMenuScreen = std::make_unique<MenuScreen>();
-    theHighScoreScreen = std::make_unique<HighScoreScreen>();
+    currentDisplay->OpenWindowed(window_, kFrame.cx, kFrame.cy);
+}
+
+StageWindow::~StageWindow() {
+    currentDisplay.reset();
+    DestroyWindow(window_);
+}
+
+Stage::Stage() {
+    SetStage();
 }
 
 Stage::~Stage() {
-    theHighScoreScreen.reset();
-    theMenuScreen.reset();
-    theFont.reset();
-    currentDisplay.reset();
-    DestroyWindow(window_);
+    ClearStage();
 }
 
 std::vector<std::uint32_t> Stage::Show(const std::function<void()>& draw) {

@@ -11,11 +11,22 @@ namespace korvane {
 /// The size of the game's frame.
 inline constexpr SIZE kFrame{640, 480};
 
-/// Everything the game's screens need to be drawn, on the headless machine and without a sound
-/// device: display, pictures, font, menu and high scores. One at a time.
+/// A window with an open display for the game's screens, on the headless machine. One at a time.
+class StageWindow {
+  public:
+    StageWindow();
+    ~StageWindow();
+    StageWindow(const StageWindow&) = delete;
+    StageWindow& operator=(const StageWindow&) = delete;
+
+  private:
+    HWND window_;
+};
+
+/// The same with everything that is shown and played, loaded from the files and in the skin that
+/// are in use, without a sound device.
 class Stage {
   public:
-    /// Opens all of it, from the files and in the skin that are in use.
     Stage();
     ~Stage();
     Stage(const Stage&) = delete;
@@ -26,7 +37,7 @@ class Stage {
     std::vector<std::uint32_t> Show(const std::function<void()>& draw);
 
   private:
-    HWND window_;
+    StageWindow window_;
 };
 
 }  // namespace korvane

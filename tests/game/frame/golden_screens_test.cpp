@@ -4,36 +4,33 @@
 #include <string>
 
 #include "app/state/process_state.h"
-#include "game/frame/game_art.h"
 #include "game/frame/game_screen.h"
 #include "game/rules/key_bindings.h"
 #include "game/rules/player.h"
 #include "game/rules/random.h"
-#include "gfx/bitmap_font.h"
+#include "gfx/display.h"
 #include "platform/headless/headless_host.h"
-#include "tests/support/display_fixture.h"
 #include "tests/support/golden.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/support/test_skin.h"
+#include "tools/korvane-skin/stage.h"
 
 namespace korvane {
 namespace {
 
 /// Game screens of two players at a fixed second and tick, in the pictures of the test skin.
-class GoldenScreens : public DisplayFixture {
+class GoldenScreens : public testing::Test {
   protected:
     void SetUp() override {
-        DisplayFixture::SetUp();
+        Headless().Reset();
+        Headless().UseFolder(folder.Path());
+        theSettings.SetDefaults();
         WriteTestSkin(folder, "Original");
-        theGameArt.Load();
-        theFont = std::make_unique<BitmapFont>();
+        stage = std::make_unique<Stage>();
+        currentDisplay->ClearBackBuffer(0);
         Headless().SetMilliseconds(100'000);
         Headless().SetUnixSeconds(1'234'567'890);
         SeedRandom(1);  // starting garbage comes before a game seeds anew
-    }
-
-    void TearDown() override {
-        theFont.reset();
-        DisplayFixture::TearDown();
     }
 
     static void Draw(Player& player, int top = 50) {
@@ -63,6 +60,8 @@ class GoldenScreens : public DisplayFixture {
         }
     }
 
+    TemporaryFolder folder;
+    std::unique_ptr<Stage> stage;
     Player right{Side::Right};
     Player left{Side::Left};
 };

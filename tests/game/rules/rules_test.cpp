@@ -3,12 +3,20 @@
 #include <algorithm>
 
 #include "app/state/process_state.h"
+#include "app/state/static_room.h"
 #include "game/rules/key_bindings.h"
 #include "game/rules/level_table.h"
 #include "game/rules/random.h"
 #include "platform/headless/headless_host.h"
 
 namespace korvane {
+namespace {
+
+// Of the program's static objects the rules need these two.
+const MadeInRoom<Settings> settings(theSettings);
+const MadeInRoom<LevelTable> levelTable(theLevelTable);
+
+}  // namespace
 
 Board BoardEndingIn(const std::vector<std::string>& rows) {
     Board board;

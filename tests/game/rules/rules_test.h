@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "game/rules/level_table.h"
 #include "game/rules/player.h"
 
 namespace korvane {

@@ -1,8 +1,6 @@
-#include "gfx/figure_statistics.h"
+#include "game/rules/figure_statistics.h"
 
 #include <algorithm>
-
-#include "gfx/surface.h"
 
 namespace korvane {
 
@@ -21,19 +19,6 @@ void FigureStatistics::AddFigure(int type) {
     const double highest = *std::max_element(counts_.begin(), counts_.end());
     std::transform(counts_.begin(), counts_.end(), bars_.begin(),
                    [highest](std::int32_t count) { return count * kTallestBar / highest; });
-}
-
-void FigureStatistics::DrawChart(const Surface& picture, std::uint32_t x, std::uint32_t y) const {
-    constexpr int kColumnWidth = 8;
-    constexpr int kChartHeight = 20;
-    for (std::size_t i = 0; i < kTypes; ++i) {
-        if (bars_[i] < 1.0) continue;
-        const int height = static_cast<int>(bars_[i]);
-        const int column = static_cast<int>(i) * kColumnWidth;
-        picture.Draw(x + static_cast<std::uint32_t>(column),
-                     y + static_cast<std::uint32_t>(kChartHeight - height), column,
-                     kChartHeight - height, kColumnWidth, height, DDBLTFAST_SRCCOLORKEY);
-    }
 }
 
 }  // namespace korvane

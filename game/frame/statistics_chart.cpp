@@ -1,0 +1,24 @@
+#include "game/frame/statistics_chart.h"
+
+#include "game/frame/game_art.h"
+#include "platform/surfaces/ddraw.h"
+
+namespace korvane {
+
+void DrawChart(const FigureStatistics& statistics, POINT at) {
+    // The picture holds seven columns side by side, each the full bar of a type.
+    constexpr int kColumnWidth = 8;
+    constexpr int kChartHeight = 20;
+    const Surface& columns = theGameArt.Picture(Art::Statistics);
+    for (std::size_t type = 0; type < FigureStatistics::kTypes; ++type) {
+        const double bar = statistics.Bars()[type];
+        if (bar < 1.0) continue;
+        const int height = static_cast<int>(bar);
+        const int left = static_cast<int>(type) * kColumnWidth;
+        columns.Draw(static_cast<std::uint32_t>(at.x + left),
+                     static_cast<std::uint32_t>(at.y + kChartHeight - height), left,
+                     kChartHeight - height, kColumnWidth, height, DDBLTFAST_SRCCOLORKEY);
+    }
+}
+
+}  // namespace korvane
