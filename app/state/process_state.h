@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/window/user.h"
+#include "platform/base/types.h"
 
 namespace korvane {
 
