@@ -1,10 +1,8 @@
 #include "screens/high_score_table.h"
 
 #include <algorithm>
-#include <span>
 
-#include "platform/base/byte_stream.h"
-#include "platform/host/kernel.h"
+#include "app/state/data_file.h"
 
 namespace korvane {
 namespace {
@@ -12,45 +10,16 @@ namespace {
 constexpr std::string_view kTablePath = "data\\hs.dat";
 constexpr std::string_view kDefaultName = "MORLAX";
 
-/// The one description of the file, for reading and writing alike. Its numbers stand in another
-/// order than in memory.
-template <typename Rows, typename Visitor>
-void VisitInFileOrder(Rows& rows, Visitor& visit) {
+using Rows = std::array<HighScoreEntry, kHighScoreRows>;
+
+/// The layout of data\hs.dat; the numbers stand in another order than in memory.
+constexpr auto kVisitRows = [](auto& rows, auto& visit) {
     for (auto& row : rows) {
         visit(row.name);
         visit(row.lines);
         visit(row.level);
         visit(row.score);
     }
-}
-
-class FieldReader {
-  public:
-    explicit FieldReader(std::span<const std::byte> bytes) : reader_(bytes) {}
-
-    void operator()(std::int32_t& field) { reader_.Read(field); }
-
-    void operator()(std::array<char, kNameBytes>& name) {
-        std::ranges::transform(reader_.Take(name.size()), name.begin(),
-                               [](std::byte byte) { return static_cast<char>(byte); });
-    }
-
-  private:
-    ByteReader reader_;
-};
-
-class FieldWriter {
-  public:
-    std::span<const std::byte> Bytes() const { return writer_.Bytes(); }
-
-    void operator()(std::int32_t field) { writer_.Write(field); }
-
-    void operator()(const std::array<char, kNameBytes>& name) {
-        writer_.Write(std::string_view(name.data(), name.size()));
-    }
-
-  private:
-    ByteWriter writer_;
 };
 
 }  // namespace
@@ -70,18 +39,14 @@ HighScoreTable::HighScoreTable() {
 }
 
 bool HighScoreTable::Load() {
-    const auto bytes = GameFiles().Read(kTablePath, kDataFileCap);
     // A file without even the first name is none; one that ends later leaves its rows empty.
-    if (!bytes || bytes->size() < kNameBytes) return false;
-    FieldReader reader(*bytes);
-    VisitInFileOrder(rows_, reader);
-    return true;
+    const auto rows = ReadDataFile(kTablePath, kNameBytes, Rows(), kVisitRows);
+    if (rows) rows_ = *rows;
+    return rows.has_value();
 }
 
 void HighScoreTable::Save() const {
-    FieldWriter writer;
-    VisitInFileOrder(rows_, writer);
-    GameFiles().Replace(kTablePath, writer.Bytes());
+    WriteDataFile(kTablePath, rows_, kVisitRows);
 }
 
 void HighScoreTable::SetDefaults() {

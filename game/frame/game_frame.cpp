@@ -16,8 +16,8 @@ std::unique_ptr<Player> leftPlayer;
 
 namespace {
 
-Player& PlayerOf(int side) {
-    return side == static_cast<int>(Side::Right) ? *rightPlayer : *leftPlayer;
+Player& PlayerOf(Side side) {
+    return side == Side::Right ? *rightPlayer : *leftPlayer;
 }
 
 /// Seconds since the last reading of the game clock.
@@ -46,20 +46,20 @@ void DrawRunningGame() {
 /// scores the left player's.
 void EndMatch() {
     if (theSettings.battle) return;
-    theMatch.firstEntry = 1;
+    theMatch.firstEntry = Side::Right;
     if (theSettings.players == 2) {
         const bool rightFirst = rightPlayer->Score() > leftPlayer->Score();
-        theMatch.firstEntry = rightFirst ? 1 : 2;
-        theMatch.secondEntry = rightFirst ? 2 : 1;
+        theMatch.firstEntry = rightFirst ? Side::Right : Side::Left;
+        theMatch.secondEntry = OtherSide(*theMatch.firstEntry);
     }
     highScoresShowing = true;
     theMusic.SetScreen(MusicScreen::HighScores);
 }
 
 /// Offers a side's result; true when it was accepted and its name is now being typed.
-bool SubmitResult(FrameScreens& screens, int side) {
+bool SubmitResult(FrameScreens& screens, Side side) {
     Player& player = PlayerOf(side);
-    if (screens.Submit(player.PlayerSide(), player.Score(), player.Lines(), player.Level()) < 0)
+    if (screens.Submit(side, player.Score(), player.Lines(), player.Level()) < 0)
         return false;
     player.SetHighScoreEntered(true);
     return true;
@@ -67,15 +67,15 @@ bool SubmitResult(FrameScreens& screens, int side) {
 
 void SubmitResults(FrameScreens& screens) {
     if (theSettings.players == 1) {
-        if (theMatch.firstEntry > 0) SubmitResult(screens, static_cast<int>(Side::Right));
-        theMatch.firstEntry = theMatch.secondEntry = 0;
-    } else if (theMatch.firstEntry > 0) {
+        if (theMatch.firstEntry) SubmitResult(screens, Side::Right);
+        theMatch.firstEntry.reset();
+        theMatch.secondEntry.reset();
+    } else if (theMatch.firstEntry) {
         // A refused result is offered again in every frame and so keeps the lower one out too.
-        if (SubmitResult(screens, theMatch.firstEntry)) theMatch.firstEntry = 0;
-    } else if (theMatch.secondEntry > 0) {
-        const int first = theMatch.secondEntry == 1 ? 2 : 1;
-        if (PlayerOf(first).HighScoreEntered()) return;
-        if (SubmitResult(screens, theMatch.secondEntry)) theMatch.secondEntry = 0;
+        if (SubmitResult(screens, *theMatch.firstEntry)) theMatch.firstEntry.reset();
+    } else if (theMatch.secondEntry) {
+        if (PlayerOf(OtherSide(*theMatch.secondEntry)).HighScoreEntered()) return;
+        if (SubmitResult(screens, *theMatch.secondEntry)) theMatch.secondEntry.reset();
     }
 }
 
@@ -101,6 +101,7 @@ void DrawScreen(FrameScreens& screens) {
 }
 
 void DrawFrameRate() {
+    // A period ends when more than 1000 ms have passed.
     constexpr std::uint32_t kPeriodMs = 1001;
     const std::uint32_t now = GetTickCount();
     // The first period begins with the first frame that is counted.

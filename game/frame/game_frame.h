@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "game/rules/player.h"
@@ -25,9 +26,9 @@ class FrameScreens {
 /// What runs from frame to frame beside the two players.
 struct MatchState {
     QuakeState quake;
-    /// Whose results go to the high-score table first and second; 0 for none.
-    int firstEntry = 0;
-    int secondEntry = 0;
+    /// Whose results go to the high-score table first and second.
+    std::optional<Side> firstEntry;
+    std::optional<Side> secondEntry;
     /// The frame-rate counter.
     int frameCount = 0;
     std::uint32_t frameRateTick = 0;

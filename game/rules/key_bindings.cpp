@@ -2,9 +2,8 @@
 
 #include <string_view>
 
-#include "platform/base/byte_stream.h"
+#include "app/state/data_file.h"
 #include "platform/base/virtual_keys.h"
-#include "platform/host/kernel.h"
 
 namespace korvane {
 namespace {
@@ -19,14 +18,13 @@ constexpr std::array<std::uint8_t, kActionCount* 2> kDefaultKeys = {
     'P',      'T',  // pause
 };
 
-/// The file holds all of the right player's keys in front of the left player's.
-template <typename Bindings, typename Visit>
-void VisitKeysInFileOrder(Bindings& bindings, Visit visit) {
+/// The layout of data\keys.dat: all of the right player's keys in front of the left player's.
+constexpr auto kVisitKeys = [](auto& bindings, auto& visit) {
     for (const Side side : {Side::Right, Side::Left}) {
         for (std::size_t action = 0; action < kActionCount; ++action)
             visit(bindings.Key(static_cast<Action>(action), side));
     }
-}
+};
 
 }  // namespace
 
@@ -37,20 +35,13 @@ void KeyBindings::ResetToDefaults() {
 }
 
 void KeyBindings::Load() {
-    const auto bytes = GameFiles().Read(kKeysPath, kDataFileCap);
-    if (!bytes || bytes->empty()) {
-        ResetToDefaults();
-        return;
-    }
-    keys_.fill(0);
-    ByteReader reader(*bytes);
-    VisitKeysInFileOrder(*this, [&reader](std::uint8_t& key) { reader.Read(key); });
+    KeyBindings none;
+    none.keys_.fill(0);
+    *this = ReadDataFile(kKeysPath, 1, none, kVisitKeys).value_or(KeyBindings());
 }
 
 void KeyBindings::Save() const {
-    ByteWriter writer;
-    VisitKeysInFileOrder(*this, [&writer](std::uint8_t key) { writer.Write(key); });
-    GameFiles().Replace(kKeysPath, writer.Bytes());
+    WriteDataFile(kKeysPath, *this, kVisitKeys);
 }
 
 }  // namespace korvane

@@ -2,9 +2,8 @@
 
 #include <string_view>
 
+#include "app/state/data_file.h"
 #include "app/state/static_room.h"
-#include "platform/base/byte_stream.h"
-#include "platform/host/kernel.h"
 
 namespace korvane {
 namespace {
@@ -43,9 +42,9 @@ static_assert(kDefaultTable.normalMs.back().back() == 15 &&
                   kDefaultTable.secondsForLevel.back() == 720,
               "a row of the table is missing");
 
-/// The one description of the file behind the version, for reading and writing alike.
-template <typename Table, typename Visit>
-void VisitLevelsInFileOrder(Table& table, Visit visit) {
+/// The layout of data\sync.dat.
+constexpr auto kVisitLevels = [](auto& table, auto& visit) {
+    visit(table.version);
     for (std::size_t level = 0; level < kLevelCount; ++level) {
         for (std::size_t difficulty = 0; difficulty < kDifficultyCount; ++difficulty) {
             visit(table.normalMs[level][difficulty]);
@@ -54,7 +53,7 @@ void VisitLevelsInFileOrder(Table& table, Visit visit) {
         visit(table.figuresForLevel[level]);
         visit(table.secondsForLevel[level]);
     }
-}
+};
 
 constinit StaticRoom<LevelTable> room;
 
@@ -71,22 +70,13 @@ LevelTable::~LevelTable() {
 }
 
 bool LevelTable::LoadTable() {
-    const auto bytes = GameFiles().Read(kTablePath, kDataFileCap);
-    if (!bytes) return false;
-    ByteReader reader(*bytes);
-    LevelTableValues table;
-    reader.Read(table.version);
-    if (reader.HasEnded()) return false;
-    VisitLevelsInFileOrder(table, [&](std::uint32_t& field) { reader.Read(field); });
-    static_cast<LevelTableValues&>(*this) = table;
-    return true;
+    const auto table = ReadDataFile(kTablePath, sizeof(version), LevelTableValues(), kVisitLevels);
+    if (table) static_cast<LevelTableValues&>(*this) = *table;
+    return table.has_value();
 }
 
 void LevelTable::SaveTable() const {
-    ByteWriter writer;
-    writer.Write(version);
-    VisitLevelsInFileOrder(*this, [&](std::uint32_t field) { writer.Write(field); });
-    GameFiles().Replace(kTablePath, writer.Bytes());
+    WriteDataFile<LevelTableValues>(kTablePath, *this, kVisitLevels);
 }
 
 void LevelTable::SetDefaults() {

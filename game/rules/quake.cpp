@@ -10,7 +10,9 @@ namespace {
 
 constexpr std::uint32_t kStepMs = 25;
 constexpr int kAmplitudePerRow = 7;
-constexpr double kRadiansPerStep = 0.7853975;
+// An eighth of a turn, with 3.14159 for pi. A finer value would move some boards by a pixel, since
+// their place is cut to whole pixels.
+constexpr double kRadiansPerStep = 3.14159 / 4;
 constexpr int kRestTop = 50;
 constexpr int kLowestTop = 106;
 
