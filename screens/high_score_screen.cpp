@@ -6,6 +6,7 @@
 
 #include "gfx/bitmap_font.h"
 #include "platform/base/virtual_keys.h"
+#include "screens/menu_buttons.h"
 #include "screens/screen_background.h"
 
 namespace korvane {
@@ -42,13 +43,18 @@ bool IsNameKey(std::uint8_t key) {
     return (key >= '1' && key <= 'Z') || key == VK_SPACE;
 }
 
+Button MakeButton(HighScoreButton button) {
+    const ButtonRow& row = kHighScoreButtons[static_cast<std::size_t>(button)];
+    return {row.picture, row.disabledPicture, row.at.x, row.at.y};
+}
+
 }  // namespace
 
 HighScoreScreen::HighScoreScreen()
     : title_(kTitleFile),
       cursorPicture_(kCursorFile),
-      menuButton_("HighScore\\menubutt.bmp", "HighScore\\menuButt2.bmp", 208, 439),
-      playButton_("HighScore\\playButt.bmp", "HighScore\\playButt2.bmp", 328, 439) {}
+      menuButton_(MakeButton(HighScoreButton::Menu)),
+      playButton_(MakeButton(HighScoreButton::Play)) {}
 
 int HighScoreScreen::Submit(Side side, std::int32_t score, std::int32_t lines, std::int32_t level) {
     editRow_ = table_.FindRank(score);

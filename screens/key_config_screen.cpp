@@ -7,11 +7,11 @@
 #include "gfx/bitmap_font.h"
 #include "gfx/skin.h"
 #include "platform/base/virtual_keys.h"
+#include "screens/menu_buttons.h"
 
 namespace korvane {
 namespace {
 
-constexpr const char* kSlotFile = "KeyConfig\\keybuttongrey.bmp";
 constexpr std::array kSheetFiles = {
     "KeyConfig\\alpha1.bmp",
     "KeyConfig\\alpha2.bmp",
@@ -23,17 +23,12 @@ static_assert(kSheetFiles.size() == static_cast<std::size_t>(GlyphSheet::Count))
 constexpr int kGlyphColorKey = 2;
 constexpr std::int32_t kGlyphWidth = 29;
 constexpr std::int32_t kGlyphHeight = 44;
-constexpr POINT kGlyphInSlot{18, 10};
-
-// The right player's column stands to the right.
-constexpr std::array<std::int32_t, 2> kSlotX = {335, 165};
-constexpr std::int32_t kFirstSlotY = 105;
-constexpr std::int32_t kSlotPitch = 66;
 
 constexpr std::array kActionNames = {"ROTATE", "DROP", "LEFT", "RIGHT", "PAUSE"};
 static_assert(kActionNames.size() == kActionCount);
 constexpr std::array<std::uint32_t, 2> kNameColumns = {235, 410};
 constexpr std::uint32_t kFirstNameY = 129;
+constexpr std::uint32_t kNamePitch = 66;
 
 struct KeyRange {
     std::uint8_t first;
@@ -120,7 +115,7 @@ void DrawGlyph(const GlyphSheets& sheets, std::uint8_t key, std::int32_t x, std:
 }  // namespace
 
 KeySlot::KeySlot(const Surface& picture, const GlyphSheets& sheets, Action action, Side side)
-    : Button(picture, kSlotX[IndexOf(side)], kFirstSlotY + kSlotPitch * static_cast<int>(action)),
+    : Button(picture, KeySlotPlace(action, side).x, KeySlotPlace(action, side).y),
       sheets_(sheets),
       action_(action),
       side_(side) {}
@@ -131,7 +126,7 @@ void KeySlot::DrawSlot() const {
 }
 
 KeyConfigScreen::KeyConfigScreen()
-    : slotPicture_(kSlotFile),
+    : slotPicture_(kKeySlotFile),
       sheets_{Surface(kSheetFiles[0]), Surface(kSheetFiles[1]), Surface(kSheetFiles[2]),
               Surface(kSheetFiles[3])} {
     keyBindings.Load();
@@ -153,7 +148,7 @@ void KeyConfigScreen::Draw() const {
         std::uint32_t y = kFirstNameY;
         for (const char* name : kActionNames) {
             theFont->DrawText(name, x, y);
-            y += kSlotPitch;
+            y += kNamePitch;
         }
     }
 }
@@ -186,7 +181,7 @@ bool KeyConfigScreen::CaptureKey(std::uint8_t key) {
 }
 
 void KeyConfigScreen::ReloadPictures() {
-    slotPicture_.Load(kSlotFile);
+    slotPicture_.Load(kKeySlotFile);
     for (std::size_t i = 0; i < sheets_.size(); ++i) {
         sheets_[i].Load(kSheetFiles[i]);
         sheets_[i].SetColorKey(ColorKey(kGlyphColorKey));

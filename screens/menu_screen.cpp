@@ -18,50 +18,7 @@ constexpr const char* kLogoFile = "menu\\logo.bmp";
 constexpr const char* kLeftHeadingFile = "menu\\LeftPlayer.bmp";
 constexpr const char* kRightHeadingFile = "menu\\RightPlayer.bmp";
 
-struct ButtonRow {
-    MenuButton button;
-    const char* picture;
-    const char* disabledPicture;  ///< null: the button is never disabled
-    std::int32_t x;
-    std::int32_t y;
-};
-
 using enum MenuButton;
-
-constexpr std::array kButtonRows = {
-    ButtonRow{OnePlayer, "menu\\1playerbutt.bmp", nullptr, 156, 143},
-    ButtonRow{TwoPlayers, "menu\\2playerbutt.bmp", nullptr, 156, 183},
-    ButtonRow{RightEasy, "menu\\easybutt.bmp", nullptr, 391, 140},
-    ButtonRow{RightMedium, "menu\\mediumbutt.bmp", nullptr, 391, 174},
-    ButtonRow{RightHard, "menu\\hardbutt.bmp", nullptr, 391, 208},
-    ButtonRow{LeftEasy, "menu\\easybutt.bmp", "menu\\easybutt2.bmp", 278, 140},
-    ButtonRow{LeftMedium, "menu\\mediumbutt.bmp", "menu\\mediumbutt2.bmp", 278, 174},
-    ButtonRow{LeftHard, "menu\\hardbutt.bmp", "menu\\hardbutt2.bmp", 278, 208},
-    ButtonRow{RightTime, "menu\\timebutt.bmp", nullptr, 391, 293},
-    ButtonRow{LeftTime, "menu\\timebutt.bmp", "menu\\timebutt2.bmp", 278, 293},
-    ButtonRow{RightCounterClockwise, "menu\\ccwrotbutt.bmp", nullptr, 391, 259},
-    ButtonRow{RightClockwise, "menu\\cwrotbutt.bmp", nullptr, 437, 259},
-    ButtonRow{LeftCounterClockwise, "menu\\ccwrotbutt.bmp", "menu\\ccwrotbutt2.bmp", 278, 259},
-    ButtonRow{LeftClockwise, "menu\\cwrotbutt.bmp", "menu\\cwrotbutt2.bmp", 324, 259},
-    ButtonRow{Battle, "menu\\battlebutt.bmp", "menu\\battlebutt2.bmp", 400, 343},
-    ButtonRow{Quakes, "menu\\quakebutt.bmp", nullptr, 278, 343},
-    ButtonRow{Music, "menu\\musicbutt.bmp", "menu\\musicbutt2.bmp", 156, 263},
-    ButtonRow{SoundEffects, "menu\\sfxbutt.bmp", "menu\\sfxbutt2.bmp", 156, 303},
-    ButtonRow{ConfigureKeys, "menu\\confbutt.bmp", nullptr, 156, 223},
-    ButtonRow{Start, "menu\\startbutt.bmp", nullptr, 156, 403},
-    ButtonRow{Quit, "menu\\quitbutt.bmp", nullptr, 278, 403},
-    ButtonRow{About, "menu\\aboutbutt.bmp", nullptr, 156, 343},
-    ButtonRow{CreditsBack, "menu\\backbutt.bmp", nullptr, 269, 435},
-    ButtonRow{KeyConfigBack, "menu\\backbutt.bmp", "menu\\backbutt2.bmp", 180, 440},
-    ButtonRow{Reset, "menu\\resetbutt.bmp", "menu\\resetbutt2.bmp", 324, 440},
-};
-
-constexpr bool RowsStandInOrder() {
-    for (std::size_t i = 0; i < kButtonRows.size(); ++i)
-        if (kButtonRows[i].button != static_cast<MenuButton>(i)) return false;
-    return kButtonRows.size() == static_cast<std::size_t>(MenuButton::Count);
-}
-static_assert(RowsStandInOrder());
 
 enum class OnHit : bool { StaysAsItIs, IsPressed };
 
@@ -144,10 +101,10 @@ MenuScreen::MenuScreen()
 
 MenuScreen::Buttons MenuScreen::MakeButtons() {
     Buttons buttons;
-    std::ranges::transform(kButtonRows, buttons.begin(), [](const ButtonRow& row) {
+    std::ranges::transform(kMenuButtons, buttons.begin(), [](const ButtonRow& row) {
         return row.disabledPicture
-                   ? std::make_unique<Button>(row.picture, row.disabledPicture, row.x, row.y)
-                   : std::make_unique<Button>(row.picture, row.x, row.y);
+                   ? std::make_unique<Button>(row.picture, row.disabledPicture, row.at.x, row.at.y)
+                   : std::make_unique<Button>(row.picture, row.at.x, row.at.y);
     });
     return buttons;
 }

@@ -11,38 +11,9 @@
 #include "gfx/surface.h"
 #include "screens/key_config_screen.h"
 #include "screens/menu_action.h"
+#include "screens/menu_buttons.h"
 
 namespace korvane {
-
-/// The menu's buttons: first those of the main view in the order in which it draws them.
-enum class MenuButton : std::uint8_t {
-    OnePlayer,
-    TwoPlayers,
-    RightEasy,
-    RightMedium,
-    RightHard,
-    LeftEasy,
-    LeftMedium,
-    LeftHard,
-    RightTime,
-    LeftTime,
-    RightCounterClockwise,
-    RightClockwise,
-    LeftCounterClockwise,
-    LeftClockwise,
-    Battle,
-    Quakes,
-    Music,
-    SoundEffects,
-    ConfigureKeys,
-    Start,
-    Quit,
-    About,
-    CreditsBack,
-    KeyConfigBack,
-    Reset,
-    Count,
-};
 
 /// The graphical main menu: its main view, the credits and the key configuration.
 ///

@@ -77,7 +77,7 @@ RIGHT_PAUSE = 4  # in the file
 
 # data/sync.dat: a version, then for ten levels the speeds of the three difficulties (milliseconds
 # for a row, pixels per second) and when the level begins (figures, seconds). So slow a figure needs
-# more than half a minute to the ground: what comes down sooner was dropped. Only one other level is
-# ever reached.
+# two minutes to the ground, twice as long as a step may take: what comes down sooner was dropped.
+# Only one other level is ever reached.
 SLOW_LEVELS = struct.pack("<I", 151) + b"".join(
-    struct.pack("<8I", *3 * [2000, 8], figures, 1000) for figures in [0, 3, *8 * [1000]])
+    struct.pack("<8I", *3 * [2000, 3], figures, 1000) for figures in [0, 3, *8 * [1000]])

@@ -14,6 +14,13 @@ def open_dialog(tour, *keys):
     tour.game.see("dialog", lambda view: view.has_dialog())
 
 
+def change_dialog(tour, *keys):
+    before = tour.game.view().picture
+    tour.game.press(*keys)
+    tour.game.see("change in the dialog", lambda view: view.picture != before)
+    tour.game.see_rest()
+
+
 def leave_dialog(tour, key):
     tour.game.press(key)
     tour.game.see("no dialog", lambda view: not view.has_dialog())
@@ -36,7 +43,7 @@ def accept_first_settings(tour):
 
 def cancel_advanced_settings(tour):
     open_dialog(tour, "ctrl+shift+a")
-    tour.game.press("d", "Tab", "Tab", "Right")
+    change_dialog(tour, "d", "Tab", "Tab", "Right")
     tour.keep_picture("settings-to-be-cancelled")
     leave_dialog(tour, "Escape")
     see_menu(tour)
@@ -45,7 +52,7 @@ def cancel_advanced_settings(tour):
 def change_advanced_settings(tour):
     """From the list of skins to the modes, the delay and the magnitude."""
     open_dialog(tour, "alt+s", "d")
-    tour.game.press(NEXT_SKIN[0].lower(), "Tab", "Home", "Tab", *5 * ["Right"], "Tab", "Right")
+    change_dialog(tour, NEXT_SKIN[0].lower(), "Tab", "Home", "Tab", *5 * ["Right"], "Tab", "Right")
     tour.keep_picture("advanced-settings")
     tour.wear(NEXT_SKIN)
     with tour.hearing.music(MENU):
@@ -59,7 +66,7 @@ def change_advanced_settings(tour):
 def change_sound_effects(tour):
     """The fifth and the last box are unchecked."""
     open_dialog(tour, "ctrl+shift+s")
-    tour.game.press(*4 * ["Tab"], "space", "Tab", "space")
+    change_dialog(tour, *4 * ["Tab"], "space", "Tab", "space")
     tour.keep_picture("sound-effects")
     leave_dialog(tour, "Return")
     tour.settings.sounds &= ~ROTATE
@@ -93,5 +100,6 @@ def leave_full_screen(tour):
     tour.game.press("alt+Return")
     tour.game.fills_screen = False
     tour.game.see_start()
-    check(f"The window has moved from {place} to {tour.game.place}", tour.game.place == place)
+    tour.game.wait_for(f"window back at {place}",
+                       lambda: tour.screen.place_of(tour.game.window) == place)
     see_menu(tour)

@@ -1,9 +1,11 @@
 """The running program: its window, what it shows and what can be pressed there."""
 
+import time
+
 from .pictures import Skin
 from .virtual_screen import HEIGHT as SCREEN_HEIGHT
 from .virtual_screen import WIDTH as SCREEN_WIDTH
-from .waiting import PATIENCE, TourFailure, wait_for
+from .waiting import TourFailure, wait_for
 
 WIDTH, HEIGHT = 640, 480
 MENU_BAR = 19  # pixels above the picture
@@ -54,6 +56,9 @@ NEED_SOUND = {"Music", "SoundEffects"}
 CELL, COLUMNS, ROWS = 16, 10, 22
 BOARD_X = {"left": 45, "right": 365}
 BOARD_Y = 50
+STACK_ROWS = 6  # that may hold tiles on the ground while a figure is looked for
+TILES = 8
+FIGURES = ("bar", "Z", "square", "L", "S", "J", "T")  # as the tiles stand in their picture
 OVERLAYS = {"pause": (40, 144), "looser": (35, 144), "winner": (5, 144), "join1": (5, 132)}
 GAME_KEY = 1
 SCORE, WINS = (193, 355), (193, 296)
@@ -149,11 +154,21 @@ class View:
     def columns(self, side):
         """The columns that hold tiles in the upper rows, where nothing lies: tiles are bright."""
         board = self.board(side)
-        lines, spots = range(0, (ROWS - 6) * CELL, 4), range(2, CELL, 4)
+        lines, spots = range(0, (ROWS - STACK_ROWS) * CELL, 4), range(2, CELL, 4)
 
         def bright_spots(column):
             return sum(max(board.at(column * CELL + x, y)) > 110 for y in lines for x in spots)
         return {column for column in range(COLUMNS) if bright_spots(column) >= 6}
+
+    def figure(self, side):
+        """The kind of the falling figure; none before it has come in. It can glide, so that its
+        tiles may begin at any line."""
+        tiles = [self.skin.sprite("Game/blocks.bmp", kind, TILES, GAME_KEY)
+                 for kind in range(len(FIGURES))]
+        places = ((BOARD_X[side] + column * CELL, BOARD_Y + y)
+                  for y in range((ROWS - STACK_ROWS - 1) * CELL) for column in range(COLUMNS))
+        return next((figure for x, y in places for figure, tile in zip(FIGURES, tiles)
+                     if self.picture.shows(tile, x, y)), None)
 
     # High scores. ---------------------------------------------------------------------------------
 
@@ -212,9 +227,13 @@ class Game:
         self.see_window("Korvane")
         self.wait_for("menu", self.finds_menu)
 
+    def find_place(self):
+        """The window manager can still move a window that has just come up."""
+        if not self.fills_screen:
+            self.place = self.screen.place_of(self.window) or self.place
+
     def finds_menu(self):
-        """The window can still move when it has just come up."""
-        self.place = self.screen.place_of(self.window)
+        self.find_place()
         return (self.place and self.place[2:] == (WIDTH, MENU_BAR + HEIGHT)
                 and self.view().has_button("Start"))
 
@@ -225,19 +244,30 @@ class Game:
             picture = self.screen.grab(*self.place).part(0, MENU_BAR, WIDTH, HEIGHT)
         return View(picture, self.skin)
 
-    def wait_for(self, what, condition, seconds=PATIENCE):
+    def wait_for(self, what, condition):
         def check():
             if self.process.poll() is not None:
                 raise TourFailure(f"{what}: the program ended with {self.process.returncode}")
             return condition()
-        return wait_for(what, check, seconds)
+        return wait_for(what, check)
 
-    def see(self, what, condition, seconds=PATIENCE):
+    def see(self, what, condition):
         """Returns the first view that a condition is true of."""
         def check():
             view = self.view()
-            return view if condition(view) else None
-        return self.wait_for(what, check, seconds)
+            if condition(view):
+                return view
+            self.find_place()
+            return None
+        return self.wait_for(what, check)
+
+    def see_rest(self, seconds=0.2):
+        """Returns a view that stayed the same for a while."""
+        def check():
+            view = self.view()
+            time.sleep(seconds)
+            return view if self.view().picture == view.picture else None
+        return self.wait_for("picture at rest", check)
 
     def press(self, *keys):
         self.screen.press(*keys)

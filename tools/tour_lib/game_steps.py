@@ -9,6 +9,7 @@ LEFT_KEYS = {"left": "a", "right": "d", "drop": "s", "turn": "w", "pause": "t"}
 # The pause key is the one that the key configuration has bound.
 RIGHT_KEYS = {"left": "Left", "right": "Right", "drop": "Down", "turn": "Up", "pause": "o"}
 NAME = "TOUR 7"
+MOST_SQUARES = 30  # one figure in seven is a square
 
 
 # Two players, without music, so that every effect is heard alone. ---------------------------------
@@ -22,10 +23,14 @@ def start_battle(tour):
     tour.keep_picture("battle")
 
 
+def score_of(game, side):
+    return game.see(f"{side} score", lambda view: view.score(side) is not None).score(side)
+
+
 def drop(game, side, keys):
     """Takes a figure down, which is so slow that it would not be there in time by itself. The key
     is held: one that goes up again within a frame does nothing."""
-    score = game.view().score(side)
+    score = score_of(game, side)
     with game.held(keys["drop"]):
         game.see(f"score for the {side} figure on the ground",
                  lambda view: view.score(side) not in (None, score))
@@ -44,28 +49,29 @@ def steer(side, keys):
     return step
 
 
+def figure_that_turns(game, side, keys):
+    """A square looks the same when it is turned: then other figures come with a new battle. The
+    drop before it makes a score, whose end shows that the new battle has begun."""
+    for _ in range(MOST_SQUARES):
+        view = game.see(f"{side} figure", lambda view: view.figure(side))
+        if view.figure(side) != "square":
+            return view
+        drop(game, side, keys)
+        game.press("F3")
+        game.see("new battle", lambda view: all(view.score(side) == 0 for side in BOARD_X))
+    raise TourFailure(f"{MOST_SQUARES} squares one after the other")
+
+
 def turn(side, keys):
-    def turn_one(game):
-        before = game.see(f"{side} figure", lambda view: view.columns(side))
-        width, score = len(before.columns(side)), before.score(side)
-
-        def is_turned():
-            game.press(keys["turn"])
-            now = game.view()
-            return len(now.columns(side)) not in (0, width) and now.score(side) == score
-        game.wait_for(f"{side} figure turned", is_turned, 3)
-
+    """A figure is three or four columns wide when it comes, and one or two when it is turned."""
     def step(tour):
-        for _ in range(4):
-            try:
-                with tour.hearing.effect("Rotate"):
-                    turn_one(tour.game)
-                return tour.keep_picture(f"{side}-turned")
-            except TourFailure as failure:
-                last = failure
-            # A square looks the same when it is turned; the next figure may show it.
-            drop(tour.game, side, keys)
-        raise last
+        game = tour.game
+        figure_that_turns(game, side, keys)
+        game.see(f"{side} figure as it comes", lambda view: len(view.columns(side)) > 2)
+        with tour.hearing.effect("Rotate"):
+            game.press(keys["turn"])
+            game.see(f"{side} figure turned", lambda view: len(view.columns(side)) in (1, 2))
+        tour.keep_picture(f"{side}-turned")
     return step
 
 
@@ -73,8 +79,9 @@ def pause_both(tour):
     """In battle the pause key of one player is for both, and so is the other one's."""
     game = tour.game
     game.press(RIGHT_KEYS["pause"])
-    paused = game.see("both boards paused",
-                      lambda view: all(view.overlay(side, "pause") for side in BOARD_X))
+    game.see("both boards paused",
+             lambda view: all(view.overlay(side, "pause") for side in BOARD_X))
+    paused = game.see_rest()
     tour.keep_picture("both-paused")
     game.press(*10 * [RIGHT_KEYS["left"], LEFT_KEYS["right"]])
     rested = game.view()
@@ -90,7 +97,7 @@ def pause_both(tour):
 def drop_until(tour, what, is_over):
     """Drops one figure after the other on the right board."""
     for _ in range(30):
-        score = tour.game.view().score("right")
+        score = score_of(tour.game, "right")
         with tour.game.held(RIGHT_KEYS["drop"]):
             view = tour.game.see(f"{what}, or a figure on the ground", lambda view: is_over(view)
                                  or view.score("right") not in (None, score))

@@ -1,9 +1,8 @@
 """Plays figures as a person would: looks at the board, chooses turn and place, and drops."""
 
-from .game import BOARD_X, BOARD_Y, CELL, COLUMNS, GAME_KEY, ROWS
+from .game import BOARD_X, BOARD_Y, CELL, COLUMNS, GAME_KEY, ROWS, TILES
 from .waiting import TourFailure, wait_for
 
-TILES = 8
 SKY = 8  # rows from the top in which only the falling figure may be
 
 # Each figure's four turns, counter-clockwise, as columns and rows from its origin; types 1 to 7.

@@ -105,7 +105,7 @@ class VirtualScreen:
 
     def run(self, *command):
         return subprocess.run([str(part) for part in command], env=self.environment,
-                              capture_output=True).stdout.decode().strip()
+                              capture_output=True, timeout=PATIENCE).stdout.decode().strip()
 
     def place_of(self, window):
         """x, y, width and height of a window's inside; none when there is no such window."""

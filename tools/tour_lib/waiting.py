@@ -2,7 +2,7 @@
 
 import time
 
-PATIENCE = 20  # seconds that a step may take; a busy machine needs most of a second for one
+PATIENCE = 60  # seconds that a step may take; most need a tenth of one, on a busy machine some
 
 
 class TourFailure(Exception):
