@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
 #include <optional>
 #include <vector>
 
-#include "platform/base/decimal.h"
+#include "platform/base/ascii.h"
 #include "platform/host/kernel.h"
 
 namespace korvane {
@@ -23,9 +26,11 @@ std::string TakeLine(std::string_view& text) {
     return line.substr(0, line.find('\0'));
 }
 
-char ToUpper(char character) {
-    const bool isLower = character >= 'a' && character <= 'z';
-    return isLower ? static_cast<char>(character - 'a' + 'A') : character;
+/// The number at the start of a text; limited to what a position holds.
+std::int32_t ReadPosition(const std::string& text) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    const long number = std::strtol(text.c_str(), nullptr, 10);
+    return static_cast<std::int32_t>(std::clamp<long>(number, Limits::min(), Limits::max()));
 }
 
 struct Keyword {
@@ -37,15 +42,15 @@ constexpr Keyword kKeywords[] = {
     {"FILENAME:", [](ModuleChoice& choice, const std::string& value) { choice.fileName = value; }},
     {"MENU START POSITION:",
      [](ModuleChoice& choice, const std::string& value) {
-         choice.menuPosition = ReadDecimal(value);
+         choice.menuPosition = ReadPosition(value);
      }},
     {"GAME START POSITION:",
      [](ModuleChoice& choice, const std::string& value) {
-         choice.gamePosition = ReadDecimal(value);
+         choice.gamePosition = ReadPosition(value);
      }},
     {"HIGH SCORE START POSITION:",
      [](ModuleChoice& choice, const std::string& value) {
-         choice.highScorePosition = ReadDecimal(value);
+         choice.highScorePosition = ReadPosition(value);
      }},
 };
 
@@ -53,9 +58,10 @@ constexpr Keyword kKeywords[] = {
 
 void ApplyModuleText(std::string_view text, ModuleChoice& choice) {
     for (int i = 0; i < kKeywordLines; ++i) {
-        std::string line = TakeLine(text);
-        std::ranges::transform(line, line.begin(), ToUpper);
-        const auto* keyword = std::ranges::find(kKeywords, line, &Keyword::text);
+        const std::string line = TakeLine(text);
+        const auto* keyword = std::ranges::find_if(kKeywords, [&](const Keyword& known) {
+            return AsciiEqualsIgnoringCase(known.text, line);
+        });
         if (keyword != std::end(kKeywords)) keyword->store(choice, TakeLine(text));
     }
 }

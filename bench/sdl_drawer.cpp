@@ -33,7 +33,7 @@ SdlDrawer::SurfacePtr SdlDrawer::MakeSurface(SIZE size) {
 
 SdlDrawer::SurfacePtr SdlDrawer::MakeCut(const Operation& operation, SdlKey key) {
     const RECT part = operation.Part();
-    SurfacePtr surface = MakeSurface({part.Width(), part.Height()});
+    SurfacePtr surface = MakeSurface(part.Size());
     for (int y = 0; y < part.Height(); ++y) {
         std::memcpy(static_cast<std::byte*>(surface->pixels) + y * surface->pitch,
                     operation.picture->pixels.At({part.left, part.top + y}),

@@ -15,8 +15,7 @@ void ShapeWindow(HWND window, std::int32_t width, std::int32_t height) {
     SetWindowLong(window, GWL_STYLE, style);
     const RECT outer = AdjustWindowRectEx({0, 0, width, height}, style, GetMenu(window) != nullptr,
                                           GetWindowLong(window, GWL_EXSTYLE));
-    SetWindowPos(window, {0, 0}, {outer.Width(), outer.Height()},
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(window, {0, 0}, outer.Size(), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 /// Moves a window whose top left corner lies outside the work area to its edge; what the window

@@ -1,9 +1,9 @@
 #include "app/dialogs/level_settings_dialog.h"
 
+#include <cstdlib>
 #include <string>
 
 #include "game/rules/level_table.h"
-#include "platform/base/decimal.h"
 #include "platform/dialogs/dialog_items.h"
 #include "res/dialog_ids.h"
 
@@ -11,7 +11,7 @@ namespace korvane {
 namespace {
 
 constexpr std::size_t kLongestNumber = 31;
-constexpr std::int32_t kLargestValue = 4999;
+constexpr long kLargestValue = 4999;
 
 void ShowNumber(HDLG dialog, std::uint16_t box, std::uint32_t value) {
     SetDlgItemText(dialog, box, std::to_string(value));
@@ -19,7 +19,8 @@ void ShowNumber(HDLG dialog, std::uint16_t box, std::uint32_t value) {
 
 /// True when the box held an acceptable number, which then stands in `value`.
 bool ReadNumber(HDLG dialog, std::uint16_t box, std::uint32_t& value) {
-    const std::int32_t number = ReadDecimal(GetDlgItemText(dialog, box, kLongestNumber));
+    const std::string text = GetDlgItemText(dialog, box, kLongestNumber);
+    const long number = std::strtol(text.c_str(), nullptr, 10);
     if (number < 1 || number > kLargestValue) return false;
     value = static_cast<std::uint32_t>(number);
     return true;

@@ -1,9 +1,9 @@
 #include "app/dialogs/mode_text.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
-
-#include "platform/base/decimal.h"
+#include <cstdlib>
 
 namespace korvane {
 namespace {
@@ -17,7 +17,8 @@ std::string_view Behind(std::string_view text, std::size_t count) {
 }
 
 std::uint32_t Unsigned(std::string_view text) {
-    return static_cast<std::uint32_t>(std::max(0, ReadDecimal(text)));
+    const long number = std::strtol(std::string(text).c_str(), nullptr, 10);
+    return static_cast<std::uint32_t>(std::clamp<long>(number, 0, INT32_MAX));
 }
 
 }  // namespace

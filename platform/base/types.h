@@ -51,6 +51,7 @@ struct RECT {
 
     constexpr std::int32_t Width() const { return right - left; }
     constexpr std::int32_t Height() const { return bottom - top; }
+    constexpr SIZE Size() const { return {Width(), Height()}; }
     constexpr bool IsEmpty() const { return left >= right || top >= bottom; }
     constexpr std::int64_t PixelCount() const {
         return IsEmpty() ? 0 : std::int64_t{Width()} * Height();

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/dialogs/dialog_window.h"
-#include "platform/dialogs/edit_box.h"
 #include "platform/dialogs/list_box.h"
 #include "platform/dialogs/scroll_bar.h"
 
@@ -33,10 +32,6 @@ void SetDlgItemText(HDLG dialog, std::uint16_t id, std::string_view text) {
 std::string GetDlgItemText(HDLG dialog, std::uint16_t id, std::size_t maxBytes) {
     HCTL const control = GetDlgItem(dialog, id);
     return control ? control->Text().substr(0, maxBytes) : std::string();
-}
-
-void Edit_LimitText(HCTL edit, std::size_t maxBytes) {
-    if (auto* const box = dynamic_cast<EditBox*>(edit)) box->Limit(maxBytes);
 }
 
 void CheckDlgButton(HDLG dialog, std::uint16_t id, bool checked) {

@@ -21,7 +21,7 @@ HCTL GetDlgItem(HDLG dialog, std::uint16_t id);
 /// A disabled control is greyed and takes neither keyboard nor mouse.
 void EnableWindow(HCTL control, bool enabled);
 
-/// Texts of edits, buttons and static texts, in UTF-8.
+/// Texts of edits, buttons and static texts, in UTF-8. The user types at most 31 bytes into an edit.
 void SetDlgItemText(HDLG dialog, std::uint16_t id, std::string_view text);
 /// At most so many bytes of it.
 std::string GetDlgItemText(HDLG dialog, std::uint16_t id, std::size_t maxBytes);
@@ -30,9 +30,6 @@ std::string GetDlgItemText(HDLG dialog, std::uint16_t id, std::size_t maxBytes);
 /// only the user's choice unchecks them.
 void CheckDlgButton(HDLG dialog, std::uint16_t id, bool checked);
 bool IsDlgButtonChecked(HDLG dialog, std::uint16_t id);
-
-/// How many bytes the user may make of an edit's text; 31 before it is called.
-void Edit_LimitText(HCTL edit, std::size_t maxBytes);
 
 // List boxes. Entries count from 0.
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "platform/base/ascii.h"
 #include "platform/dialogs/dialog_window.h"
 #include "platform/window/desktop.h"
 
@@ -8,10 +9,10 @@ namespace {
 
 /// The key that a character is on, as far as letters and digits go; else 0.
 std::uint8_t KeyOf(char32_t character) {
-    if (character >= 'a' && character <= 'z') character -= 'a' - 'A';
-    const bool isKey =
-        (character >= 'A' && character <= 'Z') || (character >= '0' && character <= '9');
-    return isKey || character == ' ' ? static_cast<std::uint8_t>(character) : std::uint8_t{0};
+    if (character > 'z') return 0;
+    const char key = AsciiUpper(static_cast<char>(character));
+    const bool isKey = (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9') || key == ' ';
+    return isKey ? static_cast<std::uint8_t>(key) : std::uint8_t{0};
 }
 
 }  // namespace

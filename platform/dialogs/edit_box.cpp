@@ -171,7 +171,7 @@ void EditBox::Paint(Canvas& canvas, const ControlState& state) const {
     const RECT inside = Inside();
     if (inside.IsEmpty()) return;
     const RECT row{kMargin - scrolled_, 0, inside.Width(), inside.Height()};
-    Canvas field({inside.Width(), inside.Height()}, canvas.Scale());
+    Canvas field(inside.Size(), canvas.Scale());
     field.Fill({0, 0, inside.Width(), inside.Height()}, IsEnabled() ? kLightColour : kFaceColour);
     TextLook look;
     look.embossed = !IsEnabled();

@@ -12,7 +12,6 @@ class EditBox final : public Control {
 
     const std::string& Text() const override { return line_.Text(); }
     void SetText(std::string_view text) override;
-    void Limit(std::size_t bytes) { line_.Limit(bytes); }
 
     bool TakesKeyboard() const override { return true; }
     bool UsesLetters() const override { return true; }

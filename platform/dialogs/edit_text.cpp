@@ -7,13 +7,9 @@
 namespace korvane {
 namespace {
 
-constexpr char32_t kFirstPrintable = 0x20;
-constexpr char32_t kRubOut = 0x7F;
-
-/// Control characters, and what C1 adds to them.
+/// False for control characters (those of ASCII and of Latin-1) and for bytes that are no UTF-8.
 bool IsText(char32_t character) {
-    const bool isControl =
-        character < kFirstPrintable || (character >= kRubOut && character < 0xA0);
+    const bool isControl = character < 0x20 || (character >= 0x7F && character < 0xA0);
     return !isControl && character != kReplacement;
 }
 
@@ -66,7 +62,7 @@ std::size_t EditText::Stepped(int direction, bool byWord) const {
 void EditText::Insert(std::string_view text) {
     std::string fitting;
     const std::size_t kept = text_.size() - Selected().size();
-    const std::size_t room = limit_ > kept ? limit_ - kept : 0;
+    const std::size_t room = kLimit > kept ? kLimit - kept : 0;
     while (!text.empty() && text.front() != '\n' && text.front() != '\r') {
         const char32_t character = TakeCharacter(text);
         if (!IsText(character)) continue;

@@ -6,16 +6,18 @@
 
 namespace korvane {
 
-/// A line of UTF-8 in the making: caret and selection lie between characters and count in bytes.
+/// A line of UTF-8 that is being edited. Caret and selection lie between characters and are given
+/// in bytes.
 class EditText {
   public:
+    /// How many bytes the user may type or paste.
+    static constexpr std::size_t kLimit = 31;
+
     enum class Reach { Caret, Selection };
 
     const std::string& Text() const { return text_; }
-    /// Puts the caret to the end; the limit does not count here.
+    /// Moves the caret to the end; the limit does not apply here.
     void Set(std::string_view text);
-    /// How many bytes the user may make of it.
-    void Limit(std::size_t bytes) { limit_ = bytes; }
 
     std::size_t Caret() const { return caret_; }
     std::size_t SelectionStart() const { return caret_ < anchor_ ? caret_ : anchor_; }
@@ -26,11 +28,11 @@ class EditText {
 
     /// Moves the caret, or the selection's end with it.
     void MoveTo(std::size_t at, Reach reach);
-    /// By one character or word; without reach a selection shrinks to its end on that side.
+    /// By one character or word; with Reach::Caret a selection shrinks to its edge on that side.
     void Step(int direction, bool byWord, Reach reach);
 
-    /// In place of the selection, as much of it as the limit allows: whole characters up to the
-    /// first line's end, none that are no text.
+    /// Replaces the selection by as much of the first line of `text` as the limit allows. Control
+    /// characters and broken UTF-8 are left out.
     void Insert(std::string_view text);
     void EraseSelection();
     /// The selection, or else the character before (-1) or after (1) the caret.
@@ -42,7 +44,6 @@ class EditText {
     std::string text_;
     std::size_t caret_ = 0;
     std::size_t anchor_ = 0;
-    std::size_t limit_ = 31;  // what a number or a name takes
 };
 
 }  // namespace korvane

@@ -51,8 +51,7 @@ void GroupBox::Paint(Canvas& canvas, const ControlState& /*state*/) const {
 void StaticIcon::Paint(Canvas& canvas, const ControlState& /*state*/) const {
     const int side = static_cast<int>(std::lround(std::sqrt(square_.size())));
     if (side == 0) return;
-    const POINT corner{Place().left, Place().top};
-    canvas.Picture({corner.x, corner.y, corner.x + kIconSize, corner.y + kIconSize},
+    canvas.Picture(RectAt({Place().left, Place().top}, {kIconSize, kIconSize}),
                    {square_.data(), side, side, side});
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/base/ascii.h"
+#include "platform/base/floor_divide.h"
 #include "platform/base/virtual_keys.h"
 
 namespace korvane {
@@ -12,22 +14,15 @@ constexpr int kRowHeight = 15;
 constexpr int kRowPadding = 2;
 constexpr int kRowsPerNotch = 3;
 
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 /// The order of names whatever the case of their letters; that decides only between equals.
 bool ComesBefore(std::string_view a, std::string_view b) {
     const auto order = [](char x, char y) {
-        return static_cast<unsigned char>(Lower(x)) <=> static_cast<unsigned char>(Lower(y));
+        return static_cast<unsigned char>(AsciiLower(x)) <=>
+               static_cast<unsigned char>(AsciiLower(y));
     };
     const auto found =
         std::lexicographical_compare_three_way(a.begin(), a.end(), b.begin(), b.end(), order);
     return found != 0 ? found < 0 : a < b;
-}
-
-bool IsSame(std::string_view a, std::string_view b) {
-    return std::ranges::equal(a, b, {}, Lower, Lower);
 }
 
 }  // namespace
@@ -55,8 +50,9 @@ int ListBox::Add(std::string_view text) {
 }
 
 int ListBox::Find(std::string_view text) const {
-    const auto found = std::ranges::find_if(
-        entries_, [text](const std::string* entry) { return IsSame(*entry, text); });
+    const auto found = std::ranges::find_if(entries_, [text](const std::string* entry) {
+        return AsciiEqualsIgnoringCase(*entry, text);
+    });
     return found == entries_.end() ? LB_ERR : static_cast<int>(found - entries_.begin());
 }
 
@@ -85,8 +81,7 @@ RECT ListBox::Field() const {
 
 /// Also above the first and below the last row that is seen.
 int ListBox::EntryAt(POINT at) const {
-    const int y = at.y - Field().top;
-    return FirstSeen() + (y >= 0 ? y / kRowHeight : -1 - (-1 - y) / kRowHeight);
+    return FirstSeen() + FloorDivide(at.y - Field().top, kRowHeight);
 }
 
 void ListBox::Put(const RECT& place, int scale) {
@@ -140,10 +135,10 @@ bool ListBox::OnLetter(std::uint8_t key) {
         key = static_cast<std::uint8_t>(key - VK_NUMPAD0 + '0');
     const bool isLetter = (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
     if (!isLetter) return false;
-    const char wanted = Lower(static_cast<char>(key));
+    const char wanted = AsciiLower(static_cast<char>(key));
     for (int i = 1; i <= Count(); ++i) {
         const int entry = (selected_ + i) % Count();
-        if (Entry(entry).empty() || Lower(Entry(entry).front()) != wanted) continue;
+        if (Entry(entry).empty() || AsciiLower(Entry(entry).front()) != wanted) continue;
         Select(entry);
         break;
     }
@@ -210,7 +205,7 @@ void ListBox::Paint(Canvas& canvas, const ControlState& state) const {
     canvas.DrawBevel(Place(), kSunkenBevel);
     const RECT place = Field();
     if (place.IsEmpty()) return;
-    Canvas field({place.Width(), place.Height()}, canvas.Scale());
+    Canvas field(place.Size(), canvas.Scale());
     field.Fill({0, 0, place.Width(), place.Height()}, IsEnabled() ? kLightColour : kFaceColour);
     const int end = std::min(Count(), FirstSeen() + Rows());
     for (int entry = FirstSeen(); entry < end; ++entry)

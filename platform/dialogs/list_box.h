@@ -49,7 +49,6 @@ class ListBox final : public Control {
     int EntryAt(POINT at) const;
     void ScrollTo(int first);
     void Obey(ScrollGrip::Request request);
-    void SelectUnder(POINT at);
     void SelectNear(int entry);
     bool OnLetter(std::uint8_t key);
     void PaintEntry(Canvas& field, int entry, bool focused) const;

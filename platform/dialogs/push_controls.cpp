@@ -60,7 +60,7 @@ void CheckControl::Check(bool checked) {
 void CheckControl::Paint(Canvas& canvas, const ControlState& state) const {
     RECT row = Place();
     const int top = row.top + (row.Height() - kMarkSide) / 2;
-    PaintMark(canvas, {row.left, top, row.left + kMarkSide, top + kMarkSide});
+    PaintMark(canvas, RectAt({row.left, top}, {kMarkSide, kMarkSide}));
     row.left += kMarkSide + kMarkGap;
     canvas.Text(row, Label(), LabelLook());
     if (!state.focused || Label().empty()) return;

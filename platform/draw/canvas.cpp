@@ -41,9 +41,7 @@ RECT Canvas::InScreenPixels(const RECT& area) const {
 
 void Canvas::Paste(const Canvas& canvas, POINT at) {
     const POINT corner{at.x * scale_, at.y * scale_};
-    const SIZE size = canvas.pixels_.Size();
-    const RECT part =
-        Intersect({corner.x, corner.y, corner.x + size.cx, corner.y + size.cy}, pixels_.Bounds());
+    const RECT part = Intersect(RectAt(corner, canvas.pixels_.Size()), pixels_.Bounds());
     if (part.IsEmpty()) return;
     const auto bytes = static_cast<std::size_t>(part.Width()) * sizeof(Colour);
     for (int y = part.top; y < part.bottom; ++y)
@@ -67,8 +65,7 @@ void Canvas::Frame(const RECT& area, Colour leftTop, Colour rightBottom) {
 
 void Canvas::DrawBevel(const RECT& area, const Bevel& bevel) {
     Frame(area, bevel.outerLight, bevel.outerDark);
-    Frame({area.left + 1, area.top + 1, area.right - 1, area.bottom - 1}, bevel.innerLight,
-          bevel.innerDark);
+    Frame(Shrunk(area, 1), bevel.innerLight, bevel.innerDark);
 }
 
 void Canvas::DottedFrame(const RECT& area, Colour colour) {

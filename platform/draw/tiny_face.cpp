@@ -1,3 +1,4 @@
+#include "platform/base/ascii.h"
 #include "platform/draw/typeface.h"
 
 namespace korvane {
@@ -6,8 +7,8 @@ namespace {
 constexpr int kColumns = 5;
 constexpr int kRows = 7;
 constexpr int kPerBand = 13;
-constexpr char32_t kFirst = ' ';
-constexpr char32_t kLast = '_';
+constexpr char kFirst = ' ';
+constexpr char kLast = '_';
 
 /// Bands of 13 characters from blank to underscore, in the order of their codes.
 constexpr const char* kFace[] = {
@@ -54,15 +55,16 @@ constexpr const char* kFace[] = {
     // clang-format on
 };
 
-char32_t Drawn(char32_t character) {
-    if (character >= 'a' && character <= 'z') return character - 'a' + 'A';
-    return character >= kFirst && character <= kLast ? character : '?';
+char Drawn(char32_t character) {
+    if (character > 'z') return '?';
+    const char capital = AsciiUpper(static_cast<char>(character));
+    return capital >= kFirst && capital <= kLast ? capital : '?';
 }
 
 }  // namespace
 
 Glyph TinyGlyph(char32_t character, int dotSize) {
-    const int index = static_cast<int>(Drawn(character) - kFirst);
+    const int index = Drawn(character) - kFirst;
     const char* const* band = kFace + index / kPerBand * kRows;
     const int firstColumn = index % kPerBand * (kColumns + 1);
     Glyph glyph;

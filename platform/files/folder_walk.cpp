@@ -11,6 +11,8 @@
 #include <memory>
 #include <span>
 
+#include "platform/base/ascii.h"
+
 namespace korvane {
 namespace {
 
@@ -18,14 +20,6 @@ namespace {
 constexpr std::size_t kLongestPath = 1024;
 /// As many as the kernel itself follows before it calls the links circular.
 constexpr int kMostLinks = 40;
-
-char Lowered(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool EqualButForCase(std::string_view a, std::string_view b) {
-    return std::ranges::equal(a, b, {}, Lowered, Lowered);
-}
 
 /// The names between separators; empty ones and "." are left out, ".." stays.
 std::vector<std::string> SplitAt(std::string_view path, std::string_view separators) {
@@ -51,7 +45,8 @@ mode_t TypeOf(const Descriptor& folder, const std::string& name) {
 std::string SpelledIn(const Descriptor& folder, const std::string& name) {
     std::string best;
     for (std::string& found : NamesIn(folder, ".").value_or(std::vector<std::string>())) {
-        if (EqualButForCase(found, name) && (best.empty() || found < best)) best = std::move(found);
+        if (AsciiEqualsIgnoringCase(found, name) && (best.empty() || found < best))
+            best = std::move(found);
     }
     return best.empty() ? name : best;
 }

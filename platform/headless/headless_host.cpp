@@ -78,13 +78,8 @@ void HeadlessHost::FailPresents(std::initializer_list<HRESULT> results) {
     presentResults_.assign(results.begin(), results.end());
 }
 
-void HeadlessHost::SetScreen(SIZE screen, const RECT& workArea) {
-    screen_ = screen;
-    workArea_ = workArea;
-}
-
 std::uint64_t HeadlessHost::Counter() {
-    return std::uint64_t{milliseconds_} * counterFrequency_ / 1000;
+    return std::uint64_t{milliseconds_} * kCounterFrequency / 1000;
 }
 
 bool HeadlessHost::OpenWindow(const std::string& title, SIZE clientSize) {
@@ -121,9 +116,8 @@ void HeadlessHost::SetClientOrigin(POINT origin) {
 }
 
 RECT HeadlessHost::ClientArea() {
-    if (fullScreen_) return {0, 0, screen_.cx, screen_.cy};
-    return {clientOrigin_.x, clientOrigin_.y, clientOrigin_.x + clientSize_.cx,
-            clientOrigin_.y + clientSize_.cy};
+    if (fullScreen_) return RectAt({}, kScreen);
+    return RectAt(clientOrigin_, clientSize_);
 }
 
 bool HeadlessHost::NextEvent(HostEvent& event) {

@@ -30,8 +30,6 @@ class HeadlessHost final : public Host {
     void SetMilliseconds(std::uint32_t now) { milliseconds_ = now; }
     void Advance(std::uint32_t milliseconds);
     void SetUnixSeconds(std::int64_t seconds) { unixSeconds_ = seconds; }
-    /// 0 takes the high-resolution counter away.
-    void SetCounterFrequency(std::uint64_t countsPerSecond) { counterFrequency_ = countsPerSecond; }
     /// The folder that paths are resolved beneath.
     void UseFolder(const std::string& folder);
     /// Takes all paths to files of the caller's.
@@ -78,7 +76,6 @@ class HeadlessHost final : public Host {
     /// The sound device has gone, or is back: a lost one asks for no frames.
     void LoseSound(bool lost) { soundLost_ = lost; }
     void SetDisplayModes(std::vector<DisplayMode> modes) { modes_ = std::move(modes); }
-    void SetScreen(SIZE screen, const RECT& workArea);
     /// Screen pixels for each layer pixel of a window opened or resized from now on; full screen
     /// shows its picture 1:1.
     void SetScale(int scale) { scale_ = scale; }
@@ -86,7 +83,7 @@ class HeadlessHost final : public Host {
     // Host. --------------------------------------------------------------------------------------
     std::uint32_t Milliseconds() override { return milliseconds_; }
     std::uint64_t Counter() override;
-    std::uint64_t CounterFrequency() override { return counterFrequency_; }
+    std::uint64_t CounterFrequency() override { return kCounterFrequency; }
     std::int64_t UnixSeconds() override { return unixSeconds_; }
     void Sleep(std::uint32_t milliseconds) override { Advance(milliseconds); }
     bool OpenWindow(const std::string& title, SIZE clientSize) override;
@@ -97,8 +94,8 @@ class HeadlessHost final : public Host {
     void SetClientSize(SIZE size) override;
     void SetClientOrigin(POINT origin) override;
     RECT ClientArea() override;
-    SIZE ScreenSize() override { return screen_; }
-    RECT WorkArea() override { return workArea_; }
+    SIZE ScreenSize() override { return kScreen; }
+    RECT WorkArea() override { return RectAt({}, kScreen); }
     int Scale() override { return scale_; }
     bool NextEvent(HostEvent& event) override;
     void WaitForEvent(std::optional<std::uint32_t> milliseconds) override;
@@ -127,7 +124,8 @@ class HeadlessHost final : public Host {
     void CopyPart(const PictureView& picture, const RECT& place, const RECT& part);
 
     std::uint32_t milliseconds_ = 0;
-    std::uint64_t counterFrequency_ = 1'000'000;
+    static constexpr std::uint64_t kCounterFrequency = 1'000'000;
+
     std::int64_t unixSeconds_ = 1'000'000'000;
     struct LaterEvent {
         std::uint32_t due = 0;
@@ -150,8 +148,7 @@ class HeadlessHost final : public Host {
     SIZE clientSize_;
     int scale_ = 1;
     SIZE windowedSize_;
-    SIZE screen_{1280, 1024};
-    RECT workArea_{0, 0, 1280, 1024};
+    static constexpr SIZE kScreen = {1280, 1024};
     std::vector<DisplayMode> modes_;
     std::vector<std::uint32_t> picture_;
     int presents_ = 0;

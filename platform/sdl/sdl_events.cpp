@@ -6,6 +6,7 @@
 #include <thread>
 #include <utility>
 
+#include "platform/base/floor_divide.h"
 #include "platform/base/utf8.h"
 #include "platform/sdl/heap.h"
 #include "platform/sdl/sdl_host.h"
@@ -21,11 +22,6 @@ std::uint8_t ModifiersOf(unsigned state) {
     if ((state & KMOD_CTRL) != 0) modifiers |= kModControl;
     if ((state & KMOD_ALT) != 0) modifiers |= kModAlt;
     return static_cast<std::uint8_t>(modifiers);
-}
-
-/// Rounds downwards, so that points left of and above the picture stay outside of it.
-int FloorDivide(int value, int divisor) {
-    return (value >= 0 ? value : value - divisor + 1) / divisor;
 }
 
 /// Milliseconds until `end` as SDL takes them: -1 without an end, rounded up so that a wait is
@@ -151,6 +147,7 @@ void SdlHost::OnText(std::string_view utf8) {
 void SdlHost::PushMouse(HostEventType type, int x, int y, int amount) {
     const RECT place = fullScreen_ ? FullScreenPlace() : RECT{};
     const int scale = fullScreen_ ? place.Width() / fullScreenPicture_.cx : scale_;
+    // Rounded down, so that points left of and above the picture stay outside of it.
     pending_.push_back({.type = type,
                         .modifiers = ModifiersOf(static_cast<unsigned>(SDL_GetModState())),
                         .x = FloorDivide(x - place.left, scale),

@@ -69,8 +69,7 @@ bool IsSameMode(const SDL_DisplayMode& a, const SDL_DisplayMode& b) {
 }
 
 RECT LayerRect(const SDL_Rect& area, int scale) {
-    return {area.x / scale, area.y / scale, area.x / scale + area.w / scale,
-            area.y / scale + area.h / scale};
+    return RectAt({area.x / scale, area.y / scale}, {area.w / scale, area.h / scale});
 }
 
 }  // namespace
@@ -340,7 +339,7 @@ RECT SdlHost::FullScreenPlace() const {
     const SIZE shown{picture.cx * scale, picture.cy * scale};
     const POINT corner{std::max(0, (screen.w - shown.cx) / 2),
                        std::max(0, (screen.h - shown.cy) / 2)};
-    return {corner.x, corner.y, corner.x + shown.cx, corner.y + shown.cy};
+    return RectAt(corner, shown);
 }
 
 std::vector<DisplayMode> SdlHost::DisplayModes() {

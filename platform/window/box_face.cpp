@@ -113,12 +113,12 @@ BoxFace LayOutBox(const BoxText& text, BoxFrame frame, SIZE limit, int scale) {
     if (frame == BoxFrame::Own) face.caption = CaptionOf(face.size);
     const int left = around.border + kMargin;
     const int top = around.top + kMargin;
-    if (text.errorIcon) face.icon = {left, top, left + kIconSize, top + kIconSize};
+    if (text.errorIcon) face.icon = RectAt({left, top}, {kIconSize, kIconSize});
     int y = top + (contentHeight - textHeight) / 2;
     for (std::size_t i = 0; i < face.lines.size(); ++i, y += kTextLineHeight)
         face.rows.push_back({left + around.icon, y, right - kMargin, y + kTextLineHeight});
     const POINT button{(face.size.cx - kButton.cx) / 2, top + contentHeight + kMargin};
-    face.button = {button.x, button.y, button.x + kButton.cx, button.y + kButton.cy};
+    face.button = RectAt(button, kButton);
     return face;
 }
 
@@ -128,9 +128,8 @@ void PaintErrorIcon(Canvas& canvas, const RECT& icon) {
     constexpr Colour kRed = 0xD01818;
     constexpr int kInset = 10;
     canvas.Disc(icon, kDarkColour);
-    canvas.Disc({icon.left + 1, icon.top + 1, icon.right - 1, icon.bottom - 1}, kRed);
-    canvas.Cross({icon.left + kInset, icon.top + kInset, icon.right - kInset, icon.bottom - kInset},
-                 4, kLightColour);
+    canvas.Disc(Shrunk(icon, 1), kRed);
+    canvas.Cross(Shrunk(icon, kInset), 4, kLightColour);
 }
 
 }  // namespace

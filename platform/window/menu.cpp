@@ -1,13 +1,8 @@
 #include "platform/window/menu.h"
 
+#include "platform/base/ascii.h"
+
 namespace korvane {
-namespace {
-
-char Capital(char letter) {
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
-}  // namespace
 
 MenuLabel::MenuLabel(std::string_view source) {
     const std::size_t tab = source.find('\t');
@@ -19,7 +14,7 @@ MenuLabel::MenuLabel(std::string_view source) {
             text += c;
         }
     }
-    if (!text.empty()) mnemonic = Capital(underlined < text.size() ? text[underlined] : text[0]);
+    if (!text.empty()) mnemonic = AsciiUpper(underlined < text.size() ? text[underlined] : text[0]);
 }
 
 Menu::Menu(MENUTEMPLATE source) {

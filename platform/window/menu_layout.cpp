@@ -102,10 +102,11 @@ PopupLayout LayOutPopup(const MenuPopup& popup, POINT corner, SIZE area, int sca
     const SIZE size = PopupSize(popup, scale);
     const int left = std::max(0, std::min(corner.x, area.cx - size.cx));
     const int top = std::max(0, std::min(corner.y, area.cy - size.cy));
-    PopupLayout layout{{left, top, left + size.cx, top + size.cy}, {}};
+    PopupLayout layout{RectAt({left, top}, size), {}};
     int y = top + kBorder;
     for (const MenuItem& item : popup.items) {
-        layout.items.push_back({left + kBorder, y, left + size.cx - kBorder, y + HeightOf(item)});
+        layout.items.push_back(
+            RectAt({left + kBorder, y}, {size.cx - 2 * kBorder, HeightOf(item)}));
         y += HeightOf(item);
     }
     return layout;
@@ -133,7 +134,7 @@ Canvas PaintMenuBar(const Menu& menu, std::span<const RECT> titles, std::size_t 
 
 Canvas PaintPopup(const MenuPopup& popup, const PopupLayout& layout, std::size_t lit, int scale) {
     const RECT& place = layout.place;
-    Canvas canvas({place.Width(), place.Height()}, scale);
+    Canvas canvas(place.Size(), scale);
     const RECT all{0, 0, place.Width(), place.Height()};
     canvas.Fill(all, kFaceColour);
     canvas.DrawBevel(all, kWindowBevel);

@@ -19,11 +19,11 @@ RECT PictureArea() {
 RECT CentredIn(const RECT& area, SIZE size) {
     const POINT corner{area.left + (area.Width() - size.cx) / 2,
                        area.top + (area.Height() - size.cy) / 2};
-    return {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy};
+    return RectAt(corner, size);
 }
 
 void PlaceWindow(const RECT& area) {
-    TheHost().SetClientSize({area.Width(), area.Height()});
+    TheHost().SetClientSize(area.Size());
     TheHost().SetClientOrigin({area.left, area.top});
 }
 
@@ -148,8 +148,7 @@ bool ModalWindow::OnWindowEvent(const HostEvent& event) {
         case HostEventType::Restored:
             for (ModalWindow* each = this; each; each = each->outer_)
                 each->Arrange();
-            TheShownPicture().Expose(
-                {corner_.x, corner_.y, corner_.x + size_.cx, corner_.y + size_.cy});
+            TheShownPicture().Expose(RectAt(corner_, size_));
             return alone_;
         default:
             return alone_;
@@ -163,12 +162,12 @@ void ModalWindow::Arrange() {
     Changed();
     if (FillsWindow()) {
         const RECT workArea = TheHost().WorkArea();
-        size_ = LayOut(/*framed=*/false, {workArea.Width(), workArea.Height()}, scale_);
+        size_ = LayOut(/*framed=*/false, workArea.Size(), scale_);
         corner_ = {0, 0};
         return;
     }
     const RECT area = PictureArea();
-    size_ = LayOut(/*framed=*/true, {area.Width(), area.Height()}, scale_);
+    size_ = LayOut(/*framed=*/true, area.Size(), scale_);
     const RECT centred = CentredIn(area, size_);
     const bool moved = moved_;
     MoveTo(moved ? corner_ : POINT{centred.left, centred.top});

@@ -158,7 +158,7 @@ HRESULT ShownPicture::SendGame(std::span<const RECT> clientAreas) {
 }
 
 HRESULT ShownPicture::SendBlack(const RECT& area) {
-    return SendSheet({Canvas({area.Width(), area.Height()}, 1), area});
+    return SendSheet({Canvas(area.Size(), 1), area});
 }
 
 HRESULT ShownPicture::SendSheet(const Sheet& sheet) {

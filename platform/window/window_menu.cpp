@@ -51,7 +51,7 @@ bool MenuTakes(const HostEvent& event) {
 void ResetMenuBar() {
     const RECT client = TheHost().ClientArea();
     const Menu* shown = ShownMenuBarHeight() != 0 ? TheDesktop().window->menu.get() : nullptr;
-    TheMenuBar().Attach(shown, {client.Width(), client.Height()}, TheHost().Scale());
+    TheMenuBar().Attach(shown, client.Size(), TheHost().Scale());
 }
 
 void RefreshMenu() {

@@ -54,8 +54,7 @@ void MenuWindowTest::Start() {
     Headless().Reset();
     RegisterClass({"menu test", Procedure, kTestMenu});
     const RECT outer = AdjustWindowRectEx({0, 0, kFrame.cx, kFrame.cy}, kStyle, true, 0);
-    window_ = CreateWindowEx(0, "menu test", "Title", kStyle, {100, 100},
-                             {outer.Width(), outer.Height()});
+    window_ = CreateWindowEx(0, "menu test", "Title", kStyle, {100, 100}, outer.Size());
     ASSERT_NE(window_, nullptr);
     ShowWindow(window_);
     OpenDisplay();

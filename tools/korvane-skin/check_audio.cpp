@@ -3,6 +3,7 @@
 
 #include "audio/module_text.h"
 #include "gfx/skin.h"
+#include "platform/base/ascii.h"
 #include "platform/host/host.h"
 #include "platform/sound/module_header.h"
 #include "platform/sound/music_stream.h"
@@ -50,7 +51,7 @@ std::vector<std::string> LinesOf(const std::string& text) {
 bool Mentions(const std::string& line, std::string_view keyword) {
     const std::size_t start = line.find_first_not_of(" \t");
     return start != std::string::npos &&
-           IsSameName(std::string_view(line).substr(start, keyword.size()), keyword);
+           AsciiEqualsIgnoringCase(std::string_view(line).substr(start, keyword.size()), keyword);
 }
 
 void CheckUntold(const std::vector<std::string>& lines, const Entry& entry, Report& report) {
@@ -61,7 +62,7 @@ void CheckUntold(const std::vector<std::string>& lines, const Entry& entry, Repo
                    Text("says nothing under ", entry.keyword,
                         ", so that what was there before stays; add the keyword and its value as "
                         "two lines"));
-    } else if (!IsSameName(*mention, entry.keyword)) {
+    } else if (!AsciiEqualsIgnoringCase(*mention, entry.keyword)) {
         report.Add(Severity::Warning, kModuleTextFile,
                    Text("line ", mention - lines.begin() + 1, " is not read: ", entry.keyword,
                         " stands alone on its line, without blanks, and its value on the next"));
@@ -75,8 +76,9 @@ void CheckUntold(const std::vector<std::string>& lines, const Entry& entry, Repo
 
 /// The value of an entry as it is written; nothing without one.
 std::optional<std::string> WrittenValue(const std::vector<std::string>& lines, const Entry& entry) {
-    const auto keyword = std::ranges::find_if(
-        lines, [&](const std::string& line) { return IsSameName(line, entry.keyword); });
+    const auto keyword = std::ranges::find_if(lines, [&](const std::string& line) {
+        return AsciiEqualsIgnoringCase(line, entry.keyword);
+    });
     if (keyword == lines.end() || keyword + 1 == lines.end()) return std::nullopt;
     return *(keyword + 1);
 }

@@ -3,6 +3,7 @@
 
 #include "app/state/settings.h"
 #include "gfx/skin.h"
+#include "platform/base/ascii.h"
 #include "platform/host/host.h"
 #include "tools/korvane-skin/checks.h"
 #include "tools/korvane-skin/colour.h"
@@ -66,11 +67,11 @@ void CheckKeyFile(const CheckedSkin& skin, Report& report) {
 
 bool EndsWith(std::string_view name, std::string_view ending) {
     return name.size() >= ending.size() &&
-           IsSameName(name.substr(name.size() - ending.size()), ending);
+           AsciiEqualsIgnoringCase(name.substr(name.size() - ending.size()), ending);
 }
 
 bool IsKnown(const std::string& name) {
-    const auto isIt = [&name](const auto& row) { return IsSameName(row.file, name); };
+    const auto isIt = [&name](const auto& row) { return AsciiEqualsIgnoringCase(row.file, name); };
     return std::ranges::any_of(kPictures, isIt) || std::ranges::any_of(kSoundFiles, isIt);
 }
 

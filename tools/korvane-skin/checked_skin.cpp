@@ -4,6 +4,7 @@
 
 #include "app/state/settings.h"
 #include "gfx/skin.h"
+#include "platform/base/ascii.h"
 #include "platform/host/host.h"
 
 namespace korvane {
@@ -16,11 +17,6 @@ std::optional<DecodedBitmap> Decode(const std::string& path) {
 
 std::uint32_t FromGdi(COLORREF colour) {
     return (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
-}
-
-char Lowered(char character) {
-    const bool isCapital = character >= 'A' && character <= 'Z';
-    return isCapital ? static_cast<char>(character - 'A' + 'a') : character;
 }
 
 }  // namespace
@@ -64,12 +60,10 @@ void CheckedSkin::ListFolder(const std::string& folder) {
 }
 
 bool CheckedSkin::Has(std::string_view name) const {
-    const auto isIt = [name](const std::string& other) { return IsSameName(name, other); };
+    const auto isIt = [name](const std::string& other) {
+        return AsciiEqualsIgnoringCase(name, other);
+    };
     return std::ranges::any_of(fileNames_, isIt) || std::ranges::any_of(folders_, isIt);
-}
-
-bool IsSameName(std::string_view one, std::string_view other) {
-    return std::ranges::equal(one, other, {}, Lowered, Lowered);
 }
 
 }  // namespace korvane

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "platform/base/ascii.h"
 #include "tools/korvane-skin/checked_skin.h"
 #include "tools/korvane-skin/finding.h"
 
@@ -25,7 +26,7 @@ bool IsFolderName(const std::string& name) {
 bool IsTaken(const fs::path& skins, const std::string& name) {
     std::error_code failed;
     return std::ranges::any_of(fs::directory_iterator(skins, failed), [&](const auto& entry) {
-        return IsSameName(entry.path().filename().string(), name);
+        return AsciiEqualsIgnoringCase(entry.path().filename().string(), name);
     });
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/state/settings.h"
+#include "platform/base/ascii.h"
 #include "platform/headless/headless_host.h"
 #include "tools/korvane-skin/catalogue_table.h"
 #include "tools/korvane-skin/finding.h"
@@ -14,9 +15,7 @@ namespace korvane {
 namespace {
 
 char Folded(char character) {
-    if (character == '/') return '\\';
-    const bool isCapital = character >= 'A' && character <= 'Z';
-    return isCapital ? static_cast<char>(character - 'A' + 'a') : character;
+    return character == '/' ? '\\' : AsciiLower(character);
 }
 
 /// What follows in a path behind a folder; nothing when it lies elsewhere.

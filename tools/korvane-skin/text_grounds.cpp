@@ -32,8 +32,7 @@ class Scenery {
         const PictureRow& row = RowOf(file);
         const auto& picture = skin_.Picture(row).bitmap;
         if (!picture) return;
-        const RECT all{at.x, at.y, at.x + picture->size.cx, at.y + picture->size.cy};
-        const RECT seen = Intersect(all, kScreen);
+        const RECT seen = Intersect(RectAt(at, picture->size), kScreen);
         for (int y = seen.top; y < seen.bottom; ++y) {
             for (int x = seen.left; x < seen.right; ++x) {
                 const std::uint32_t pixel = PixelOf(*picture, x - at.x, y - at.y);

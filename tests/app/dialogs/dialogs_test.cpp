@@ -85,7 +85,7 @@ TEST_F(DialogsTest, TheFirstStartAsksBeforeTheWindowIsSeen) {
         const RECT area = Headless().ClientArea();
         const RECT work = Headless().WorkArea();
         EXPECT_EQ(Headless().Title(), "Advanced settings");
-        EXPECT_EQ((SIZE{area.Width(), area.Height()}), (SIZE{477, 237}));
+        EXPECT_EQ(area.Size(), (SIZE{477, 237}));
         EXPECT_NEAR(area.left - work.left, work.right - area.right, 1);
         EXPECT_NEAR(area.top - work.top, work.bottom - area.bottom, 1);
         Cancel();

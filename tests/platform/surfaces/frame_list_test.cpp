@@ -47,7 +47,7 @@ struct Call {
     POINT from = {};
     bool keyed = false;
 
-    RECT Part() const { return {from.x, from.y, from.x + area.Width(), from.y + area.Height()}; }
+    RECT Part() const { return RectAt(from, area.Size()); }
     void Record(FrameList& list) const {
         if (picture == nullptr) return list.Fill(area, fill);
         list.Copy({&picture->pixels, keyed ? &picture->runs : nullptr, picture->version},
@@ -132,7 +132,7 @@ class RandomFrames {
                                                       : RandomPart(random_, picture.pixels.Size());
         const int x = Between(random_, 0, kScreen.cx - part.Width());
         const int y = Between(random_, 0, kScreen.cy - part.Height());
-        return {.area = {x, y, x + part.Width(), y + part.Height()},
+        return {.area = RectAt({x, y}, part.Size()),
                 .picture = &picture,
                 .from = {part.left, part.top},
                 .keyed = Between(random_, 0, 3) != 0};
@@ -144,8 +144,8 @@ class RandomFrames {
         for (int y = 10; y + kTile.cy <= kScreen.cy; y += kTile.cy) {
             frame_.push_back(RandomCall());
             for (int x = 10; x + kTile.cx <= kScreen.cx; x += kTile.cx)
-                frame_.push_back({.area = {x, y, x + kTile.cx, y + kTile.cy},
-                                  .fill = static_cast<std::uint32_t>(random_())});
+                frame_.push_back(
+                    {.area = RectAt({x, y}, kTile), .fill = static_cast<std::uint32_t>(random_())});
         }
     }
 

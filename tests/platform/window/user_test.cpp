@@ -61,10 +61,9 @@ class UserTest : public testing::Test {
 TEST_F(UserTest, OuterSizeFrameAndClientAgree) {
     EXPECT_EQ(GetClientRect(window), (RECT{0, 0, 640, 480}));
     const RECT outer = GetWindowRect(window);
-    EXPECT_EQ((SIZE{outer.Width(), outer.Height()}), (SIZE{648, 507}));
+    EXPECT_EQ(outer.Size(), (SIZE{648, 507}));
     const RECT grown = AdjustWindowRectEx({0, 0, 640, 480}, WS_CAPTION | WS_THICKFRAME, true, 0);
-    EXPECT_EQ((SIZE{grown.Width(), grown.Height()}),
-              (SIZE{648, 507 + GetSystemMetrics(SM_CYMENU)}));
+    EXPECT_EQ(grown.Size(), (SIZE{648, 507 + GetSystemMetrics(SM_CYMENU)}));
     SetWindowPos(window, {30, 40}, {}, SWP_NOSIZE);
     EXPECT_EQ(GetWindowRect(window), (RECT{30, 40, 678, 547}));
     EXPECT_EQ(ClientToScreen(window, {1, 2}), (POINT{35, 65}));
