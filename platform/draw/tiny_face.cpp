@@ -9,7 +9,7 @@ constexpr int kPerBand = 13;
 constexpr char32_t kFirst = ' ';
 constexpr char32_t kLast = '_';
 
-/// Bands of 13 characters from blank to underscore, in the order of their codes.
+/// The characters from blank to underscore in the order of their codes, 13 in a band of seven rows.
 constexpr const char* kFace[] = {
     // clang-format off
     "..... ..#.. .#.#. .#.#. ..#.. ##..# .##.. ..#.. ...#. .#... ..... ..... .....",
