@@ -11,6 +11,8 @@ namespace korvane {
 namespace {
 
 constexpr std::uint32_t kExpectedVersion = 0x00050001;
+/// The interface has an argument for each of these. The library looks at neither: it knows one
+/// device and one way to open it.
 constexpr int kDefaultDevice = -1;
 constexpr std::uint32_t kInitFlags = 0x10;
 

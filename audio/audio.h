@@ -2,11 +2,11 @@
 
 namespace korvane {
 
-/// Opens the sound device and loads the music of the current skin; returns `audioReady`. The user
-/// is told what fails, and the game goes on without it.
+/// Opens the sound device and loads the music of the current skin; returns `audioReady`. What fails
+/// is shown in a box, and the game goes on without it.
 bool StartAudio();
 
-/// Ends and frees the music and closes the device; `audioReady` is false from then on.
+/// Stops and frees the music and closes the device; `audioReady` is false from then on.
 void StopAudio();
 
 }  // namespace korvane

@@ -4,7 +4,7 @@
 
 namespace korvane {
 
-/// Tells the user what could not be had, with the audio library's code of its last failure.
+/// Shows an error box: the text, and the audio library's code of its last failure.
 void ShowAudioError(const std::string& text);
 
 }  // namespace korvane

@@ -7,7 +7,7 @@
 
 namespace korvane {
 
-/// The largest module.txt that is opened: eight lines, and whatever stands below them.
+/// The largest module.txt that is opened. Eight lines count; below them there may be a long text.
 inline constexpr std::size_t kMaxModuleTextBytes = std::size_t{1} << 20;
 
 /// Which module plays, and from which of its orders on each kind of screen.

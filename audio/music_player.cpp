@@ -10,8 +10,8 @@
 namespace korvane {
 namespace {
 
-constexpr std::uint32_t kLoadFlags = 1;
-constexpr std::uint32_t kPlayFlags = 4;
+constexpr std::uint32_t kLoadFlags = 1;  ///< volume changes without clicks
+constexpr std::uint32_t kPlayFlags = 4;  ///< repeat for ever
 
 HMUSIC LoadModule(const std::string& folder, const ModuleChoice& choice) {
     return BASS_MusicLoad(/*fromMemory=*/false, folder + choice.fileName, 0, 0, kLoadFlags);

@@ -20,29 +20,23 @@ class MusicPlayer {
     /// Loads the module that the current skin names, or else the Original's, and stops the one that
     /// played. False when neither can be loaded; true also without a sound device.
     bool Load();
-    /// Starts the music at the current screen's position; a negative one counts as 0. Does no more
-    /// than note that music should play while it is switched off or none is loaded. False when the
-    /// module could not be played.
+    /// Starts the music at the current screen's position; a negative one counts as 0. While music
+    /// is switched off or none is loaded, only the wish is kept. False when the module could not be
+    /// played.
     bool Play();
     void Stop();
-    /// While the window is inactive; Resume goes on at the same place.
+    /// For a window that is not active.
     void Pause();
+    /// Goes on where Pause stopped. Music that was stopped stays silent.
     void Resume();
-    /// Another screen starts the music at its position, a negative one as it stands (the library
-    /// then plays on from where it is); the same screen changes nothing. While the music is
-    /// switched off the screen is only noted, and so is one without a position of its own.
+    /// Another screen starts the music at its position; a negative position plays on from where the
+    /// music stands. The same screen changes nothing. While music is switched off the screen is
+    /// only remembered, and so is a screen without a position of its own.
     void SetScreen(MusicScreen screen);
-    /// Notes the screen without playing.
+    /// Remembers the screen without playing.
     void SetScreenQuiet(MusicScreen screen) { screen_ = screen; }
     /// Takes the module out of the library; the next Load brings another.
     void Free();
-
-    const ModuleChoice& Choice() const { return choice_; }
-    MusicScreen Screen() const { return screen_; }
-    /// Started and not stopped since.
-    bool IsPlaying() const { return playing_; }
-    /// A module was loaded at least once.
-    bool IsLoaded() const { return loaded_; }
 
   private:
     /// The position of the current screen, as module.txt gives it.
@@ -52,8 +46,8 @@ class MusicPlayer {
 
     MusicScreen screen_ = MusicScreen::Menu;
     HMUSIC module_ = 0;
-    bool loaded_ = false;
-    bool playing_ = false;
+    bool loaded_ = false;   ///< a module was loaded at least once
+    bool playing_ = false;  ///< started and not stopped since
     ModuleChoice choice_;
 };
 

@@ -7,8 +7,9 @@
 namespace korvane {
 namespace {
 
+/// Never reached: an effect is cut before it is played again.
 constexpr std::uint32_t kSimultaneous = 3;
-constexpr std::uint32_t kLoadFlags = 0x20000;
+constexpr std::uint32_t kLoadFlags = 0x20000;  ///< one playback too many ends the oldest
 
 HSAMPLE Load(const std::string& path) {
     return BASS_SampleLoad(/*fromMemory=*/false, path, 0, 0, kSimultaneous, kLoadFlags);

@@ -7,12 +7,12 @@
 
 namespace korvane {
 
-/// Whether the sound of an event (one of the kSfx... bits) is to be played now: sound effects are
-/// switched on, there is a sound device, and the user wants to hear this event.
+/// Whether the sound of an event (one of the kSfx... bits) is to be played: sound effects are on,
+/// there is a sound device, and the user has not switched this event off.
 bool MayPlay(std::uint8_t event);
 
-/// A short sound of the skin. Without a sound device it stays silent, and so does one whose file
-/// neither the skin nor the Original has; only the latter is told to the user.
+/// A short sound of the skin. It is silent without a sound device, and when neither the skin nor
+/// the Original has its file; an error box shows a missing file.
 class SoundEffect {
   public:
     /// `file` is relative to the skin's Audio folder.
@@ -21,7 +21,7 @@ class SoundEffect {
     SoundEffect(const SoundEffect&) = delete;
     SoundEffect& operator=(const SoundEffect&) = delete;
 
-    /// From the beginning; what still sounds of the last time is cut.
+    /// Plays from the beginning and cuts what still sounds of the last time.
     void Play();
 
   private:

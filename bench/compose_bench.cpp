@@ -17,7 +17,7 @@
 namespace korvane::bench {
 namespace {
 
-/// True when both have drawn the same picture; a contest between different pictures is void.
+/// True when both have drawn the same picture; otherwise their times cannot be compared.
 bool SamePicture(const FrameDrawer& a, const FrameDrawer& b) {
     for (int y = 0; y < kScreenSize.cy; ++y) {
         for (int x = 0; x < kScreenSize.cx; ++x) {

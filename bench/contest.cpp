@@ -7,8 +7,9 @@
 namespace korvane::bench {
 namespace {
 
-/// Long enough for the clock's resolution, short enough that all contestants see the same machine.
-constexpr int kFramesPerSpell = 8;
+/// Long enough for the clock's resolution, short enough that the machine's speed changes little
+/// while all contestants have their turn.
+constexpr int kFramesPerRun = 8;
 
 }  // namespace
 
@@ -20,17 +21,17 @@ void Contest::Round() {
     for (Contestant& contestant : contestants_) {
         contestant.frame();
         const auto start = std::chrono::steady_clock::now();
-        for (int i = 0; i < kFramesPerSpell; ++i)
+        for (int i = 0; i < kFramesPerRun; ++i)
             contestant.frame();
-        const std::chrono::duration<double> spell = std::chrono::steady_clock::now() - start;
-        contestant.spells.push_back(spell.count() / kFramesPerSpell);
+        const std::chrono::duration<double> run = std::chrono::steady_clock::now() - start;
+        contestant.runs.push_back(run.count() / kFramesPerRun);
     }
 }
 
 double Contest::Median(std::size_t contestant) const {
-    std::vector<double> spells = contestants_[contestant].spells;
-    const auto middle = spells.begin() + static_cast<std::ptrdiff_t>(spells.size() / 2);
-    std::nth_element(spells.begin(), middle, spells.end());
+    std::vector<double> runs = contestants_[contestant].runs;
+    const auto middle = runs.begin() + static_cast<std::ptrdiff_t>(runs.size() / 2);
+    std::nth_element(runs.begin(), middle, runs.end());
     return *middle;
 }
 

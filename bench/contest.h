@@ -6,25 +6,25 @@
 
 namespace korvane::bench {
 
-/// Times several ways to do the same work against each other: they take turns in short spells, so
-/// that a slow second of the machine hits all of them, and the median spell of each counts.
+/// Compares the times of several ways to do the same work. They take turns in short runs, so that a
+/// slow second of the machine hits all of them, and the median run of each counts.
 class Contest {
   public:
-    /// The first contestant is number 0.
+    /// Adds a contestant; the first is number 0.
     void Enter(std::function<void()> frame);
 
-    /// One spell of each contestant: a frame to warm the caches, then a number of timed ones.
+    /// One run of each contestant: a frame to warm the caches, then some timed ones.
     void Round();
 
-    /// Seconds per frame in the contestant's median spell; at least one round was run.
+    /// Seconds per frame in the contestant's median run; only after a round.
     double Median(std::size_t contestant) const;
     /// Seconds per frame in the last round.
-    double Last(std::size_t contestant) const { return contestants_[contestant].spells.back(); }
+    double Last(std::size_t contestant) const { return contestants_[contestant].runs.back(); }
 
   private:
     struct Contestant {
         std::function<void()> frame;
-        std::vector<double> spells;
+        std::vector<double> runs;
     };
 
     std::vector<Contestant> contestants_;

@@ -37,7 +37,7 @@ bool WaitForMiddle(Display* display, bool lit) {
     const auto start = Clock::now();
     while (IsMiddleLit(display) != lit) {
         if (Clock::now() - start > kLimit) return false;
-        // Looking without a pause would take a processor from the program and one from the server.
+        // Looking without a pause would keep two processors busy: this program's and the server's.
         std::this_thread::sleep_for(kPause);
     }
     return true;
@@ -54,7 +54,7 @@ double TimeToPicture(Display* display, const char* program) {
     }
     const bool shown = WaitForMiddle(display, true);
     const std::chrono::duration<double, std::milli> passed = Clock::now() - start;
-    kill(child, SIGKILL);  // at once, whatever it does at that moment
+    kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
     return shown ? passed.count() : -1;
 }
@@ -68,7 +68,7 @@ double Median(std::vector<double> times) {
 
 int main(int argc, char** argv) {
     const int rounds = argc == 4 ? std::atoi(argv[1]) : 0;
-    // Whoever has no sound device would see a message box instead of the picture.
+    // Without a sound device a message box would come up instead of the picture.
     setenv("SDL_AUDIODRIVER", "dummy", /*overwrite=*/0);
     Display* display = XOpenDisplay(nullptr);
     if (rounds < 1 || !display) {

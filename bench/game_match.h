@@ -14,12 +14,12 @@ namespace korvane::bench {
 /// the working directory. There can be one at a time.
 class GameMatch {
   public:
-    /// Both boards have been played on for half a minute.
+    /// Plays the first half minute, so that figures lie on both boards.
     GameMatch();
 
     /// One frame of the rules, 10 ms after the last; a finished game starts anew.
     void Advance();
-    /// What the game draws for the present frame. The pictures live as long as the match.
+    /// What the game draws for the present frame. The pictures exist as long as the match.
     RecordedFrame Capture();
 
   private:

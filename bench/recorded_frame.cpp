@@ -71,7 +71,6 @@ MemcpyFloor::MemcpyFloor(SIZE size, const RecordedFrame& frame) : target_(size, 
 
 void MemcpyFloor::AddRow(const Operation& operation, int y, std::size_t bytes) {
     if (bytes == 0) return;
-    bytesWritten_ += bytes;
     std::byte* const to = target_.At({operation.area.left, operation.area.top + y});
     if (operation.picture != nullptr) {
         const POINT from = {operation.from.x, operation.from.y + y};

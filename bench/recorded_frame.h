@@ -72,18 +72,15 @@ class ListDrawer : public FrameDrawer {
 /// Records a frame's operations; a picture's version is its place in memory.
 void Record(FrameList& list, const RecordedFrame& frame);
 
-/// Moves as many bytes as the frame writes and decides nothing: for each operation and each of its
-/// rows one memcpy of 4 bytes per pixel that the operation writes there (of a keyed copy only the
-/// opaque ones, as if they stood side by side), from the row's place in the picture to its place
-/// in the target. A fill is a memset, which reads nothing, in one piece where the rows adjoin. All
-/// lengths are found beforehand. This is the floor for drawing the operations one by one with
-/// library copies; it draws no picture.
+/// The least time for drawing the operations one by one with the library's copies: it moves as many
+/// bytes as the frame writes, and all lengths are computed beforehand. Each row of an operation is
+/// one memcpy of 4 bytes for every pixel that is written there; the opaque pixels of a keyed copy
+/// are moved as if they stood side by side, so no right picture comes out. A fill is a memset, in
+/// one piece where its rows adjoin.
 class MemcpyFloor {
   public:
     MemcpyFloor(SIZE size, const RecordedFrame& frame);
     void Draw();
-    /// Bytes that one frame writes.
-    std::size_t BytesWritten() const { return bytesWritten_; }
 
   private:
     struct Move {
@@ -96,7 +93,6 @@ class MemcpyFloor {
 
     PixelBuffer target_;
     std::vector<Move> moves_;
-    std::size_t bytesWritten_ = 0;
 };
 
 }  // namespace korvane::bench

@@ -9,7 +9,8 @@ namespace {
 
 constexpr int kCell = 16;
 
-/// A colour that is not the key, different from pixel to pixel.
+/// A colour that is not the key, different from pixel to pixel: a multiplicative hash (2^32 divided
+/// by the golden ratio) spreads the coordinates over all bits.
 std::uint32_t Shade(int x, int y) {
     return (static_cast<std::uint32_t>(x * 7 + y * 13) * 0x9E3779B1u >> 8 & 0x00FFFFFF) | 0x010101;
 }

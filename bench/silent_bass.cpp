@@ -3,7 +3,8 @@
 #include "platform/sound/bass.h"
 #include "platform/sound/music_stream.h"
 
-// A sound library that is always there and never heard: what the program takes without its sound.
+// A sound library that does nothing and never fails. Linked into the program, it shows what the
+// program needs without its sound.
 
 namespace korvane {
 

@@ -18,17 +18,17 @@ constexpr const char* kFolder = "Skins\\Original\\Audio\\";
 
 void Open() {
     Headless().UseFolder("");
-    BASS_Init(-1, kSoundRate, 0x10, nullptr);
+    BASS_Init(-1, kSoundRate, /*flags=*/0, nullptr);
 }
 
 HMUSIC LoadModule() {
-    return BASS_MusicLoad(false, std::string(kFolder) + "sniffit.xm", 0, 0, 1);
+    return BASS_MusicLoad(false, std::string(kFolder) + "sniffit.xm", 0, 0, /*flags=*/0);
 }
 
-/// Until the first frame: a module is opened when it is first played.
+/// Renders one frame too, because a module is opened when it is first played.
 void LoadPlayAndFree() {
     const HMUSIC music = LoadModule();
-    BASS_MusicPlayEx(music, 0, 4, true);
+    BASS_MusicPlayEx(music, 0, /*flags=*/0, true);
     benchmark::DoNotOptimize(Headless().Hear(1).data());
     BASS_MusicFree(music);
 }
@@ -60,11 +60,11 @@ void Load(benchmark::State& state, double first) {
 void Mix(benchmark::State& state, bool music, int samples) {
     Open();
     const HMUSIC module = LoadModule();
-    if (music) BASS_MusicPlayEx(module, 8, 4, true);
+    if (music) BASS_MusicPlayEx(module, 8, /*flags=*/0, true);
     std::vector<HSAMPLE> loaded;
     for (int i = 0; i < samples; ++i)
         loaded.push_back(
-            BASS_SampleLoad(false, std::string(kFolder) + "NewLevel.wav", 0, 0, 3, 0x20000));
+            BASS_SampleLoad(false, std::string(kFolder) + "NewLevel.wav", 0, 0, 3, /*flags=*/0));
     std::vector<HCHANNEL> channels(loaded.size());
     for (auto _ : state) {
         for (std::size_t i = 0; i < loaded.size(); ++i)

@@ -2,8 +2,8 @@
 
 namespace korvane::bench {
 
-/// Loads the skin's module once, in the heap that the program has, and registers what measures the
-/// sound. To be called before anything else, so that the first load is the process's first.
+/// Loads the skin's module once, with the heap settings of the program, and registers the sound
+/// benchmarks. To be called first, so that this load is the first of the process.
 void RegisterSoundBenchmarks();
 
 }  // namespace korvane::bench

@@ -27,8 +27,8 @@ MemoryFiles::Contents& Disk() {
     return *contents;
 }
 
-/// Loads a file of any content and saves it; what was saved must stay as it is when it is loaded
-/// and saved again.
+/// Loads a file of any content and saves it. What was saved must not change when it is loaded and
+/// saved again.
 template <class LoadAndSave>
 void CheckSettles(const std::string& path, Bytes content, LoadAndSave loadAndSave) {
     Disk().insert_or_assign(path, std::move(content));

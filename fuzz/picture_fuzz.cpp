@@ -46,7 +46,7 @@ void Try(std::span<const std::byte> input) {
     Expect(std::cmp_equal(bitmap->pixels.size(), count));
     Expect(count * 4 <= kMaxDecodedBytes);
     Expect(std::ranges::all_of(bitmap->pixels, [](std::uint32_t p) { return p <= 0xFFFFFF; }));
-    // Large ones have nothing more to show and take long.
+    // Larger pictures take long and find nothing more.
     constexpr std::int64_t kSmall = 256 * 256;
     if (count > kSmall) return;
     const PixelBuffer pixels = BufferOf(*bitmap);

@@ -1,4 +1,4 @@
-// A sound effect or a module from a skin: whichever the bytes are taken for.
+// A sound effect and a module from a skin. The same bytes are tried as both.
 
 #include <memory>
 #include <optional>

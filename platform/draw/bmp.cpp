@@ -30,14 +30,14 @@ std::uint32_t Byte(std::span<const std::byte> file, std::size_t at) {
 std::uint32_t Word(std::span<const std::byte> file, std::size_t at) {
     return Byte(file, at) | Byte(file, at + 1) << 8;
 }
-/// In one load, which compilers do not make of four.
+/// In one load; compilers do not turn four loads of a byte into one.
 std::uint32_t Long(std::span<const std::byte> file, std::size_t at) {
     std::uint32_t value;
     std::memcpy(&value, file.subspan(at, sizeof(value)).data(), sizeof(value));
     return std::endian::native == std::endian::little ? value : __builtin_bswap32(value);
 }
 
-/// 32-bit files of some programs name their channel masks; the usual masks change nothing.
+/// Some programs write 32-bit files with channel masks; the usual masks mean the usual pixels.
 bool HasUsualMasks(std::span<const std::byte> file) {
     constexpr std::size_t kMasks = kFileHeaderSize + kInfoHeaderSize;
     constexpr std::array<std::uint32_t, 3> kUsual = {0x00FF0000, 0x0000FF00, 0x000000FF};
@@ -102,7 +102,7 @@ std::array<std::uint32_t, 256> ReadPalette(std::span<const std::byte> file, cons
 void DecodeRow(std::span<const std::byte> row, unsigned bits,
                const std::array<std::uint32_t, 256>& palette, std::span<std::uint32_t> pixels) {
     if (bits == 24) {
-        // The row's last pixel may not have a fourth byte.
+        // The last pixel of the file has no fourth byte to load.
         for (std::size_t x = 0; x + 1 < pixels.size(); ++x)
             pixels[x] = Long(row, 3 * x) & 0x00FFFFFF;
         const std::size_t last = 3 * (pixels.size() - 1);

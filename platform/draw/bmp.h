@@ -19,13 +19,13 @@ struct DecodedBitmap {
 /// Largest side of a picture, in pixels, and largest file, in bytes.
 inline constexpr std::int32_t kMaxBitmapSide = 4096;
 inline constexpr std::size_t kMaxBitmapBytes = 16 * 1024 * 1024;
-/// Largest picture in memory: a small file of few bits per pixel may unfold to much more.
+/// Largest picture in memory, in bytes: a small file of few bits per pixel may become much larger.
 inline constexpr std::int64_t kMaxDecodedBytes = 32 * 1024 * 1024;
 
 /// Decodes a BMP file: an information header of 40 bytes or a later version's, uncompressed, 1, 4,
-/// 8 (palette), 24 or 32 bits per pixel, rows from the bottom up or from the top down. Anything
-/// else, and a file whose header promises more than the file holds, gives nothing; memory is only
-/// taken once the header has been checked against the file.
+/// 8 (palette), 24 or 32 bits per pixel, rows from the bottom up or from the top down. No value for
+/// anything else and for a file that is shorter than its header says. Memory is taken only after
+/// the header has been checked against the file.
 std::optional<DecodedBitmap> DecodeBmp(std::span<const std::byte> file);
 
 }  // namespace korvane

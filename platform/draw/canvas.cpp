@@ -9,7 +9,7 @@
 namespace korvane {
 namespace {
 
-/// A pixel 0xAARRGGBB laid over a colour.
+/// A pixel 0xAARRGGBB drawn over a colour.
 Colour Blended(Colour below, std::uint32_t above) {
     const unsigned opacity = above >> 24;
     Colour blended = 0;
@@ -85,7 +85,7 @@ void Canvas::Text(const RECT& row, std::string_view utf8, const TextLook& look) 
 void Canvas::TextOnce(const RECT& row, POINT offset, std::string_view utf8, Colour colour,
                       std::size_t underlined) {
     Typeface& typeface = TypefaceOf(scale_);
-    // From the middle in whole layer pixels, so that text lies alike in rows of the same height.
+    // Rounded to whole layer pixels, so that text stands alike in all rows of the same height.
     const int capitals = (typeface.CapitalHeight() + scale_ - 1) / scale_;
     const int baseline = row.top + (row.Height() + capitals) / 2;
     const POINT pen{(row.left + offset.x) * scale_, (baseline + offset.y) * scale_};

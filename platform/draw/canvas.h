@@ -36,7 +36,7 @@ inline constexpr Bevel kButtonBevel = {kLightColour, kSoftLightColour, kShadowCo
 
 inline constexpr Bevel kSunkenBevel = {kShadowColour, kDarkColour, kSoftLightColour, kLightColour};
 
-/// Text of the classic desktop: what is greyed is embossed.
+/// How text looks on the classic desktop, where greyed text is embossed.
 struct TextLook {
     static constexpr std::size_t kNothing = std::string_view::npos;
 
@@ -45,12 +45,12 @@ struct TextLook {
     std::size_t underlined = kNothing;  ///< index of the byte that is the mnemonic
 };
 
-/// Height and width in layer pixels that a line of text takes, rounded up.
+/// Height and width of a line of text in layer pixels, rounded up.
 inline constexpr int kTextLineHeight = 16;
 int TextWidth(std::string_view utf8, int scale);
 
 /// A picture that is drawn in layer pixels but holds `scale` x `scale` screen pixels for each, so
-/// that text and thin lines are as fine as the screen. Whatever leaves the picture is cut.
+/// that text and thin lines are as fine as the screen. Drawing is clipped to it.
 class Canvas {
   public:
     /// Black.
@@ -73,7 +73,8 @@ class Canvas {
     void Text(const RECT& row, std::string_view utf8, const TextLook& look);
     /// A picture of 0xAARRGGBB pixels, stretched to an area.
     void Picture(const RECT& area, const PictureView& picture);
-    /// The largest disc in a square area, its left top half and the other of their own colours.
+    /// The largest disc in a square area, with one colour for its left top half and one for the
+    /// other.
     void Disc(const RECT& square, Colour leftTop, Colour rightBottom);
     void Disc(const RECT& square, Colour colour) { Disc(square, colour, colour); }
     /// A cross of two strokes in a square area.

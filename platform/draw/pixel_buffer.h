@@ -10,19 +10,19 @@
 namespace korvane {
 
 /// The memory of one surface: rows of pixels from top to bottom, each pixel a number of 1, 2 or 4
-/// bytes in the machine's byte order. What the numbers mean (palette entries, colour bits) is the
-/// owner's business.
+/// bytes in the machine's byte order. The owner knows what the numbers mean (palette entries,
+/// colour bits).
 ///
 /// A buffer that was moved from may only be assigned to or destroyed.
 class PixelBuffer {
   public:
-    /// Rows start at multiples of this many bytes: one cache line, and what the widest copies like.
+    /// Rows start at multiples of this many bytes: one cache line, so that wide copies stay fast.
     static constexpr std::size_t kRowAlignment = 64;
 
     /// Without pixels: 0 x 0.
     PixelBuffer() = default;
     /// All pixels 0. Neither side may be negative; bytesPerPixel is 1, 2 or 4.
-    /// Throws std::bad_alloc when the memory is not there.
+    /// Throws std::bad_alloc when there is not enough memory.
     PixelBuffer(SIZE size, int bytesPerPixel);
 
     SIZE Size() const { return size_; }
@@ -39,8 +39,8 @@ class PixelBuffer {
     std::byte* At(POINT point) { return Row(point.y) + OffsetInRow(point.x); }
     const std::byte* At(POINT point) const { return Row(point.y) + OffsetInRow(point.x); }
 
-    /// One pixel; slow, for readers of single pixels. Bits beyond the pixel's bytes read as 0 and
-    /// are dropped when written.
+    /// One pixel. Slow: not for loops over whole pictures. Bits beyond the pixel's bytes read as 0
+    /// and are dropped when written.
     std::uint32_t Pixel(POINT point) const;
     void SetPixel(POINT point, std::uint32_t value);
 

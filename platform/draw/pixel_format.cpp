@@ -48,8 +48,8 @@ unsigned SquaredDistance(std::uint32_t a, std::uint32_t b) {
     return square(Red(a), Red(b)) + square(Green(a), Green(b)) + square(Blue(a), Blue(b));
 }
 
-/// The nearest entry of the cube and the greys on both sides of the colour's mean; of equals the
-/// first.
+/// The nearest of the cube's entry and the greys around the colour's mean. Of entries that are
+/// equally near, the first.
 std::uint32_t NearestInPalette(std::uint32_t rgb) {
     const auto step = [](unsigned level) { return (level + kCubeStep / 2) / kCubeStep; };
     const unsigned cube =

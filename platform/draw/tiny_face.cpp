@@ -10,7 +10,7 @@ constexpr int kPerBand = 13;
 constexpr char kFirst = ' ';
 constexpr char kLast = '_';
 
-/// Bands of 13 characters from blank to underscore, in the order of their codes.
+/// The characters from blank to underscore in the order of their codes, 13 in a band of seven rows.
 constexpr const char* kFace[] = {
     // clang-format off
     "..... ..#.. .#.#. .#.#. ..#.. ##..# .##.. ..#.. ...#. .#... ..... ..... .....",

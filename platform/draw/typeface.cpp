@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kPixelSize = 13;
 
-/// Where the usual distributions put the face.
+/// Where Linux distributions install the face.
 constexpr const char* kFontFiles[] = {
     "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf",
     "/usr/share/fonts/dejavu-sans-fonts/DejaVuSans.ttf",
@@ -21,7 +21,7 @@ constexpr const char* kFontFiles[] = {
 
 }  // namespace
 
-/// A face of a font file, open as long as its characters may be asked for.
+/// An open font file.
 struct Typeface::FontFile {
     FT_Library library = nullptr;
     FT_Face face = nullptr;
@@ -64,11 +64,6 @@ Typeface::Typeface(int scale) : scale_(scale) {
         file_ = std::move(file);
         return;
     }
-}
-
-Typeface::Typeface(const char* fontFile, int scale) : scale_(scale) {
-    auto file = std::make_unique<FontFile>();
-    if (file->Open(fontFile, kPixelSize * scale)) file_ = std::move(file);
 }
 
 Typeface::~Typeface() = default;

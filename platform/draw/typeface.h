@@ -22,18 +22,16 @@ struct Glyph {
     int Height() const { return width == 0 ? 0 : static_cast<int>(dots.size()) / width; }
 };
 
-/// A glyph of the layer's own small face of 5 x 7 dots, each dot `dotSize` pixels wide and high;
-/// small letters look like capitals, and what the face lacks like a question mark.
+/// A glyph of the layer's own small face of 5 x 7 dots, each dot `dotSize` pixels wide and high.
+/// Small letters look like capitals; characters that the face lacks look like a question mark.
 Glyph TinyGlyph(char32_t character, int dotSize);
 
-/// The text of menus and message boxes in one size, without grey edges: plain dots that stay crisp
-/// beside the 1-pixel lines round them.
+/// The text of menus and message boxes in one size. It is drawn without smoothing, to be as crisp
+/// as the 1-pixel lines around it.
 class Typeface {
   public:
     /// The desktop's usual face at 13 pixels times `scale`, or the tiny one where it is missing.
     explicit Typeface(int scale);
-    /// The same from a font file of the caller's.
-    Typeface(const char* fontFile, int scale);
     ~Typeface();
     Typeface(const Typeface&) = delete;
     Typeface& operator=(const Typeface&) = delete;
@@ -43,7 +41,7 @@ class Typeface {
     int Width(std::string_view utf8);
     /// The height of capitals above the baseline, in pixels.
     int CapitalHeight();
-    /// Draws on a buffer of 32-bit pixels; what leaves it is cut.
+    /// Draws on a buffer of 32-bit pixels, clipped to it.
     void Draw(PixelBuffer& target, POINT baseline, std::string_view utf8, std::uint32_t pixel);
 
   private:

@@ -227,14 +227,6 @@ bool HeadlessHost::OpenSound(SoundSource& source) {
     return true;
 }
 
-void HeadlessHost::NoteSoundCall(const SoundCall& call) {
-    std::string line(call.function.substr(std::string_view("BASS_").size()));
-    if (call.handle != 0) line += ' ' + std::to_string(call.handle);
-    if (!call.path.empty()) line.append(" ").append(call.path);
-    if (call.position) line += ' ' + std::to_string(*call.position);
-    soundJournal_.push_back(std::move(line));
-}
-
 std::vector<std::int16_t> HeadlessHost::Hear(std::size_t frames) {
     constexpr std::size_t kBuffer = std::size_t{kSoundBufferFrames} * kSoundChannels;
     std::vector<std::int16_t> heard(frames * kSoundChannels);

@@ -60,9 +60,6 @@ class HeadlessHost final : public Host {
     /// samples that were heard. Silence while there is no device or it is lost.
     std::vector<std::int16_t> Hear(std::size_t frames);
     bool IsSoundOpen() const { return sound_ != nullptr; }
-    /// What was asked of the sound, in order: a function's name without "BASS_" and, if it takes
-    /// them, its handle, path and position, with blanks between them.
-    const std::vector<std::string>& SoundJournal() const { return soundJournal_; }
 
     // Faults on request. -------------------------------------------------------------------------
     /// The results of the next presents, then 0 again. DDERR_SURFACELOST makes the picture black.
@@ -111,7 +108,6 @@ class HeadlessHost final : public Host {
     void Report(const std::string& caption, const std::string& text) override;
     bool OpenSound(SoundSource& source) override;
     void CloseSound() override { sound_ = nullptr; }
-    void NoteSoundCall(const SoundCall& call) override;
     Files& GameFiles() override;
 
     const std::string& Title() const { return title_; }
@@ -161,7 +157,6 @@ class HeadlessHost final : public Host {
     bool refuseFullScreen_ = false;
 
     SoundSource* sound_ = nullptr;
-    std::vector<std::string> soundJournal_;
     bool refuseSound_ = false;
     bool soundLost_ = false;
 };

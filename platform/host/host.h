@@ -65,14 +65,6 @@ struct DisplayMode {
     int refreshHz = 0;
 };
 
-/// A call of the layer that asks for something of the sound (platform/bass.h).
-struct SoundCall {
-    std::string_view function;
-    std::uint32_t handle = 0;  ///< 0 where the function takes none
-    std::string_view path = {};
-    std::optional<std::int32_t> position = std::nullopt;
-};
-
 /// The machine under the game: clock, the one window and its events, picture and sound out, files.
 ///
 /// Every size and point is in layer pixels: screen pixels divided by Scale(), a whole number from 1
@@ -149,8 +141,6 @@ class Host {
     virtual bool OpenSound(SoundSource& source) = 0;
     /// The source is not asked any more when this returns; does nothing without a device.
     virtual void CloseSound() = 0;
-    /// Told of every call before it is carried out, for machines that keep a journal.
-    virtual void NoteSoundCall(const SoundCall& /*call*/) {}
 
     // Files. -------------------------------------------------------------------------------------
     virtual Files& GameFiles() = 0;

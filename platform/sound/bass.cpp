@@ -36,15 +36,11 @@ struct AudioLibrary {
     bool open = false;
 };
 
-/// Never destroyed: sounds that static objects own may be freed after any other static object has
-/// ended, and the device's thread may render until the host has.
+/// Never destroyed: static objects may free their sounds after every other static object has been
+/// destroyed, and the device's thread may render until the host is destroyed.
 AudioLibrary& Library() {
     static auto* const library = new AudioLibrary;
     return *library;
-}
-
-void Note(const SoundCall& call) {
-    TheHost().NoteSoundCall(call);
 }
 
 bool Fail(AudioError error) {
@@ -57,7 +53,7 @@ std::shared_ptr<MusicStream> FindMusic(HMUSIC handle) {
     return found == Library().music.end() ? nullptr : found->second;
 }
 
-/// Carries out a change of the music of that handle.
+/// Calls `change` with the module of that handle; false when there is none.
 template <typename Change>
 bool ChangeMusic(HMUSIC handle, Change change) {
     const std::shared_ptr<MusicStream> stream = FindMusic(handle);
@@ -66,8 +62,8 @@ bool ChangeMusic(HMUSIC handle, Change change) {
     return true;
 }
 
-/// What `load` makes of a file's bytes; an empty result, and the reason noted, when either cannot
-/// be had.
+/// What `load` makes of a file's bytes. When the file cannot be read or loaded the result is empty
+/// and the error code is set.
 template <typename Load, typename Result = std::invoke_result_t<Load, std::vector<std::byte>>>
 Result LoadFile(const std::string& path, std::size_t cap, Load load) {
     AudioError error = Library().open ? kAudioFile : kAudioDevice;
@@ -94,7 +90,7 @@ void Close() {
     library.samples.clear();
 }
 
-/// Ends a module, a playback or all playbacks of a sample.
+/// Stops a module, a playback or all playbacks of a sample.
 bool Stop(std::uint32_t handle) {
     AudioLibrary& library = Library();
     if (const auto sample = library.samples.find(handle); sample != library.samples.end()) {
@@ -108,7 +104,7 @@ bool Stop(std::uint32_t handle) {
     return ChangeMusic(handle, [&](MusicStream& stream) { library.mixer.StopMusic(stream); });
 }
 
-/// Where a start at a position begins; nothing for where the music stands.
+/// The order that a start at a position begins with; none: play on from where the music stands.
 std::optional<int> StartOrder(std::int32_t position) {
     return position < 0 ? std::nullopt : std::optional<int>(position);
 }
@@ -123,10 +119,7 @@ int BASS_ErrorGetCode() {
     return Library().error;
 }
 
-// Device. ----------------------------------------------------------------------------------------
-
 int BASS_Init(int /*device*/, std::uint32_t /*rate*/, std::uint32_t /*flags*/, HWND /*window*/) {
-    Note({.function = __func__});
     Close();
     AudioLibrary& library = Library();
     library.open = TheHost().OpenSound(library.mixer);
@@ -135,26 +128,20 @@ int BASS_Init(int /*device*/, std::uint32_t /*rate*/, std::uint32_t /*flags*/, H
 }
 
 bool BASS_Start() {
-    Note({.function = __func__});
     return Library().open || Fail(kAudioDevice);
 }
 
 bool BASS_Stop() {
-    Note({.function = __func__});
     Library().mixer.StopAll();
     return Library().open || Fail(kAudioDevice);
 }
 
 void BASS_Free() {
-    Note({.function = __func__});
     Close();
 }
 
-// Music. -----------------------------------------------------------------------------------------
-
 HMUSIC BASS_MusicLoad(bool /*fromMemory*/, const std::string& path, std::uint32_t /*offset*/,
                       std::uint32_t /*length*/, std::uint32_t /*flags*/) {
-    Note({.function = __func__, .path = path});
     std::shared_ptr<MusicStream> stream = LoadFile(path, kMaxModuleBytes, OpenModuleLater);
     if (!stream) return 0;
     AudioLibrary& library = Library();
@@ -164,23 +151,18 @@ HMUSIC BASS_MusicLoad(bool /*fromMemory*/, const std::string& path, std::uint32_
 
 bool BASS_MusicPlayEx(HMUSIC music, std::int32_t position, std::uint32_t /*flags*/,
                       bool /*reset*/) {
-    Note({.function = __func__, .handle = music, .position = position});
     const std::shared_ptr<MusicStream> stream = FindMusic(music);
     if (!stream) return Fail(kAudioHandle);
     return Library().mixer.StartMusic(stream, StartOrder(position)) || Fail(kAudioSlow);
 }
 
 void BASS_MusicFree(HMUSIC music) {
-    Note({.function = __func__, .handle = music});
     ChangeMusic(music, [](MusicStream& stream) { Library().mixer.StopMusic(stream); });
     Library().music.erase(music);
 }
 
-// Samples. ---------------------------------------------------------------------------------------
-
 HSAMPLE BASS_SampleLoad(bool /*fromMemory*/, const std::string& path, std::uint32_t /*offset*/,
                         std::uint32_t /*length*/, std::uint32_t limit, std::uint32_t /*flags*/) {
-    Note({.function = __func__, .path = path});
     std::optional<Sample> sample = LoadFile(path, kMaxWavBytes, LoadSample);
     if (!sample) return 0;
     AudioLibrary& library = Library();
@@ -190,7 +172,6 @@ HSAMPLE BASS_SampleLoad(bool /*fromMemory*/, const std::string& path, std::uint3
 }
 
 HCHANNEL BASS_SamplePlay(HSAMPLE sample) {
-    Note({.function = __func__, .handle = sample});
     AudioLibrary& library = Library();
     const auto found = library.samples.find(sample);
     if (found == library.samples.end()) {
@@ -203,7 +184,6 @@ HCHANNEL BASS_SamplePlay(HSAMPLE sample) {
 }
 
 void BASS_SampleFree(HSAMPLE sample) {
-    Note({.function = __func__, .handle = sample});
     if (!Library().samples.contains(sample)) {
         Fail(kAudioHandle);
         return;
@@ -212,8 +192,6 @@ void BASS_SampleFree(HSAMPLE sample) {
     Library().samples.erase(sample);
 }
 
-// Channels. --------------------------------------------------------------------------------------
-
 bool BASS_ChannelIsActive(std::uint32_t handle) {
     Mixer& mixer = Library().mixer;
     if (const auto stream = FindMusic(handle)) return mixer.IsMusicPlaying(*stream);
@@ -221,17 +199,14 @@ bool BASS_ChannelIsActive(std::uint32_t handle) {
 }
 
 bool BASS_ChannelStop(std::uint32_t handle) {
-    Note({.function = __func__, .handle = handle});
     return Stop(handle);
 }
 
 bool BASS_ChannelPause(std::uint32_t handle) {
-    Note({.function = __func__, .handle = handle});
     return ChangeMusic(handle, [](MusicStream& stream) { Library().mixer.PauseMusic(stream); });
 }
 
 bool BASS_ChannelResume(std::uint32_t handle) {
-    Note({.function = __func__, .handle = handle});
     return ChangeMusic(handle, [](MusicStream& stream) { Library().mixer.ResumeMusic(stream); });
 }
 

@@ -29,19 +29,20 @@ std::uint32_t BASS_GetVersion();
 /// Why the last call that failed did so.
 int BASS_ErrorGetCode();
 
-/// Opens the sound device; 1, or 0 without one. There is one device and one rate: `device`, `rate`
-/// and `flags` choose nothing, and `window` needs no telling.
+/// Opens the sound device; 1, or 0 without one. There is one device and one rate, so all four
+/// arguments are ignored.
 int BASS_Init(int device, std::uint32_t rate, std::uint32_t flags, HWND window);
-/// Sound runs from BASS_Init on; false without a device.
+/// Does nothing, as sound runs from BASS_Init on; false without a device.
 bool BASS_Start();
-/// Ends everything that sounds; what is loaded stays.
+/// Stops everything that sounds; what is loaded stays loaded.
 bool BASS_Stop();
 /// Closes the device and frees whatever is loaded.
 void BASS_Free();
 
-// Loading takes a file by its path below the game's folder, whole: `fromMemory` must be false,
-// `offset` and `length` 0. What the flags ask for (ramping, looping, an override of the oldest
-// playback) is how this library always plays. 0 when the file cannot be loaded.
+// Loading takes a whole file by its path below the game's folder: `fromMemory` must be false,
+// `offset` and `length` 0. The result is 0 when the file cannot be loaded. The flags are ignored,
+// because the library always plays as they ask: 1 for changes of volume without clicks, 4 for music
+// that repeats, 0x20000 for a sample whose oldest playback ends when there are too many.
 
 HMUSIC BASS_MusicLoad(bool fromMemory, const std::string& path, std::uint32_t offset,
                       std::uint32_t length, std::uint32_t flags);
@@ -51,7 +52,7 @@ HMUSIC BASS_MusicLoad(bool fromMemory, const std::string& path, std::uint32_t of
 bool BASS_MusicPlayEx(HMUSIC music, std::int32_t position, std::uint32_t flags, bool reset);
 void BASS_MusicFree(HMUSIC music);
 
-/// `limit` is how many playbacks of it sound at once, at least one; one more ends the oldest.
+/// At most `limit` playbacks of it sound at once, at least one; one more ends the oldest.
 HSAMPLE BASS_SampleLoad(bool fromMemory, const std::string& path, std::uint32_t offset,
                         std::uint32_t length, std::uint32_t limit, std::uint32_t flags);
 /// A new playback from the sample's beginning; 0 when there is no such sample.
@@ -62,9 +63,9 @@ void BASS_SampleFree(HSAMPLE sample);
 bool BASS_ChannelIsActive(std::uint32_t handle);
 /// Takes a module, a playback, or a sample, all of whose playbacks then end.
 bool BASS_ChannelStop(std::uint32_t handle);
-/// Pause and resume take a module, which goes on where it was. A module that is not paused is not
-/// resumed.
+/// Takes a module.
 bool BASS_ChannelPause(std::uint32_t handle);
+/// Takes a module and plays on where it was paused; does nothing for one that is not paused.
 bool BASS_ChannelResume(std::uint32_t handle);
 
 }  // namespace korvane

@@ -29,13 +29,11 @@ float SoftLimit(float sample) {
     return std::copysign(kKnee + kRoom * (1.0F - kRoom / (over + kRoom)), sample);
 }
 
-// Music. -----------------------------------------------------------------------------------------
-
 bool Mixer::StartMusic(const std::shared_ptr<MusicStream>& stream, std::optional<int> order) {
     std::shared_ptr<MusicStream> replaced = stream;
     const std::lock_guard lock(mutex_);
     if (tooSlow_.lock() == stream) return false;
-    // A jump that was asked for and not yet done still counts for a start without one.
+    // A start without an order keeps a jump that is still waiting.
     if (order) jump_ = {stream, *order};
     music_.swap(replaced);
     state_ = MusicState::Playing;
@@ -65,7 +63,7 @@ bool Mixer::IsMusicPlaying(const MusicStream& stream) {
     return IsCurrent(stream) && state_ == MusicState::Playing;
 }
 
-/// The mix begins with the music.
+/// Overwrites the mix with the music, or with silence.
 void Mixer::RenderMusic() {
     std::shared_ptr<MusicStream> stream;
     Jump jump;
@@ -96,8 +94,6 @@ void Mixer::WatchPace(const std::shared_ptr<MusicStream>& stream, Seconds took) 
     tooSlow_ = stream;
     if (IsCurrent(*stream)) state_ = MusicState::Stopped;
 }
-
-// Samples. ---------------------------------------------------------------------------------------
 
 void Mixer::PlaySample(std::shared_ptr<const Sample> sample, std::uint32_t channel,
                        std::size_t limit) {
@@ -147,8 +143,6 @@ void Mixer::MixVoice(Voice& voice) {
     }
     voice.frame += frames;
 }
-
-// ------------------------------------------------------------------------------------------------
 
 void Mixer::StopAll() {
     std::shared_ptr<MusicStream> stopped;  // ends outside the lock

@@ -16,7 +16,7 @@
 namespace korvane {
 
 /// Brings any sum of sounds into -1 to 1: unchanged up to three quarters, bent smoothly towards
-/// full scale above, so that loud moments neither wrap nor crack. What is no number is silence.
+/// full scale above, so that loud moments are not clipped hard. NaN gives 0.
 float SoftLimit(float sample);
 
 /// Mixes one piece of music with any number of samples.
@@ -27,25 +27,26 @@ float SoftLimit(float sample);
 /// else touches a stream that plays, and slow music holds up nothing but itself.
 class Mixer final : public SoundSource {
   public:
-    /// Music that falls this far behind ends: so long its frames took beyond what they last, less
-    /// what quicker ones have made up for.
+    /// Music that falls this far behind is switched off. Frames that take longer to compute than
+    /// they last add to the delay, quicker ones make up for it.
     static constexpr std::chrono::milliseconds kPatience{1000};
-    /// One render counts as this late at most: to open a large module may take long, once.
+    /// The most that one render adds to the delay. Opening a large module may take long, but only
+    /// once, and twice as much must not reach kPatience.
     static constexpr std::chrono::milliseconds kLatestOnce{400};
+    /// A sample that could not begin within this time, because no device asked for frames, is
+    /// dropped: later it would no longer belong to what is seen. It must be longer than the 100 ms
+    /// for which the device stays quiet at the start.
+    static constexpr std::chrono::milliseconds kLatestStart{250};
 
-    // Music. -------------------------------------------------------------------------------------
     /// Plays a stream in the place of what played: from an order on, or without one from where it
     /// stands. False when this stream was once too slow.
     bool StartMusic(const std::shared_ptr<MusicStream>& stream, std::optional<int> order);
-    // Each only when this stream is the one that plays.
+    // These do nothing when another stream plays.
     void StopMusic(const MusicStream& stream);
     void PauseMusic(const MusicStream& stream);
-    void ResumeMusic(const MusicStream& stream);  ///< only after a pause
+    void ResumeMusic(const MusicStream& stream);  ///< does nothing without a pause before
     bool IsMusicPlaying(const MusicStream& stream);
 
-    // Samples. -----------------------------------------------------------------------------------
-    /// What could not begin for so long, as there was no device, is not heard any more.
-    static constexpr std::chrono::milliseconds kLatestStart{250};
     /// Plays a sample from its beginning, as `channel`. With `limit` playbacks of it sounding
     /// already, the oldest ends.
     void PlaySample(std::shared_ptr<const Sample> sample, std::uint32_t channel, std::size_t limit);
@@ -79,20 +80,20 @@ class Mixer final : public SoundSource {
     void RenderMusic();
     void WatchPace(const std::shared_ptr<MusicStream>& stream, Seconds took);
     void MixVoices();
-    /// Adds what is left of a voice to the mix, as far as it goes.
+    /// Adds the next frames of a voice to the mix, as many as it still has.
     void MixVoice(Voice& voice);
 
     std::mutex mutex_;  // guards the next five
     std::shared_ptr<MusicStream> music_;
     MusicState state_ = MusicState::Stopped;
-    Jump jump_;  ///< to be done before the next frames of that stream
+    Jump jump_;  ///< waits for the next frames of that stream
     std::weak_ptr<MusicStream> tooSlow_;
     std::vector<Voice> voices_;  ///< in the order in which they began
 
     // The rendering thread's own.
     std::vector<float> mix_;
     Seconds behind_{};                    ///< never negative
-    std::weak_ptr<MusicStream> watched_;  ///< what is so far behind
+    std::weak_ptr<MusicStream> watched_;  ///< the stream that behind_ belongs to
 };
 
 }  // namespace korvane

@@ -52,20 +52,22 @@ bool IsAccepted(const ModuleCounts& counts, std::size_t fileSize) {
            isCount(counts.samples) && counts.tablesEnd <= fileSize;
 }
 
-// Memory: places may name the same data time and again, and patterns may be empty. ---------------
+// What the player needs is not bounded by the size of the file: several places in it may name the
+// same data, and an empty pattern takes none. So the memory is added up before the player sees the
+// file.
 
 /// The rows of each pattern.
 using Rows = std::array<std::size_t, kMaxModuleParts>;
 
 constexpr std::size_t kDefaultRows = 64;
 
-/// The player takes no more, and the default for none.
+/// The player reads 0 as the default and cuts what is over 1024.
 std::size_t RowsOf(unsigned written) {
     return written == 0 ? kDefaultRows : std::min(written, 1024U);
 }
 
-/// The cells, and for each row of each order the states in which it was passed. There are the more
-/// of those the more loops a row has, up to a limit; loops are not looked at here.
+/// The cells of all patterns, and what the player keeps about each row of each order to notice
+/// endless loops. That grows with the row's loops, which are not looked at here, up to 1.5 KiB.
 std::size_t PatternMemory(const Header& header, std::size_t orders, unsigned orderCount,
                           const Rows& rows, std::size_t channels) {
     constexpr std::size_t kCell = 6;
@@ -78,22 +80,23 @@ std::size_t PatternMemory(const Header& header, std::size_t orders, unsigned ord
     return memory;
 }
 
-/// IT and S3M have the same two flags, in turns: one for 16 bits, one for two channels.
+/// One flag (2 or 4) means 16 bits, the other two channels; IT and S3M differ in which is which.
+/// Each doubles the bytes.
 std::size_t SampleMemory(std::size_t length, unsigned flags) {
     return length << std::popcount(flags & 6U);
 }
 
-/// Where each part lies in the file once and is small, the limits above are enough.
+/// For formats whose parts lie in the file once and are small: the limits of the counts suffice.
 std::size_t NoMemory(const Header& /*header*/, const ModuleCounts& /*counts*/) {
     return 0;
 }
 
-// XM: the header's size counts from its own field; the order table is part of it. ----------------
+// XM. The size of the header is counted from its own field and includes the order table.
 
 constexpr std::size_t kXmSizeField = 60;
 constexpr std::size_t kXmOrders = 80;
 
-/// Before version 1.04 the patterns stood elsewhere.
+/// Older versions have the patterns elsewhere.
 bool IsXm(const Header& header) {
     return header.Has(0, "Extended Module: ") && header.Word(58) >= 0x0104;
 }
@@ -113,7 +116,7 @@ ModuleCounts XmCounts(const Header& header) {
 
 std::size_t XmMemory(const Header& header, const ModuleCounts& counts) {
     using namespace std::string_view_literals;
-    // A few bytes of Ogg can be any length of sound.
+    // A few bytes of Ogg can unpack to any length of sound.
     if (header.Contains("OggS\0"sv)) return std::numeric_limits<std::size_t>::max();
     Rows rows{};
     std::size_t at = kXmSizeField + header.Long(kXmSizeField);
@@ -121,12 +124,12 @@ std::size_t XmMemory(const Header& header, const ModuleCounts& counts) {
         rows[i] = RowsOf(header.Word(at + 5));
         at += header.Long(at) + header.Word(at + 7);
     }
-    // Samples lie in the file once, packed to half their size at most.
+    // Samples lie in the file once and unpack to twice their size at most.
     return 2 * header.Size() +
            PatternMemory(header, kXmOrders, counts.orders, rows, counts.channels);
 }
 
-// IT: always 64 channels; behind the orders lie the places of instruments, samples and patterns. --
+// IT. Always 64 channels. The places of instruments, samples and patterns follow the orders.
 
 constexpr std::size_t kItOrders = 192;
 
@@ -145,12 +148,13 @@ ModuleCounts ItCounts(const Header& header) {
     return counts;
 }
 
-/// The player walks over whatever could be the blocks of a packed sample, to the end of the file;
-/// over empty ones that takes it an eighth of a second.
+/// The player follows the blocks of each packed sample to the end of the file, and blocks may be
+/// empty: 256 such samples in a file of 16 MiB took it 15 s, this many blocks an eighth of a
+/// second.
 constexpr std::size_t kMaxItBlocks = std::size_t{1} << 24;
 
 std::size_t ItMemory(const Header& header, const ModuleCounts& counts) {
-    // Patterns can name so many, though no more than 64 are played.
+    // A pattern can name so many, although no more than 64 are played.
     constexpr std::size_t kChannels = 127;
     constexpr unsigned kPacked = 8;
     const std::size_t samples = kItOrders + counts.orders + std::size_t{4} * counts.instruments;
@@ -174,7 +178,7 @@ std::size_t ItMemory(const Header& header, const ModuleCounts& counts) {
     return memory + PatternMemory(header, kItOrders, counts.orders, rows, kChannels);
 }
 
-// S3M: 32 channels at most, each switched by a byte of the header. --------------------------------
+// S3M. At most 32 channels, each switched on by a byte of the header.
 
 constexpr std::size_t kS3mOrders = 96;
 
@@ -193,7 +197,7 @@ ModuleCounts S3mCounts(const Header& header) {
 }
 
 std::size_t S3mMemory(const Header& header, const ModuleCounts& counts) {
-    constexpr unsigned kSampled = 1;  // the other sorts have no data
+    constexpr unsigned kSampled = 1;  // other kinds of instruments have no data
     const std::size_t samples = kS3mOrders + counts.orders;
     std::size_t memory = 0;
     for (std::size_t i = 0; i < counts.samples; ++i) {
@@ -208,7 +212,7 @@ std::size_t S3mMemory(const Header& header, const ModuleCounts& counts) {
            PatternMemory(header, kS3mOrders, counts.orders, rows, counts.channels);
 }
 
-// MOD: 31 samples; the signature behind the orders tells the channels. ----------------------------
+// MOD. 31 samples. The signature behind the orders tells the number of channels.
 
 constexpr std::size_t kModSignature = 1080;
 
@@ -248,7 +252,8 @@ ModuleCounts ModCounts(const Header& header) {
     return counts;
 }
 
-// MTM: samples, 128 orders, tracks and patterns in this order; counts of last ones, not of all. ---
+// MTM. Samples, 128 orders, tracks and patterns follow each other. The header holds the numbers of
+// the last order and the last pattern, not their counts.
 
 bool IsMtm(const Header& header) {
     return header.Has(0, "MTM");
@@ -277,7 +282,7 @@ struct FormatRow {
     std::string_view name;
     bool (*matches)(const Header& header);
     ModuleCounts (*counts)(const Header& header);
-    /// What the player takes, or more; only for counts that are accepted.
+    /// An upper limit of the bytes that the player takes; asked only for accepted counts.
     std::size_t (*memory)(const Header& header, const ModuleCounts& counts);
 };
 

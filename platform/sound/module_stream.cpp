@@ -19,27 +19,27 @@
 namespace korvane {
 namespace {
 
-/// Nothing that a file from strangers can make dear: no effect plugins, no playing through the
-/// whole song before it starts, no search for the samples' exact places at a jump.
+/// Switches off what a file from an unknown author could make slow: effect plugins, playing through
+/// the whole song before it starts, and finding each sample's exact position after a jump.
 const std::map<std::string, std::string> kControls = {
     {"load.skip_plugins", "1"},
     {"load.skip_subsongs_init", "1"},
     {"seek.sync_samples", "0"},
 };
 
-/// Enough to tell what the player takes a file for.
+/// For a first look, which only asks the player for the format: without the samples.
 const std::map<std::string, std::string> kLook = {
     {"load.skip_plugins", "1"},
     {"load.skip_subsongs_init", "1"},
     {"load.skip_samples", "1"},
 };
 
-/// Frames that the player makes at a time. Between two buffers of the device its code and tables
-/// leave the processor's caches, and to bring them back costs more than the frames of one buffer.
+/// The player is asked for four buffers at a time. Between two calls its code and tables leave the
+/// processor's caches, and reading them back costs more than computing one buffer.
 constexpr std::size_t kBlockFrames = std::size_t{4} * kSoundBufferFrames;
 
-/// Taps of the filter between two points of a sample: cubic. The player's own choice, 8, takes
-/// twice the time, most of it for a table that the nearest cache does not hold.
+/// Length of the filter that interpolates between two points of a sample: 4 points, cubic. The
+/// player's own choice, 8, takes twice the time, because its table does not fit the nearest cache.
 constexpr int kCubic = 4;
 
 class ModuleStream final : public MusicStream {
@@ -52,7 +52,7 @@ class ModuleStream final : public MusicStream {
         orders_ = module_.get_num_orders();
     }
 
-    /// The player may have taken the file for another format than its header was checked for.
+    /// Whether the player reads the file as the format that its header was checked for.
     bool IsOf(ModuleFormat format) const {
         return module_.get_metadata("type") == NameOf(format) &&
                module_.get_metadata("container").empty() && orders_ >= 1 &&
@@ -67,7 +67,7 @@ class ModuleStream final : public MusicStream {
         try {
             module_.set_position_order_row(order < orders_ ? order : 0, 0);
         } catch (const std::exception&) {
-            // It goes on where it is.
+            // It plays on from where it is.
         }
     }
 
@@ -95,15 +95,15 @@ class ModuleStream final : public MusicStream {
         unread_ = block_;
     }
 
-    std::ostream log_{nullptr};  // what the player grumbles about is nobody's concern
+    std::ostream log_{nullptr};  ///< drops the player's warnings
     openmpt::module module_;
     int orders_ = 0;
     std::vector<float> block_;
-    std::span<const float> unread_;  ///< what is left of it
+    std::span<const float> unread_;  ///< the end of block_ that was not yet asked for
 };
 
-/// MOD and S3M files begin with a title, where the signature of another format could stand: the
-/// player would take the file for that, whose limits are not known to hold.
+/// The length of the title that MOD and S3M files begin with. If the signature of another format
+/// stood there, the player would read the file as that format, whose limits were not checked.
 std::size_t TitleBytes(ModuleFormat format) {
     switch (format) {
         case ModuleFormat::Mod:
@@ -115,13 +115,13 @@ std::size_t TitleBytes(ModuleFormat format) {
     }
 }
 
-/// True when the player takes every file of the format for what its header was checked for: XM has
-/// its signature at the very beginning, where no other format looks for another.
+/// True when the player surely reads a file of this format as such: the signature of XM stands at
+/// the very beginning, where no other format has a signature.
 bool IsSure(ModuleFormat format) {
     return format == ModuleFormat::Xm;
 }
 
-/// A module that is opened by whoever plays it first.
+/// A module that is opened when it is first played, by the thread that plays it.
 class LateModule final : public MusicStream {
   public:
     explicit LateModule(std::vector<std::byte> file) : file_(std::move(file)) {}
@@ -177,7 +177,7 @@ std::unique_ptr<MusicStream> OpenModule(std::span<const std::byte> file) {
             std::fill_n(untitled.begin(), title, std::byte{0});
             file = untitled;
         }
-        // Before samples are made of it: signatures can stand elsewhere, too.
+        // Checked before any sample is loaded, as signatures can stand elsewhere too.
         if (!IsSure(*format) && !ModuleStream(file, kLook).IsOf(*format)) return nullptr;
         auto stream = std::make_unique<ModuleStream>(file);
         if (!stream->IsOf(*format)) return nullptr;

@@ -11,7 +11,7 @@
 namespace korvane {
 namespace {
 
-/// The same sound with kSoundRate frames per second; empty when the library refuses.
+/// The same sound with kSoundRate frames per second; empty when the library cannot convert it.
 std::vector<std::int16_t> Resample(const WavSound& sound) {
     const double ratio = static_cast<double>(kSoundRate) / sound.rate;
     const std::size_t channels = static_cast<std::size_t>(sound.channels);

@@ -16,8 +16,8 @@ struct Sample {
     std::size_t Frames() const { return samples.size() / static_cast<std::size_t>(channels); }
 };
 
-/// Reads a WAV file (see platform/wav.h) and brings it to the device's rate; nothing when it is
-/// none that is accepted.
+/// Reads a WAV file (see platform/sound/wav.h) and converts it to the device's rate; no value for a
+/// file that is not accepted.
 std::optional<Sample> LoadSample(std::span<const std::byte> file);
 
 }  // namespace korvane

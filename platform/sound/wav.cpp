@@ -28,7 +28,7 @@ std::string_view TextOf(std::span<const std::byte> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-/// The next chunk; nothing when it is not all there.
+/// The next chunk; no value when the file ends before the chunk does.
 std::optional<Chunk> NextChunk(ByteReader& reader) {
     Chunk chunk;
     std::uint32_t size = 0;
@@ -90,7 +90,7 @@ std::optional<WavSound> Decode(const WavFormat& format, std::span<const std::byt
 std::optional<WavSound> ReadWav(std::span<const std::byte> file) {
     ByteReader reader(file);
     const std::string_view riff = TextOf(reader.Take(4));
-    reader.Take(4);  // the size, which many writers get wrong; the chunks' own sizes count
+    reader.Take(4);  // the size, which many programs write wrong; the chunks have their own
     const std::string_view wave = TextOf(reader.Take(4));
     if (riff != "RIFF" || wave != "WAVE") return std::nullopt;
     std::optional<WavFormat> format;

@@ -29,7 +29,7 @@ constexpr int kLastRowClass = 7;
 
 /// The class of a row of `bytes` bytes, at least 1.
 constexpr int RowClass(std::size_t bytes) {
-    // The lowest bit decides nothing but spares the question whether any bit is set.
+    // The lowest bit does not change the class, but bit_width then needs no case for 0.
     return static_cast<int>(std::bit_width((bytes - 1) | 1)) - 1;
 }
 
@@ -50,8 +50,8 @@ template <std::size_t kWide, std::size_t kBytes>
     }
 }
 
-/// One row of the class: half the class's greatest width from the front and as much that ends at
-/// the row's end. The two overlap as needed, so that every width takes the same moves.
+/// One row of the class: half of the class's greatest width at the row's beginning, and as much at
+/// its end. The two may overlap, so that every width of the class takes the same moves.
 template <std::size_t kWide, int kClass>
 [[gnu::always_inline]] inline void CopyRow(std::byte* to, const std::byte* from,
                                            std::size_t bytes) {
@@ -109,8 +109,8 @@ template <std::size_t kWide>
     }
 }
 
-/// From here on the library's memset is faster: it knows how to write long stretches of memory
-/// without reading them into the cache first.
+/// From this many bytes on the library's memset is faster, because it writes long stretches of
+/// memory without reading them into the cache first.
 constexpr std::size_t kLongFill = 16384;
 
 bool HasEqualBytes(std::uint32_t pattern) {

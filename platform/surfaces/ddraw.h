@@ -38,12 +38,14 @@ inline constexpr std::uint32_t DDCKEY_SRCBLT = 8;
 inline constexpr std::uint32_t DDLOCK_WAIT = 1;
 inline constexpr std::uint32_t DDEDM_REFRESHRATES = 1;
 
+/// The sizes that the two structures below must state. They are numbers of the interface and have
+/// nothing to do with the size of our structures.
 inline constexpr std::uint32_t kSurfaceDescSize = 124;
 inline constexpr std::uint32_t kBltFxSize = 100;
 
-/// A surface as it is asked for or as it turned out, or a display mode.
+/// Describes a surface to be made, a surface that exists, or a display mode.
 struct DDSURFACEDESC2 {
-    std::uint32_t size = kSurfaceDescSize;  ///< kSurfaceDescSize; anything else is refused
+    std::uint32_t size = kSurfaceDescSize;  ///< any other number is refused
     std::uint32_t flags = 0;                ///< DDSD_: which of the fields below count
     std::uint32_t width = 0;
     std::uint32_t height = 0;
@@ -67,7 +69,8 @@ struct DDBLTFX {
     std::uint32_t fillColor = 0;  ///< a pixel value in the surface's format
 };
 
-/// Pixel values from low to high are transparent; the layer matches single values (low = high).
+/// The pixel value `low` is transparent. `high` would end a range, but single values are all that
+/// is supported (low = high).
 struct DDCOLORKEY {
     std::uint32_t low = 0;
     std::uint32_t high = 0;
@@ -84,41 +87,56 @@ class IDirectDrawClipper {
     ~IDirectDrawClipper() = default;
 };
 
-/// A rectangle of pixels: a picture, the back buffer, or what the screen shows. Each kind answers
-/// E_NOTIMPL to what makes no sense for it.
+/// A rectangle of pixels: a picture, the back buffer, or what the screen shows. A kind of surface
+/// overrides what it can do; everything else is E_NOTIMPL.
 class IDirectDrawSurface7 {
   public:
     virtual void AddRef() = 0;
     virtual void Release() = 0;
 
     /// The back buffer of a flipping primary; not a new reference.
-    virtual HRESULT GetAttachedSurface(const DDSCAPS2& caps, IDirectDrawSurface7*& attached) = 0;
+    virtual HRESULT GetAttachedSurface(const DDSCAPS2& /*caps*/,
+                                       IDirectDrawSurface7*& /*attached*/) {
+        return E_NOTIMPL;
+    }
     /// Shows the back buffer. DDERR_SURFACELOST: nothing was shown, Restore first.
-    virtual HRESULT Flip(IDirectDrawSurface7* overrideSurface, std::uint32_t flags) = 0;
+    virtual HRESULT Flip(IDirectDrawSurface7* /*overrideSurface*/, std::uint32_t /*flags*/) {
+        return E_NOTIMPL;
+    }
     /// On a back buffer a fill (DDBLT_COLORFILL, null rectangle: all of it); on the primary the
     /// whole back buffer stretched onto a rectangle of the screen.
-    virtual HRESULT Blt(const RECT* destination, IDirectDrawSurface7* source,
-                        const RECT* sourceArea, std::uint32_t flags, const DDBLTFX* effects) = 0;
+    virtual HRESULT Blt(const RECT* /*destination*/, IDirectDrawSurface7* /*source*/,
+                        const RECT* /*sourceArea*/, std::uint32_t /*flags*/,
+                        const DDBLTFX* /*effects*/) {
+        return E_NOTIMPL;
+    }
     /// Copies a rectangle of a picture to a place of the back buffer. Never clips: what does not
     /// lie inside both surfaces is refused with DDERR_INVALIDRECT.
-    virtual HRESULT BltFast(std::uint32_t x, std::uint32_t y, IDirectDrawSurface7* source,
-                            const RECT& sourceArea, std::uint32_t flags) = 0;
+    virtual HRESULT BltFast(std::uint32_t /*x*/, std::uint32_t /*y*/,
+                            IDirectDrawSurface7* /*source*/, const RECT& /*sourceArea*/,
+                            std::uint32_t /*flags*/) {
+        return E_NOTIMPL;
+    }
     /// Gives a lost surface its memory back, with undefined contents.
     virtual HRESULT Restore() = 0;
-    virtual HRESULT SetClipper(IDirectDrawClipper* clipper) = 0;
-    virtual HRESULT GetSurfaceDesc(DDSURFACEDESC2& description) = 0;
-    virtual HRESULT Lock(DDSURFACEDESC2& description, std::uint32_t flags) = 0;
-    virtual HRESULT Unlock() = 0;
+    virtual HRESULT SetClipper(IDirectDrawClipper* /*clipper*/) { return E_NOTIMPL; }
+    virtual HRESULT GetSurfaceDesc(DDSURFACEDESC2& /*description*/) { return E_NOTIMPL; }
+    virtual HRESULT Lock(DDSURFACEDESC2& /*description*/, std::uint32_t /*flags*/) {
+        return E_NOTIMPL;
+    }
+    virtual HRESULT Unlock() { return E_NOTIMPL; }
     /// A context for drawing into the surface until ReleaseDC.
-    virtual HRESULT GetDC(HDC& context) = 0;
-    virtual HRESULT ReleaseDC(HDC context) = 0;
-    virtual HRESULT SetColorKey(std::uint32_t flags, const DDCOLORKEY& key) = 0;
+    virtual HRESULT GetDC(HDC& /*context*/) { return E_NOTIMPL; }
+    virtual HRESULT ReleaseDC(HDC /*context*/) { return E_NOTIMPL; }
+    virtual HRESULT SetColorKey(std::uint32_t /*flags*/, const DDCOLORKEY& /*key*/) {
+        return E_NOTIMPL;
+    }
 
   protected:
     ~IDirectDrawSurface7() = default;
 };
 
-/// Told one display mode; false ends the enumeration.
+/// Called with one display mode; false ends the enumeration.
 using LPDDENUMMODESCALLBACK2 = bool (*)(const DDSURFACEDESC2& mode, void* context);
 
 /// The display: cooperative level, display mode and the surfaces made for them.
@@ -131,7 +149,7 @@ class IDirectDraw7 {
     /// screen.
     virtual HRESULT SetCooperativeLevel(HWND window, std::uint32_t flags) = 0;
     /// Takes the whole screen with surfaces of 8, 16 or 32 bits per pixel. The monitor keeps its
-    /// own mode, so any refresh rate (Hz, 0: whatever it has) is as good as another.
+    /// own mode, so the refresh rate (Hz, 0: any) is ignored.
     virtual HRESULT SetDisplayMode(std::uint32_t width, std::uint32_t height,
                                    std::uint32_t bitsPerPixel, std::uint32_t refreshRate,
                                    std::uint32_t flags) = 0;
@@ -139,8 +157,8 @@ class IDirectDraw7 {
                                   IDirectDrawSurface7*& surface) = 0;
     virtual HRESULT CreateClipper(std::uint32_t flags, IDirectDrawClipper*& clipper) = 0;
     virtual HRESULT RestoreAllSurfaces() = 0;
-    /// Tells all modes that full screen can be asked for, with their refresh rates. `flags` has to
-    /// be DDEDM_REFRESHRATES and `wanted` null.
+    /// Calls back with every mode that full screen can have and its refresh rate. `flags` has to be
+    /// DDEDM_REFRESHRATES and `wanted` null.
     virtual HRESULT EnumDisplayModes(std::uint32_t flags, const DDSURFACEDESC2* wanted,
                                      void* context, LPDDENUMMODESCALLBACK2 callback) = 0;
     virtual HRESULT TestCooperativeLevel() = 0;

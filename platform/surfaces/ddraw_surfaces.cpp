@@ -8,13 +8,13 @@
 namespace korvane {
 namespace {
 
-/// A number that no other content of any picture has had.
+/// A number that no earlier contents of any picture had.
 std::uint64_t NextVersion() {
     static std::uint64_t version = 0;
     return ++version;
 }
 
-/// Draws into a picture through colours, whatever its pixel format.
+/// Reads and writes a picture of any pixel format as 0x00RRGGBB colours.
 class SurfaceContext final : public DeviceContext {
   public:
     SurfaceContext(PixelBuffer& pixels, const PixelFormat& format)
@@ -51,8 +51,6 @@ void DisplayShare::FlushDrawing() {
     if (back) back->FlushDrawing();
 }
 
-// SurfaceBase. -----------------------------------------------------------------------------------
-
 SurfaceBase::SurfaceBase(std::shared_ptr<DisplayShare> share)
     : format_(share->format), share_(std::move(share)) {
     share_->surfaces.push_back(this);
@@ -66,44 +64,9 @@ void SurfaceBase::Release() {
     if (--references_ == 0) delete this;
 }
 
-HRESULT SurfaceBase::GetAttachedSurface(const DDSCAPS2&, IDirectDrawSurface7*&) {
-    return E_NOTIMPL;
-}
-HRESULT SurfaceBase::Flip(IDirectDrawSurface7*, std::uint32_t) {
-    return E_NOTIMPL;
-}
-HRESULT SurfaceBase::Blt(const RECT*, IDirectDrawSurface7*, const RECT*, std::uint32_t,
-                         const DDBLTFX*) {
-    return E_NOTIMPL;
-}
-HRESULT SurfaceBase::BltFast(std::uint32_t, std::uint32_t, IDirectDrawSurface7*, const RECT&,
-                             std::uint32_t) {
-    return E_NOTIMPL;
-}
 HRESULT SurfaceBase::Restore() {
     lost_ = false;
     return S_OK;
-}
-HRESULT SurfaceBase::SetClipper(IDirectDrawClipper*) {
-    return E_NOTIMPL;
-}
-HRESULT SurfaceBase::GetSurfaceDesc(DDSURFACEDESC2&) {
-    return E_NOTIMPL;
-}
-HRESULT SurfaceBase::Lock(DDSURFACEDESC2&, std::uint32_t) {
-    return E_NOTIMPL;
-}
-HRESULT SurfaceBase::Unlock() {
-    return E_NOTIMPL;
-}
-HRESULT SurfaceBase::GetDC(HDC&) {
-    return E_NOTIMPL;
-}
-HRESULT SurfaceBase::ReleaseDC(HDC) {
-    return E_NOTIMPL;
-}
-HRESULT SurfaceBase::SetColorKey(std::uint32_t, const DDCOLORKEY&) {
-    return E_NOTIMPL;
 }
 
 HRESULT SurfaceBase::Describe(const PixelBuffer& pixels, DDSURFACEDESC2& description) const {
@@ -116,8 +79,6 @@ HRESULT SurfaceBase::Describe(const PixelBuffer& pixels, DDSURFACEDESC2& descrip
     description.format = format_;
     return S_OK;
 }
-
-// PictureSurface. --------------------------------------------------------------------------------
 
 PictureSurface::PictureSurface(std::shared_ptr<DisplayShare> share, SIZE size)
     : SurfaceBase(std::move(share)),
@@ -188,8 +149,6 @@ HRESULT PictureSurface::SetColorKey(std::uint32_t flags, const DDCOLORKEY& key) 
     return S_OK;
 }
 
-// BackSurface. -----------------------------------------------------------------------------------
-
 BackSurface::BackSurface(std::shared_ptr<DisplayShare> share, SIZE size)
     : SurfaceBase(std::move(share)), pixels_(size, format_.BytesPerPixel()) {
     if (format_.bits != 32) converted_ = PixelBuffer(size, 4);
@@ -220,7 +179,7 @@ HRESULT BackSurface::BltFast(std::uint32_t x, std::uint32_t y, IDirectDrawSurfac
     if (!picture || picture->IsOpenForDrawing()) return E_INVALIDARG;
     const auto width = static_cast<std::uint32_t>(pixels_.Size().cx);
     const auto height = static_cast<std::uint32_t>(pixels_.Size().cy);
-    // Compared without adding to x and y, which come unsigned and may be huge.
+    // Nothing is added to x and y, which may be huge unsigned numbers: sums could wrap around.
     if (!LiesWithin(sourceArea, picture->Size()) || x >= width || y >= height ||
         static_cast<std::uint32_t>(sourceArea.Width()) > width - x ||
         static_cast<std::uint32_t>(sourceArea.Height()) > height - y)
@@ -269,8 +228,6 @@ HRESULT BackSurface::Show(const RECT& target) {
     unsent_.clear();
     return S_OK;
 }
-
-// PrimarySurface. --------------------------------------------------------------------------------
 
 PrimarySurface::PrimarySurface(std::shared_ptr<DisplayShare> share,
                                UniqueInterface<BackSurface> back)

@@ -20,14 +20,15 @@ class SurfaceBase;
 struct DisplayShare {
     bool fullScreen = false;
     PixelFormat format;                  ///< of every surface made from now on
-    std::vector<SurfaceBase*> surfaces;  ///< all that live
+    std::vector<SurfaceBase*> surfaces;  ///< all that exist
     BackSurface* back = nullptr;         ///< the one that records drawing
 
-    /// Carries out drawing that still refers to pictures: called before a picture changes or dies.
+    /// Carries out recorded drawing: called before a picture changes or is destroyed, because the
+    /// record refers to pictures.
     void FlushDrawing();
 };
 
-/// Reference count, and "makes no sense here" for every operation.
+/// What all kinds have: the reference count, and whether the contents are lost.
 class SurfaceBase : public IDirectDrawSurface7 {
   public:
     explicit SurfaceBase(std::shared_ptr<DisplayShare> share);
@@ -41,20 +42,7 @@ class SurfaceBase : public IDirectDrawSurface7 {
 
     void AddRef() override { ++references_; }
     void Release() override;
-    HRESULT GetAttachedSurface(const DDSCAPS2&, IDirectDrawSurface7*&) override;
-    HRESULT Flip(IDirectDrawSurface7*, std::uint32_t) override;
-    HRESULT Blt(const RECT*, IDirectDrawSurface7*, const RECT*, std::uint32_t,
-                const DDBLTFX*) override;
-    HRESULT BltFast(std::uint32_t, std::uint32_t, IDirectDrawSurface7*, const RECT&,
-                    std::uint32_t) override;
     HRESULT Restore() override;
-    HRESULT SetClipper(IDirectDrawClipper*) override;
-    HRESULT GetSurfaceDesc(DDSURFACEDESC2&) override;
-    HRESULT Lock(DDSURFACEDESC2&, std::uint32_t) override;
-    HRESULT Unlock() override;
-    HRESULT GetDC(HDC&) override;
-    HRESULT ReleaseDC(HDC) override;
-    HRESULT SetColorKey(std::uint32_t, const DDCOLORKEY&) override;
 
   protected:
     DisplayShare& Share() { return *share_; }
@@ -76,9 +64,9 @@ class PictureSurface final : public SurfaceBase {
 
     PictureSurface* AsPicture() override { return this; }
     SIZE Size() const { return pixels_.Size(); }
-    /// While it is open its pixels may change at any moment.
+    /// Between Lock and Unlock or GetDC and ReleaseDC: its pixels may change at any moment.
     bool IsOpenForDrawing() const { return locked_ || context_; }
-    /// What a copy takes: the pixels, and with `keyed` the opaque runs if a key is set.
+    /// What a copy needs: the pixels, and with `keyed` the opaque runs if a key is set.
     PictureSource Source(bool keyed);
 
     HRESULT GetSurfaceDesc(DDSURFACEDESC2& description) override;
@@ -136,7 +124,7 @@ class BackSurface final : public SurfaceBase {
 /// What the screen shows.
 class PrimarySurface final : public SurfaceBase {
   public:
-    /// `back` is the flipping chain's back buffer of the given size; null without a chain.
+    /// `back` is the back buffer of a flipping primary; null for one that does not flip.
     PrimarySurface(std::shared_ptr<DisplayShare> share, UniqueInterface<BackSurface> back);
     ~PrimarySurface() override;
 

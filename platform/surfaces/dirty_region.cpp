@@ -7,8 +7,8 @@
 namespace korvane {
 namespace {
 
-/// How many pixels too many are cheaper than one rectangle more: each rectangle walks the whole
-/// frame list and is sent to the window on its own.
+/// Drawing up to this many unchanged pixels is cheaper than one more rectangle, because each
+/// rectangle goes through the whole frame list and is sent to the window on its own.
 constexpr std::int64_t kCheapWaste = 1024;
 
 RECT Join(const RECT& a, const RECT& b) {
@@ -16,7 +16,7 @@ RECT Join(const RECT& a, const RECT& b) {
             std::max(a.bottom, b.bottom)};
 }
 
-/// Pixels that the joint rectangle has more than the two apart; negative when they share many.
+/// How many pixels the joint rectangle has beyond those of the two; negative when they share many.
 std::int64_t Waste(const RECT& a, const RECT& b) {
     return Join(a, b).PixelCount() - a.PixelCount() - b.PixelCount();
 }
@@ -25,7 +25,7 @@ std::int64_t Waste(const RECT& a, const RECT& b) {
 
 void DirtyRegion::Add(RECT rect) {
     if (rect.IsEmpty()) return;
-    // Each join may bring the larger rectangle close to others, so it is added anew.
+    // A joined rectangle is larger and may be close to others, so it is added like a new one.
     for (;;) {
         std::size_t partner = 0;
         std::int64_t leastWaste = std::numeric_limits<std::int64_t>::max();

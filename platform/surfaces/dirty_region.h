@@ -8,8 +8,8 @@
 
 namespace korvane {
 
-/// A few rectangles that cover everything that was added, with little more than that. They may
-/// overlap where joining them would cover much more.
+/// A few rectangles that cover everything that was added and little more. They may overlap where
+/// joining them would cover much more.
 class DirtyRegion {
   public:
     static constexpr std::size_t kMaxRects = 16;

@@ -10,17 +10,18 @@
 namespace korvane {
 namespace {
 
-/// How far the comparison of two lists looks ahead for the place where they agree again. A figure
-/// is four operations, a row of the board ten.
+/// How far the comparison of two lists looks ahead for the place where they agree again: further
+/// than a figure (four operations) or a row of the board (ten).
 constexpr std::size_t kLookAhead = 16;
 
-/// Stands for the source point of a fill; copies have none left of their picture.
+/// Stands for the source point of a fill; that of a copy is never negative.
 constexpr POINT kFill = {-1, -1};
 
-/// Leaving out so many hidden pixels saves more than drawing an operation in parts costs.
+/// From this many hidden pixels on, leaving them out saves more than drawing an operation in parts
+/// costs.
 constexpr std::int64_t kWorthHiding = OpaqueRuns::kLeastCore;
 
-/// What `outer` has above, below, left and right of `inner`, which lies within it.
+/// The parts of `outer` above, below, left and right of `inner`, which lies within it.
 std::array<RECT, 4> Around(const RECT& inner, const RECT& outer) {
     return {{{outer.left, outer.top, outer.right, inner.top},
              {outer.left, inner.bottom, outer.right, outer.bottom},
@@ -95,11 +96,6 @@ void FrameList::Flush(PixelBuffer& target) {
         Draw(target, frame_[drawn_], frame_[drawn_].effect.area);
 }
 
-bool FrameList::Needs(const PixelBuffer& pixels) const {
-    return std::any_of(frame_.begin() + static_cast<std::ptrdiff_t>(drawn_), frame_.end(),
-                       [&](const Operation& operation) { return operation.pixels == &pixels; });
-}
-
 std::vector<FrameList::Recorded> FrameList::RecordedOperations() const {
     std::vector<Recorded> recorded;
     recorded.reserve(frame_.size());
@@ -112,8 +108,8 @@ std::vector<FrameList::Recorded> FrameList::RecordedOperations() const {
 }
 
 void FrameList::Invalidate() {
-    // Their sources may be gone, so they cannot be drawn again: the rest of the frame builds on
-    // whatever the buffer holds.
+    // The operations that were flushed cannot be drawn again, as their sources may be gone. The
+    // rest of the frame is drawn on whatever the buffer holds.
     frame_.erase(frame_.begin(), frame_.begin() + static_cast<std::ptrdiff_t>(drawn_));
     drawn_ = 0;
     invalid_ = true;

@@ -12,8 +12,8 @@
 
 namespace korvane {
 
-/// What a copy takes its pixels from. Both objects must live and keep their contents until the
-/// copy was carried out (FrameList::Compose or Flush).
+/// What a copy takes its pixels from. Both objects must exist and keep their contents until the
+/// copy is carried out (FrameList::Compose or Flush).
 struct PictureSource {
     const PixelBuffer* pixels = nullptr;
     /// Null: a copy without colour key.
@@ -33,8 +33,8 @@ struct PictureSource {
 /// again, from the whole list. A long common subsequence saves work; any common subsequence gives
 /// the right picture.
 ///
-/// A frame that does not begin so builds on what the buffer holds: all of it is drawn, and all
-/// that it touches counts as changed, then and in the next frame that begins with a fill.
+/// A frame that does not begin with such a fill is drawn in full on what the buffer holds. All
+/// areas that it touches count as changed, then and in the next frame that begins with a fill.
 ///
 /// All areas lie within the target, which is the same at every call or announced by Invalidate.
 class FrameList {
@@ -49,11 +49,8 @@ class FrameList {
     std::span<const RECT> Compose(PixelBuffer& target);
 
     /// Carries out what was recorded so far, in full, in the middle of a frame: for readers of the
-    /// buffer, and before a source changes or dies.
+    /// buffer, and before a source changes or is destroyed.
     void Flush(PixelBuffer& target);
-
-    /// True when a recorded copy that was not yet carried out takes its pixels from the buffer.
-    bool Needs(const PixelBuffer& pixels) const;
 
     /// One operation as it was recorded.
     struct Recorded {
@@ -66,9 +63,8 @@ class FrameList {
     /// What was recorded since the last Compose, for measurements.
     std::vector<Recorded> RecordedOperations() const;
 
-    /// The contents of the target are not what Compose and Flush left. What was flushed in this
-    /// frame is gone with them. Every Compose reports the whole target until a frame that begins
-    /// by filling it.
+    /// Says that the contents of the target are lost, with all that was flushed in this frame.
+    /// Every Compose reports the whole target until a frame that begins by filling it.
     void Invalidate();
 
   private:
@@ -80,13 +76,13 @@ class FrameList {
     };
     struct Operation {
         Effect effect;
-        const PixelBuffer* pixels;  ///< null: a fill. Good until the operation was carried out
-        const OpaqueRuns* runs;     ///< null: not keyed. Good as long
+        const PixelBuffer* pixels;  ///< null: a fill. Valid until the operation is carried out
+        const OpaqueRuns* runs;     ///< null: not keyed. Valid as long
 
         /// True when both have the same effect.
         bool operator==(const Operation& other) const;
     };
-    /// What an operation hides of those before it.
+    /// An area in which an operation hides all operations before it.
     struct Cover {
         RECT area;
         std::size_t operation;
@@ -99,29 +95,30 @@ class FrameList {
     bool FillsAll(const PixelBuffer& target) const;
     /// Adds to changed_ the areas of all operations that shown_ and frame_ do not share.
     void AddDifferences();
-    /// How many operations to pass over, from two lists that begin differently, to two that agree
-    /// (or one of each when no agreement is near).
+    /// How many operations to skip in two lists that begin differently, so that both begin with the
+    /// same operation; one of each when there is none within kLookAhead.
     static Skip ToNextAgreement(std::span<const Operation> before, std::span<const Operation> now);
     /// Adds the areas of the first `count` operations to changed_ and returns the rest.
     std::span<const Operation> AddAreas(std::span<const Operation> operations, std::size_t count);
     /// Draws what the frame shows of an area, without most of what later operations hide.
     void ComposeArea(PixelBuffer& target, const RECT& area);
-    /// Keeps what an operation hides, joined with what the one after it hides where both make up
-    /// one rectangle: the tiles of a background hide what lies under all of them.
+    /// Adds an area that an operation hides. It is joined with the area added before when both make
+    /// up a rectangle, so that the tiles of a background hide together what lies under them.
     void AddCover(RECT area, std::size_t operation);
-    /// Where nothing drawn before the operation shows through it; a part of that for keyed copies.
+    /// Where an operation hides everything drawn before it. For a keyed copy this is only the core
+    /// of its picture.
     static RECT HiddenBy(const Operation& operation);
     static void DrawVisible(PixelBuffer& target, const Operation& operation, const RECT& clip,
                             std::span<const Cover> covers);
     static void Draw(PixelBuffer& target, const Operation& operation, const RECT& clip);
 
     std::vector<Operation> frame_;  ///< recorded since the last Compose
-    std::size_t drawn_ = 0;         ///< so many of frame_ were carried out by Flush
+    std::size_t drawn_ = 0;         ///< how many of frame_ were carried out by Flush
     std::vector<Operation> shown_;  ///< the last frame that began by filling the whole target
     DirtyRegion drawnOver_;         ///< where later frames were drawn over the picture of shown_
     bool invalid_ = true;           ///< the target does not hold the picture of shown_ at all
     DirtyRegion changed_;
-    std::vector<Cover> covers_;  ///< of the area that is composed, the last operation's first
+    std::vector<Cover> covers_;  ///< for the area that is composed; the last operation comes first
 };
 
 }  // namespace korvane

@@ -14,6 +14,7 @@ struct GdiBitmap {
 
 namespace {
 
+/// The interface composes paths in buffers of 255 characters, with a zero at the end.
 constexpr std::size_t kLongestPath = 254;
 
 class MemoryContext final : public DeviceContext {
@@ -86,7 +87,7 @@ bool StretchBlt(HDC destination, const RECT& destinationArea, HDC source, const 
     std::vector<std::uint32_t> row(static_cast<std::size_t>(destinationArea.right));
     const std::span from = std::span(sourceRow).subspan(static_cast<std::size_t>(sourceArea.left));
     const std::span to = std::span(row).subspan(static_cast<std::size_t>(destinationArea.left));
-    // Found once: a division for every pixel would be most of the work.
+    // Computed once for all rows: a division for every pixel would take most of the time.
     std::vector<std::size_t> columns(to.size());
     for (std::size_t x = 0; x < columns.size(); ++x)
         columns[x] = x * from.size() / columns.size();

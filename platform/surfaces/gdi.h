@@ -23,25 +23,27 @@ using HDC = DeviceContext*;
 struct GdiBitmap;
 using HBITMAP = GdiBitmap*;
 
-/// What GetObjectA tells of a bitmap.
+/// The size of a bitmap, as GetObjectA returns it.
 struct BITMAP {
     std::int32_t width = 0;
     std::int32_t height = 0;
 };
 
 /// Loads a BMP file of the game's folder (path with backslashes, at most 254 characters); null when
-/// it is missing or cannot be loaded. The caller gives it back with DeleteObject.
+/// it is missing or cannot be loaded. The caller frees it with DeleteObject.
 HBITMAP LoadImageA(const std::string& path);
 BITMAP GetObjectA(HBITMAP bitmap);
 void DeleteObject(HBITMAP bitmap);
 
-/// A memory context of one black pixel until a bitmap is selected into it. DeleteDC ends it.
+/// A memory context of one black pixel until a bitmap is selected into it. The caller frees it with
+/// DeleteDC.
 HDC CreateCompatibleDC();
-/// Draws on this bitmap from now on; only for memory contexts. The bitmap stays the caller's.
+/// Makes a memory context draw on a bitmap, which stays the caller's.
 void SelectObject(HDC memory, HBITMAP bitmap);
 void DeleteDC(HDC memory);
 
-/// Copies one rectangle onto another, nearest pixel; false when one of them is not inside.
+/// Copies one rectangle onto another and stretches it by nearest pixels; false when one of them
+/// does not lie inside its context.
 bool StretchBlt(HDC destination, const RECT& destinationArea, HDC source, const RECT& sourceArea);
 /// CLR_INVALID outside.
 COLORREF GetPixel(HDC context, int x, int y);

@@ -9,9 +9,10 @@
 namespace korvane {
 namespace {
 
-// Strips hold cells about as wide as they are high, so a tile about as wide as the picture is high
-// keeps a cell's blocks apart from its neighbours'. The upper limits keep a small part of a large
-// picture from walking all of it; at 256 pixels a row is long enough to copy at full speed.
+// A strip of cells about as wide as high is divided into tiles about as wide as the strip is high,
+// so that the blocks of one cell do not reach into the next. The upper limits make a copy of a
+// small part of a large picture visit few blocks; rows of 256 pixels are long enough for full
+// speed.
 constexpr std::uint32_t kMinTileWidth = 16;
 constexpr std::uint32_t kMaxTileWidth = 256;
 constexpr int kTileHeightShift = 6;
@@ -68,8 +69,9 @@ class KeyMask {
     std::vector<std::uint8_t> opaque_;
 };
 
-/// Finds the blocks of one tile, given its runs row by row from the left: a run that continues a
-/// block of the row above makes it one row higher, every other one begins a block.
+/// Finds the blocks of one tile from its runs, row by row from the left. A run with the same
+/// columns as a block that ends in the row above makes that block one row higher; any other run
+/// begins a block.
 class BlockFinder {
   public:
     /// The tile's blocks are appended to `blocks`.

@@ -12,11 +12,11 @@ namespace korvane {
 
 /// Where a picture differs from its colour key.
 ///
-/// Found once, when the pixels or the key change, so that a copy does not look at single pixels:
-/// runs of opaque pixels that stand below each other in the same columns form one block, and a
-/// copy moves whole blocks. The picture is divided into tiles that no block crosses; a copy of a
-/// part visits only the tiles that it touches, so a cell of a long strip costs no more than a
-/// picture of the cell's size.
+/// This is found once, when the pixels or the key change, so that a copy does not look at single
+/// pixels. Runs of opaque pixels below each other in the same columns form a block, and a copy
+/// moves whole blocks. The picture is divided into tiles that no block crosses. A copy of a part
+/// visits only the tiles that it touches, so that a cell of a long strip costs as much as a picture
+/// of its size.
 class OpaqueRuns {
   public:
     /// The least number of pixels in a core.
@@ -24,21 +24,21 @@ class OpaqueRuns {
 
     /// Of a picture without pixels.
     OpaqueRuns() = default;
-    /// Pixels whose value equals the key are transparent. Of the key only the bits count that a
-    /// pixel has.
+    /// Pixels whose value equals the key are transparent. Bits of the key beyond those of a pixel
+    /// are ignored.
     OpaqueRuns(const PixelBuffer& pixels, std::uint32_t key);
 
     /// The size of the picture.
     SIZE Size() const { return size_; }
-    /// Tiles have this size, powers of two, but for the last column and row, which end with the
+    /// Both sides of a tile are powers of two. Those of the last column and row end with the
     /// picture.
     SIZE TileSize() const { return {1 << tileShift_.x, 1 << tileShift_.y}; }
     /// The exponents of both.
     POINT TileShift() const { return tileShift_; }
-    /// A large rectangle without a transparent pixel, empty when the picture has none that is worth
-    /// knowing: what lies under it need not be drawn.
+    /// The largest rectangle without a transparent pixel: what lies under it need not be drawn.
+    /// Empty when it would have fewer than kLeastCore pixels.
     const RECT& Core() const { return core_; }
-    /// The blocks of one tile, from top to bottom, placed from the tile's top left corner.
+    /// The blocks of one tile, from top to bottom, relative to the tile's top left corner.
     std::span<const OpaqueBlock> Blocks(int tileColumn, int tileRow) const;
 
   private:
@@ -47,18 +47,18 @@ class OpaqueRuns {
     int tileColumns_ = 0;
     RECT core_;
     std::vector<OpaqueBlock> blocks_;
-    /// Index of each tile's first block, row of tiles by row of tiles, and one past the last.
+    /// The index of each tile's first block, row by row of tiles, and the number of all blocks.
     std::vector<std::uint32_t> firstBlock_;
 };
 
-// All of these need: the areas and parts lie within their buffers (clipped once by the caller; an
-// empty one draws nothing), both buffers have pixels of the same size and are not the same one.
+// For all of these the caller has clipped areas and parts to their buffers; an empty one draws
+// nothing. Source and target are two buffers with pixels of the same size.
 
 /// Copies `part` of the source to `at`.
 void CopyPlain(PixelBuffer& target, POINT at, const PixelBuffer& source, const RECT& part);
 
-/// Copies the opaque pixels of `part` of the source to `at`. `runs` were made from the source as
-/// it is now.
+/// Copies the opaque pixels of `part` of the source to `at`. `runs` were made from the present
+/// contents of the source.
 void CopyKeyed(PixelBuffer& target, POINT at, const PixelBuffer& source, const OpaqueRuns& runs,
                const RECT& part);
 
