@@ -23,16 +23,15 @@ void FigureStatistics::AddFigure(int type) {
                    [highest](std::int32_t count) { return count * kTallestBar / highest; });
 }
 
-void FigureStatistics::DrawChart(const Surface& picture, std::uint32_t x, std::uint32_t y) const {
+void FigureStatistics::DrawChart(const Surface& picture, std::int32_t x, std::int32_t y) const {
     constexpr int kColumnWidth = 8;
     constexpr int kChartHeight = 20;
     for (std::size_t i = 0; i < kTypes; ++i) {
         if (bars_[i] < 1.0) continue;
         const int height = static_cast<int>(bars_[i]);
         const int column = static_cast<int>(i) * kColumnWidth;
-        picture.Draw(x + static_cast<std::uint32_t>(column),
-                     y + static_cast<std::uint32_t>(kChartHeight - height), column,
-                     kChartHeight - height, kColumnWidth, height, DDBLTFAST_SRCCOLORKEY);
+        const int top = kChartHeight - height;
+        picture.DrawKeyed({x + column, y + top}, RectAt({column, top}, {kColumnWidth, height}));
     }
 }
 

@@ -22,7 +22,7 @@ class FigureStatistics {
 
     /// Draws the bars growing upwards from the bottom of a chart area of 56 x 20 pixels at x, y.
     /// `picture` holds seven columns of 8 x 20, each the full bar of a type.
-    void DrawChart(const Surface& picture, std::uint32_t x, std::uint32_t y) const;
+    void DrawChart(const Surface& picture, std::int32_t x, std::int32_t y) const;
 
     /// Figures of type 1 to 7 since the last reset, at index type - 1.
     const std::array<std::int32_t, kTypes>& Counts() const { return counts_; }

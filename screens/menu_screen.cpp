@@ -101,8 +101,8 @@ static_assert(kMainClicks.size() == static_cast<std::size_t>(CreditsBack),
 
 struct CreditsLine {
     std::string_view text;
-    std::uint32_t x;
-    std::uint32_t y;
+    std::int32_t x;
+    std::int32_t y;
 };
 
 // The font has no dot: a colon stands for it.
@@ -124,10 +124,6 @@ constexpr std::array<std::array<MenuButton, kDifficultyCount>, 2> kDifficultyBut
 constexpr std::array kTimeButtons = {RightTime, LeftTime};
 constexpr std::array kClockwiseButtons = {RightClockwise, LeftClockwise};
 constexpr std::array kCounterClockwiseButtons = {RightCounterClockwise, LeftCounterClockwise};
-
-void DrawPicture(const Surface& picture, std::uint32_t x, std::uint32_t y) {
-    picture.Draw(x, y, 0, 0, 0, 0, DDBLTFAST_SRCCOLORKEY);
-}
 
 }  // namespace
 
@@ -300,7 +296,7 @@ void MenuScreen::Draw() {
     At(Music).SetEnabled(audioReady);
     At(SoundEffects).SetEnabled(audioReady);
     DrawScreenBackground();
-    DrawPicture(logo_, 8, 0);
+    logo_.DrawKeyed({8, 0});
     if (keyConfigView_) {
         DrawKeyConfigView();
     } else if (creditsView_) {
@@ -325,8 +321,8 @@ void MenuScreen::DrawCreditsView() const {
 void MenuScreen::DrawMainView() const {
     DrawButton(OnePlayer);
     DrawButton(TwoPlayers);
-    DrawPicture(leftHeading_, 278, 128);
-    DrawPicture(rightHeading_, 391, 128);
+    leftHeading_.DrawKeyed({278, 128});
+    rightHeading_.DrawKeyed({391, 128});
     for (auto i = static_cast<std::size_t>(RightEasy); i <= static_cast<std::size_t>(About); ++i)
         buttons_[i]->Draw();
 }
