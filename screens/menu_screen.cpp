@@ -1,11 +1,11 @@
 #include "screens/menu_screen.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <string_view>
 
 #include "app/state/process_state.h"
 #include "gfx/bitmap_font.h"
+#include "screens/menu_press.h"
 #include "screens/screen_background.h"
 
 namespace korvane {
@@ -63,42 +63,6 @@ constexpr bool RowsStandInOrder() {
 }
 static_assert(RowsStandInOrder());
 
-enum class OnHit : bool { StaysAsItIs, IsPressed };
-
-struct ClickRow {
-    MenuButton button;
-    MenuAction action;
-    OnHit look = OnHit::StaysAsItIs;
-};
-
-/// The main view's presses in the order in which they are tested.
-constexpr std::array kMainClicks = {
-    ClickRow{Quit, kMenuQuit, OnHit::IsPressed},
-    ClickRow{OnePlayer, kMenuOnePlayer},
-    ClickRow{TwoPlayers, kMenuTwoPlayers},
-    ClickRow{Start, kMenuStart, OnHit::IsPressed},
-    ClickRow{Music, kMenuMusic},
-    ClickRow{SoundEffects, kMenuSoundEffects},
-    ClickRow{RightEasy, kMenuRightEasy},
-    ClickRow{RightMedium, kMenuRightMedium},
-    ClickRow{RightHard, kMenuRightHard},
-    ClickRow{LeftEasy, kMenuLeftEasy},
-    ClickRow{LeftMedium, kMenuLeftMedium},
-    ClickRow{LeftHard, kMenuLeftHard},
-    ClickRow{Quakes, kMenuQuakes},
-    ClickRow{About, kMenuCredits, OnHit::IsPressed},
-    ClickRow{ConfigureKeys, kMenuConfigureKeys, OnHit::IsPressed},
-    ClickRow{Battle, kMenuBattle},
-    ClickRow{RightCounterClockwise, kMenuRightCounterClockwise},
-    ClickRow{RightClockwise, kMenuRightClockwise},
-    ClickRow{LeftCounterClockwise, kMenuLeftCounterClockwise},
-    ClickRow{LeftClockwise, kMenuLeftClockwise},
-    ClickRow{RightTime, kMenuRightTime},
-    ClickRow{LeftTime, kMenuLeftTime},
-};
-static_assert(kMainClicks.size() == static_cast<std::size_t>(CreditsBack),
-              "every button of the main view can be hit");
-
 struct CreditsLine {
     std::string_view text;
     std::int32_t x;
@@ -114,11 +78,11 @@ constexpr std::array kCredits = {
     CreditsLine{"KORVANE:EXAMPLE", 165, 372},
 };
 
-/// What only a second player needs, besides battle mode.
+/// The buttons that only a game for two needs, besides Battle.
 constexpr std::array kLeftColumn = {LeftEasy,      LeftMedium, LeftHard, LeftCounterClockwise,
                                     LeftClockwise, LeftTime};
 
-// Pairs and triples by side, the right player's first.
+// By side, the right player's first.
 constexpr std::array<std::array<MenuButton, kDifficultyCount>, 2> kDifficultyButtons = {
     {{RightEasy, RightMedium, RightHard}, {LeftEasy, LeftMedium, LeftHard}}};
 constexpr std::array kTimeButtons = {RightTime, LeftTime};
@@ -126,8 +90,6 @@ constexpr std::array kClockwiseButtons = {RightClockwise, LeftClockwise};
 constexpr std::array kCounterClockwiseButtons = {RightCounterClockwise, LeftCounterClockwise};
 
 }  // namespace
-
-// Making and showing the settings. ---------------------------------------------------------------
 
 MenuScreen::MenuScreen()
     : logo_(kLogoFile),
@@ -220,9 +182,7 @@ void MenuScreen::LoadButtonSound() {
     buttonSound_ = std::make_unique<SoundEffect>("Button.wav");
 }
 
-// Presses and keys. ------------------------------------------------------------------------------
-
-/// The way out is silent, as a press on nothing is.
+/// Every press is heard but those on Quit and on nothing.
 MenuAction MenuScreen::Click(std::int32_t x, std::int32_t y) {
     const MenuAction action = ClickView(x, y);
     if (action > kMenuQuit && MayPlay(kSfxMenuButtons)) buttonSound_->Play();
@@ -240,10 +200,11 @@ bool MenuScreen::Press(MenuButton button, std::int32_t x, std::int32_t y) {
 }
 
 MenuAction MenuScreen::ClickMainView(std::int32_t x, std::int32_t y) {
-    const auto* hit = std::ranges::find_if(kMainClicks, [&](const ClickRow& row) {
-        return At(row.button).HitTest(x, y, row.look == OnHit::IsPressed);
+    const auto presses = MainViewPresses();
+    const auto hit = std::ranges::find_if(presses, [&](const MenuPress& press) {
+        return At(press.button).HitTest(x, y, /*toggle=*/press.effect == Effect::Delayed);
     });
-    if (hit == kMainClicks.end()) return kMenuNothing;
+    if (hit == presses.end()) return kMenuNothing;
     if (hit->button == ConfigureKeys) Release(KeyConfigBack);
     return hit->action;
 }
@@ -266,7 +227,8 @@ MenuAction MenuScreen::ClickKeyConfigView(std::int32_t x, std::int32_t y) {
     return Press(Reset, x, y) ? PressReset() : kMenuNothing;
 }
 
-/// Reset shows that the keys are the defaults until a slot or the way back is pressed.
+/// Reset keeps its pressed look, a sign that the keys are the defaults, until a slot or Back is
+/// pressed. Another press on it changes nothing.
 MenuAction MenuScreen::PressReset() {
     const bool wasPressed = !IsSelected(Reset);
     Select(Reset, true);
@@ -289,8 +251,6 @@ void MenuScreen::ToggleCreditsView() {
     Release(About);
     Release(CreditsBack);
 }
-
-// Drawing. ---------------------------------------------------------------------------------------
 
 void MenuScreen::Draw() {
     At(Music).SetEnabled(audioReady);
