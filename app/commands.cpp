@@ -8,7 +8,6 @@
 #include "app/dialogs/level_settings_dialog.h"
 #include "app/dialogs/sfx_dialog.h"
 #include "app/display_switch.h"
-#include "app/game_start.h"
 #include "app/main_window.h"
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
@@ -20,146 +19,82 @@
 #include "res/commands.h"
 #include "res/level_settings_dialog.h"
 #include "res/sfx_dialog.h"
-#include "screens/menu_screen.h"
+#include "screens/game_start.h"
+#include "screens/setting_changes.h"
 
 namespace korvane {
 namespace {
 
-void Flip(bool& setting) {
-    setting = !setting;
-}
-
-// Games and screens. -----------------------------------------------------------------------------
-
-void ChooseTwoPlayers(HWND) {
-    theSettings.players = 2;
-    theMenuScreen->SelectTwoPlayers();
-}
-
-void ChooseOnePlayer(HWND) {
-    theSettings.players = 1;
-    theMenuScreen->SelectOnePlayer();
-}
-
-void NewGame(HWND window) {
+void NewGame() {
     theMusic.SetScreen(MusicScreen::Game);
-    ChooseTwoPlayers(window);
+    ChooseTwoPlayers();
     StartPlayers(Starters::Both);
 }
 
 /// Brings the left player in without touching the menu's buttons: the way back to the menu also
 /// goes back to the number of players that they show.
-void RestartLeft(HWND) {
+void RestartLeft() {
     if (theSettings.battle) return;
     theMusic.SetScreen(MusicScreen::Game);
     theSettings.players = 2;
     StartPlayers(Starters::Left);
 }
 
-void RestartRight(HWND) {
+void RestartRight() {
     if (theSettings.battle) return;
     theMusic.SetScreen(MusicScreen::Game);
     StartPlayers(Starters::Right);
 }
 
-void GotoMenu(HWND) {
+void GotoMenu() {
     ShowMenu();
     rightPlayer->ResetPlayer();
     leftPlayer->ResetPlayer();
 }
 
-void ToggleHighScores(HWND) {
+void ToggleHighScores() {
     if (!menuShowing && !highScoresShowing) return;
-    Flip(menuShowing);
-    Flip(highScoresShowing);
+    menuShowing = !menuShowing;
+    highScoresShowing = !highScoresShowing;
     theMusic.SetScreen(highScoresShowing ? MusicScreen::HighScores : MusicScreen::Menu);
 }
 
-// Settings. --------------------------------------------------------------------------------------
-
-void ToggleQuakes(HWND) {
-    Flip(theSettings.quakes);
-    theMenuScreen->ToggleQuakesButton();
+void ToggleFps() {
+    showFps = !showFps;
 }
 
-void ToggleBattle(HWND) {
-    Flip(theSettings.battle);
-    theMenuScreen->ToggleBattleButton();
+void Exit() {
+    PostMessage(mainWindow, WM_CLOSE, 0, 0);
 }
 
-void ToggleMusic(HWND) {
-    theMenuScreen->ToggleMusicButton();
-    Flip(theSettings.music);
-    if (theSettings.music) {
-        theMusic.Play();
-    } else {
-        theMusic.Stop();
-    }
-}
-
-void ToggleSoundEffects(HWND) {
-    Flip(theSettings.soundEffects);
-    theMenuScreen->ToggleSfxButton();
-}
-
-template <Side side, Difficulty difficulty>
-void SetDifficulty(HWND) {
-    constexpr auto kLevel = static_cast<std::int32_t>(difficulty);
-    theSettings.difficulty[IndexOf(side)] = kLevel;
-    theMenuScreen->SetDifficultyButtons(side, kLevel);
-}
-
-template <Side side>
-void ToggleClockwise(HWND) {
-    SetClockwise(side, !theSettings.clockwise[IndexOf(side)]);
-}
-
-template <Side side>
-void ToggleTimeBased(HWND) {
-    Flip(theSettings.timeBased[IndexOf(side)]);
-    theMenuScreen->ToggleTimeButton(side);
-}
-
-// The window. ------------------------------------------------------------------------------------
-
-void ToggleFps(HWND) {
-    Flip(showFps);
-}
-
-void Exit(HWND window) {
-    PostMessage(window, WM_CLOSE, 0, 0);
-}
-
-void ToggleFullScreen(HWND window) {
+void ToggleFullScreen() {
     if (!appActive || theSettings.fullscreenBpp == 0) return;
-    Flip(theSettings.windowed);
-    if (!Failed(SwitchDisplayMode(window, theSettings.windowed))) return;
+    theSettings.windowed = !theSettings.windowed;
+    if (!Failed(SwitchDisplayMode(mainWindow, theSettings.windowed))) return;
     currentDisplay.reset();
     ShowError("InitDirectDraw() failed. Korvane will now exit. ");
-    PostMessage(window, WM_CLOSE, 0, 0);
+    Exit();
 }
 
-// Dialogs. ---------------------------------------------------------------------------------------
-
-void AdvancedSettings(HWND window) {
-    DialogBox(kAdvancedDlg, window, AdvancedDlg);
+void AdvancedSettings() {
+    DialogBox(kAdvancedDlg, mainWindow, AdvancedDlg);
 }
 
-void LevelSettings(HWND window) {
-    DialogBox(kLevelSettingsDlg, window, LevelSettingsDlg);
+void LevelSettings() {
+    DialogBox(kLevelSettingsDlg, mainWindow, LevelSettingsDlg);
 }
 
-void SfxSettings(HWND window) {
-    DialogBox(kSfxDlg, window, SfxDlg);
+void SfxSettings() {
+    DialogBox(kSfxDlg, mainWindow, SfxDlg);
 }
 
-void About(HWND window) {
-    DialogBox(kAboutDlg, window, AboutDlg);
+void About() {
+    DialogBox(kAboutDlg, mainWindow, AboutDlg);
 }
 
 struct CommandAction {
     Command id;
-    void (*run)(HWND window);
+    void (*run)();
 };
 
 constexpr std::array kCommandActions = {
@@ -183,27 +118,22 @@ constexpr std::array kCommandActions = {
     CommandAction{kCmdLeftEasy, SetDifficulty<Side::Left, Difficulty::Easy>},
     CommandAction{kCmdLeftMedium, SetDifficulty<Side::Left, Difficulty::Medium>},
     CommandAction{kCmdLeftHard, SetDifficulty<Side::Left, Difficulty::Hard>},
-    CommandAction{kCmdLeftClockwise, ToggleClockwise<Side::Left>},
+    CommandAction{kCmdLeftClockwise, ToggleRotation<Side::Left>},
     CommandAction{kCmdLeftTimeBased, ToggleTimeBased<Side::Left>},
     CommandAction{kCmdRightRestart, RestartRight},
     CommandAction{kCmdRightEasy, SetDifficulty<Side::Right, Difficulty::Easy>},
     CommandAction{kCmdRightMedium, SetDifficulty<Side::Right, Difficulty::Medium>},
     CommandAction{kCmdRightHard, SetDifficulty<Side::Right, Difficulty::Hard>},
-    CommandAction{kCmdRightClockwise, ToggleClockwise<Side::Right>},
+    CommandAction{kCmdRightClockwise, ToggleRotation<Side::Right>},
     CommandAction{kCmdRightTimeBased, ToggleTimeBased<Side::Right>},
 };
 
 }  // namespace
 
-void SetClockwise(Side side, bool clockwise) {
-    theSettings.clockwise[IndexOf(side)] = clockwise;
-    theMenuScreen->SetRotationButtons(side, clockwise);
-}
-
-bool RunCommand(HWND window, std::uint16_t id) {
+bool RunCommand(std::uint16_t id) {
     const auto* action = std::ranges::find(kCommandActions, id, &CommandAction::id);
     if (action == kCommandActions.end()) return false;
-    action->run(window);
+    action->run();
     return true;
 }
 

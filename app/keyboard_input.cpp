@@ -22,7 +22,7 @@ bool HandleNameKey(std::uint8_t key) {
     return true;
 }
 
-/// A pause key stops its player's game, in battle both.
+/// A pause key stops its player's game or lets it go on, in battle both games.
 void TogglePauses(Player& owner) {
     for (Player* player : BothPlayers()) {
         const bool concerned = theSettings.battle ? player->IsJoined() : player == &owner;

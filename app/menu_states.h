@@ -4,8 +4,8 @@
 
 namespace korvane {
 
-/// Checks and greys the items of the window menu as settings and games are now. Both players may be
-/// missing.
+/// Checks and greys the items of the window menu by the settings and the games that run. Works
+/// before the players exist, too.
 void SetMenuStates(HMENU menu);
 
 }  // namespace korvane

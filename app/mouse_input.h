@@ -6,7 +6,8 @@ namespace korvane {
 
 /// A press of the left mouse button, `position` as its message carries it. What it hits on the menu
 /// or the high-score screen takes effect at once, or a moment later so that the pressed button is
-/// seen; a press in between replaces or cancels what waits. During a game presses do nothing.
+/// seen. Another press within that moment takes its place; a press on nothing cancels it. During a
+/// game presses do nothing.
 void OnLeftButtonDown(HWND window, LPARAM position);
 
 /// A timer's message; false when the timer is not the one of the delayed presses.

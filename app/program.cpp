@@ -23,7 +23,7 @@
 namespace korvane {
 namespace {
 
-/// At least so long from the end of a frame to the start of the next one's drawing.
+/// The least time from the end of one frame to the drawing of the next.
 constexpr std::int32_t kFramePauseMs = 10;
 
 HRESULT InitDisplay(HWND window) {
@@ -42,9 +42,10 @@ void RestoreSurfaces() {
     currentDisplay->DirectDraw()->RestoreAllSurfaces();
 }
 
-/// What a display that is not ours at this moment means for the frame; S_OK and negative results
-/// as from RenderFrame.
-HRESULT AnswerDisplayState(HWND window, HRESULT state) {
+/// Does what a display needs that cannot be drawn on: waits while another program has the whole
+/// screen, opens the display again after the desktop has changed its mode. Any other state is
+/// returned, and fatal.
+HRESULT HandleDisplayState(HWND window, HRESULT state) {
     if (state == DDERR_NOEXCLUSIVEMODE || state == DDERR_EXCLUSIVEMODEALREADYSET) {
         Sleep(kFramePauseMs);
         return S_OK;
@@ -63,7 +64,7 @@ void KeepPace() {
 HRESULT RenderFrame(HWND window) {
     AdvanceGame();
     const HRESULT state = currentDisplay->DirectDraw()->TestCooperativeLevel();
-    if (Failed(state)) return AnswerDisplayState(window, state);
+    if (Failed(state)) return HandleDisplayState(window, state);
     KeepPace();
     ScreenAdapter screens;
     const HRESULT drawn = DrawGameFrame(screens);

@@ -22,7 +22,8 @@
 namespace korvane {
 namespace {
 
-/// A game never resumes by itself: it is paused when the window comes and when it goes.
+/// Games are paused when the window becomes inactive and when it becomes active: none resumes by
+/// itself.
 void OnActivate(WPARAM wParam) {
     if (BothPlayersExist()) {
         for (Player* player : BothPlayers())
@@ -64,7 +65,7 @@ LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lPa
     mainWindow = window;
     switch (message) {
         case WM_COMMAND:
-            if (RunCommand(window, LOWORD(wParam))) return 0;
+            if (RunCommand(LOWORD(wParam))) return 0;
             break;
         case WM_LBUTTONDOWN:
             OnLeftButtonDown(window, lParam);

@@ -6,10 +6,10 @@
 
 namespace korvane {
 
-/// Turns everything that happens outside into actions of the program.
+/// The main window's procedure: gives every message to the part of the program that it concerns.
 LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lParam);
 
-/// Writes the high scores and the key bindings, as far as their screens still stand.
+/// Writes the high scores and the key bindings; each only while its screen exists.
 void SaveScoresAndKeys();
 
 }  // namespace korvane

@@ -9,7 +9,7 @@
 namespace korvane {
 
 /// Capital letters, digits and : ; < = > ? @ in cells of 16 x 16 pixels. Other characters draw
-/// nothing but take their room.
+/// nothing but take the same room.
 class BitmapFont {
   public:
     BitmapFont();
@@ -17,17 +17,16 @@ class BitmapFont {
 
     /// From the left, 14 pixels per character: neighbouring cells overlap by two columns, which the
     /// glyphs leave transparent.
-    void DrawText(std::string_view text, std::uint32_t x, std::uint32_t y) const;
+    void DrawText(std::string_view text, std::int32_t x, std::int32_t y) const;
     /// From the left, 16 pixels per character.
-    void DrawTextWide(std::string_view text, std::uint32_t x, std::uint32_t y) const;
+    void DrawTextWide(std::string_view text, std::int32_t x, std::int32_t y) const;
     /// 14 pixels per character, ending at `right`.
-    void DrawTextRight(std::string_view text, std::uint32_t right, std::uint32_t y) const;
+    void DrawTextRight(std::string_view text, std::int32_t right, std::int32_t y) const;
     /// Loads both pictures again from the current skin.
     void Reload();
 
   private:
-    void DrawSpaced(std::string_view text, std::uint32_t x, std::uint32_t y,
-                    std::uint32_t advance) const;
+    void DrawSpaced(std::string_view text, POINT pen, std::int32_t advance) const;
 
     Surface letters_;
     Surface numbers_;

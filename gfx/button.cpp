@@ -22,12 +22,13 @@ Button::Button(const Surface& sharedPicture, std::int32_t x, std::int32_t y)
 void Button::Draw() const {
     const Surface* look = enabled_ ? picture_ : disabledPicture_.get();
     if (!look) return;
-    look->Draw(static_cast<std::uint32_t>(x_), static_cast<std::uint32_t>(y_),
-               selected_ ? FrameWidth() : 0, 0, FrameWidth(), FrameHeight(), DDBLTFAST_SRCCOLORKEY);
+    const SIZE frame = FrameSize();
+    look->DrawKeyed({x_, y_}, RectAt({selected_ ? frame.cx : 0, 0}, frame));
 }
 
 bool Button::HitTest(std::int32_t px, std::int32_t py, bool toggle) {
-    const bool inside = px > x_ && px < x_ + FrameWidth() && py > y_ && py < y_ + FrameHeight();
+    const SIZE frame = FrameSize();
+    const bool inside = px > x_ && px < x_ + frame.cx && py > y_ && py < y_ + frame.cy;
     if (!inside || !enabled_) return false;
     if (toggle) Toggle();
     return true;

@@ -8,11 +8,12 @@
 
 namespace korvane {
 
-/// A picture button of the menus. Its picture is a strip of two equal frames, the normal look on
+/// A picture button of the screens. Its picture is a strip of two equal frames, the normal look on
 /// the left and the selected look on the right.
 class Button {
   public:
-    /// Only the second form has a look for when it is disabled, as a strip of the same layout.
+    /// Only the second form has a look for when it is disabled, a strip of the same layout; the
+    /// first draws nothing then.
     Button(const std::string& pictureFile, std::int32_t x, std::int32_t y);
     Button(const std::string& pictureFile, const std::string& disabledPictureFile, std::int32_t x,
            std::int32_t y);
@@ -38,8 +39,7 @@ class Button {
     std::int32_t Y() const { return y_; }
 
   private:
-    std::int32_t FrameWidth() const { return static_cast<std::int32_t>(picture_->Width() / 2); }
-    std::int32_t FrameHeight() const { return static_cast<std::int32_t>(picture_->Height()); }
+    SIZE FrameSize() const { return {picture_->Width() / 2, picture_->Height()}; }
 
     bool enabled_ = true;
     std::unique_ptr<Surface> ownPicture_;  ///< none when the picture is shared

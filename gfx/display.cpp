@@ -18,8 +18,8 @@ void ShapeWindow(HWND window, std::int32_t width, std::int32_t height) {
     SetWindowPos(window, {0, 0}, outer.Size(), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-/// Moves a window whose top left corner lies outside the work area to its edge; what the window
-/// loses at the right and below does not matter.
+/// Moves a window that begins left of or above the work area to its edge. One that reaches beyond
+/// the right or lower edge stays.
 void KeepCornerInWorkArea(HWND window) {
     RECT workArea;
     if (!SystemParametersInfoA(SPI_GETWORKAREA, workArea)) return;

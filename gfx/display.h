@@ -9,9 +9,8 @@
 
 namespace korvane {
 
-/// Everything that shows pictures: the display object, the front buffer (what the screen shows) and
-/// one back buffer that every frame is composed in. A Display is opened once; another mode gets
-/// another Display.
+/// The display object, the front buffer (what the screen shows) and the back buffer, in which every
+/// frame is composed. A Display is opened once; another mode gets a new Display.
 class Display final {
   public:
     Display() = default;
@@ -47,7 +46,6 @@ class Display final {
     IDirectDraw7* DirectDraw() const { return directDraw_.get(); }
     IDirectDrawSurface7* FrontBuffer() const { return frontBuffer_.get(); }
     IDirectDrawSurface7* BackBuffer() const { return backBuffer_.get(); }
-    bool IsWindowed() const { return windowedMode_; }
 
   private:
     HRESULT CreateDirectDraw(HWND window, std::uint32_t cooperativeLevel);

@@ -24,10 +24,6 @@ HRESULT OffscreenSurface::Create(IDirectDraw7* directDraw, const DDSURFACEDESC2&
     return result;
 }
 
-void OffscreenSurface::Release() {
-    surface_.reset();
-}
-
 HRESULT OffscreenSurface::CopyBitmap(HBITMAP bitmap) {
     if (!bitmap || !surface_) return E_INVALIDARG;
     HRESULT result = surface_->Restore();

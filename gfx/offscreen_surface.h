@@ -11,7 +11,6 @@ class OffscreenSurface {
   public:
     /// Makes the surface and reads its description back; the display's error on failure.
     HRESULT Create(IDirectDraw7* directDraw, const DDSURFACEDESC2& wanted);
-    void Release();
 
     /// Fills the surface with a bitmap, stretched if the sizes differ; colours are converted to the
     /// surface's format. E_INVALIDARG without bitmap or surface, E_NOTIMPL for a surface without

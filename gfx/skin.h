@@ -25,7 +25,8 @@ class SkinColorKeys {
     std::array<COLORREF, 3> keys_{};
 };
 
-/// Keys of the skin that was in use at start; they hold until the program ends.
+/// The keys of the skin that was in use at start. They hold until the program ends, also for
+/// another skin.
 extern SkinColorKeys skinColorKeys;
 
 /// Key 0, 1 or 2 of `skinColorKeys`; 0 for any other index.

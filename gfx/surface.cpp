@@ -19,34 +19,37 @@ bool Surface::Load(const std::string& fileName) {
     SIZE size;
     const HRESULT result = currentDisplay->CreateSurfaceFromBitmap(fileName, offscreen_, size);
     if (Failed(result)) return false;
-    width_ = static_cast<std::uint32_t>(size.cx);
-    height_ = static_cast<std::uint32_t>(size.cy);
+    width_ = size.cx;
+    height_ = size.cy;
     SetColorKey(ColorKey(0));
     loaded_ = true;
     return true;
 }
 
-HRESULT Surface::Draw(std::uint32_t x, std::uint32_t y, std::int32_t sourceX, std::int32_t sourceY,
+HRESULT Surface::Draw(std::int32_t x, std::int32_t y, std::int32_t sourceX, std::int32_t sourceY,
                       std::int32_t sourceWidth, std::int32_t sourceHeight,
                       std::uint32_t flags) const {
     if (!currentDisplay || !currentDisplay->BackBuffer() || !loaded_) return S_OK;
-    const std::int32_t w = sourceWidth >= 1 ? sourceWidth : static_cast<std::int32_t>(width_);
-    const std::int32_t h = sourceHeight >= 1 ? sourceHeight : static_cast<std::int32_t>(height_);
-    return currentDisplay->CopyToBackBuffer(x, y, offscreen_->Get(),
-                                            {sourceX, sourceY, sourceX + w, sourceY + h}, flags);
+    const std::int32_t w = sourceWidth >= 1 ? sourceWidth : width_;
+    const std::int32_t h = sourceHeight >= 1 ? sourceHeight : height_;
+    // A point left of or above the buffer becomes one far outside it, which is refused as well.
+    return currentDisplay->CopyToBackBuffer(static_cast<std::uint32_t>(x),
+                                            static_cast<std::uint32_t>(y), offscreen_->Get(),
+                                            RectAt({sourceX, sourceY}, {w, h}), flags);
 }
 
-HRESULT Surface::DrawTiled(std::uint32_t x, std::uint32_t y, std::uint32_t areaWidth,
-                           std::uint32_t areaHeight) const {
+HRESULT Surface::DrawKeyed(POINT at, const RECT& part) const {
+    return Draw(at.x, at.y, part.left, part.top, part.Width(), part.Height(),
+                DDBLTFAST_SRCCOLORKEY);
+}
+
+HRESULT Surface::DrawTiled(std::int32_t x, std::int32_t y, std::int32_t areaWidth,
+                           std::int32_t areaHeight) const {
     if (!loaded_) return S_OK;
-    for (std::uint32_t top = 0; top < areaHeight; top += height_) {
-        const std::uint32_t tileHeight = std::min(height_, areaHeight - top);
-        for (std::uint32_t left = 0; left < areaWidth; left += width_) {
-            const std::uint32_t tileWidth = std::min(width_, areaWidth - left);
-            Draw(x + left, y + top, 0, 0, static_cast<std::int32_t>(tileWidth),
-                 static_cast<std::int32_t>(tileHeight), DDBLTFAST_NOCOLORKEY);
-        }
-    }
+    for (std::int32_t top = 0; top < areaHeight; top += height_)
+        for (std::int32_t left = 0; left < areaWidth; left += width_)
+            Draw(x + left, y + top, 0, 0, std::min(width_, areaWidth - left),
+                 std::min(height_, areaHeight - top), DDBLTFAST_NOCOLORKEY);
     return S_OK;
 }
 

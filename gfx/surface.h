@@ -21,20 +21,23 @@ class Surface {
     /// Copies a part of the picture to the back buffer; a source width or height below 1 means the
     /// whole picture's. Nothing is clipped: a copy that leaves the picture or the buffer is
     /// refused.
-    HRESULT Draw(std::uint32_t x, std::uint32_t y, std::int32_t sourceX, std::int32_t sourceY,
+    HRESULT Draw(std::int32_t x, std::int32_t y, std::int32_t sourceX, std::int32_t sourceY,
                  std::int32_t sourceWidth, std::int32_t sourceHeight, std::uint32_t flags) const;
+    /// The same without the pixels of the key colour: the whole picture, or a part of it.
+    HRESULT DrawKeyed(POINT at) const { return DrawKeyed(at, {0, 0, width_, height_}); }
+    HRESULT DrawKeyed(POINT at, const RECT& part) const;
     /// Fills an area with copies side by side, the last ones cut to the area, without colour key.
-    HRESULT DrawTiled(std::uint32_t x, std::uint32_t y, std::uint32_t areaWidth,
-                      std::uint32_t areaHeight) const;
+    HRESULT DrawTiled(std::int32_t x, std::int32_t y, std::int32_t areaWidth,
+                      std::int32_t areaHeight) const;
     HRESULT SetColorKey(COLORREF colour);
 
-    std::uint32_t Width() const { return width_; }
-    std::uint32_t Height() const { return height_; }
+    std::int32_t Width() const { return width_; }
+    std::int32_t Height() const { return height_; }
 
   private:
     std::unique_ptr<OffscreenSurface> offscreen_;
-    std::uint32_t height_ = 0;
-    std::uint32_t width_ = 0;
+    std::int32_t height_ = 0;
+    std::int32_t width_ = 0;
     bool loaded_ = false;
 };
 

@@ -18,24 +18,24 @@ namespace {
 constexpr const char* kTitleFile = "HighScore\\highscore.bmp";
 constexpr const char* kCursorFile = "HighScore\\cursor.bmp";
 
-constexpr std::uint32_t kHeadingY = 104;
-constexpr std::uint32_t kFirstRowY = 138;
-constexpr std::uint32_t kRowPitch = 28;
-constexpr std::uint32_t kNameX = 64;
-constexpr std::uint32_t kLinesX = 272;
-constexpr std::uint32_t kLevelX = 393;
-constexpr std::uint32_t kScoreX = 496;
-constexpr std::uint32_t kScoreHeadingX = 491;
-constexpr std::uint32_t kNameColumn = 16;
-constexpr std::uint32_t kCongratulationsY = 415;
+constexpr std::int32_t kHeadingY = 104;
+constexpr std::int32_t kFirstRowY = 138;
+constexpr std::int32_t kRowPitch = 28;
+constexpr std::int32_t kNameX = 64;
+constexpr std::int32_t kLinesX = 272;
+constexpr std::int32_t kLevelX = 393;
+constexpr std::int32_t kScoreX = 496;
+constexpr std::int32_t kScoreHeadingX = 491;
+constexpr std::int32_t kNameColumn = 16;
+constexpr std::int32_t kCongratulationsY = 415;
 
 /// The cursor can stand behind the last character that can be typed; that column stays a space.
 constexpr std::size_t kTypedLimit = 12;
 constexpr std::string_view kBlankName = "             ";
 static_assert(kBlankName.size() == kTypedLimit + 1 && kBlankName.size() < kNameBytes);
 
-std::uint32_t RowY(std::size_t row) {
-    return kFirstRowY + kRowPitch * static_cast<std::uint32_t>(row);
+std::int32_t RowY(std::size_t row) {
+    return kFirstRowY + kRowPitch * static_cast<std::int32_t>(row);
 }
 
 /// Letters arrive as their capitals. The digit key 0 is not taken.
@@ -116,7 +116,7 @@ void HighScoreScreen::ReleaseButtons() {
 
 void HighScoreScreen::Draw() {
     DrawScreenBackground();
-    title_.Draw(54, 0, 0, 0, 0, 0, DDBLTFAST_SRCCOLORKEY);
+    title_.DrawKeyed({54, 0});
     theFont->DrawTextWide("NAME", kNameX, kHeadingY);
     theFont->DrawTextWide("LINES", kLinesX, kHeadingY);
     theFont->DrawTextWide("LEVEL", kLevelX, kHeadingY);
@@ -124,8 +124,8 @@ void HighScoreScreen::Draw() {
     for (std::size_t row = 0; row < kHighScoreRows; ++row)
         DrawRow(row);
     if (editRow_) {
-        cursorPicture_.Draw(kNameX + kNameColumn * static_cast<std::uint32_t>(cursor_),
-                            RowY(*editRow_), 0, 0, 0, 0, DDBLTFAST_SRCCOLORKEY);
+        const std::int32_t x = kNameX + kNameColumn * static_cast<std::int32_t>(cursor_);
+        cursorPicture_.DrawKeyed({x, RowY(*editRow_)});
     }
     DrawCongratulations();
     for (Button* button : {&menuButton_, &playButton_}) {
@@ -136,7 +136,7 @@ void HighScoreScreen::Draw() {
 
 void HighScoreScreen::DrawRow(std::size_t row) const {
     const HighScoreEntry& entry = table_.Row(row);
-    const std::uint32_t y = RowY(row);
+    const std::int32_t y = RowY(row);
     theFont->DrawTextWide(entry.Name(), kNameX, y);
     theFont->DrawText(std::to_string(entry.lines), kLinesX, y);
     theFont->DrawText(std::to_string(entry.level), kLevelX, y);

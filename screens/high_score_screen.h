@@ -12,7 +12,8 @@
 
 namespace korvane {
 
-/// What a press on the high-score screen hit. The numbers follow on those of the menu's actions.
+/// What a press on the high-score screen hit. No number is also that of a menu action, as
+/// `pendingClick` holds both.
 enum HighScoreAction : std::int32_t {
     kHighScoreNothing = -1,
     kHighScoreToMenu = 100,

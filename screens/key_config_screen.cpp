@@ -21,14 +21,13 @@ constexpr std::array kSheetFiles = {
 static_assert(kSheetFiles.size() == static_cast<std::size_t>(GlyphSheet::Count));
 
 constexpr int kGlyphColorKey = 2;
-constexpr std::int32_t kGlyphWidth = 29;
-constexpr std::int32_t kGlyphHeight = 44;
+constexpr SIZE kGlyph{29, 44};
 
 constexpr std::array kActionNames = {"ROTATE", "DROP", "LEFT", "RIGHT", "PAUSE"};
 static_assert(kActionNames.size() == kActionCount);
-constexpr std::array<std::uint32_t, 2> kNameColumns = {235, 410};
-constexpr std::uint32_t kFirstNameY = 129;
-constexpr std::uint32_t kNamePitch = 66;
+constexpr std::array<std::int32_t, 2> kNameColumns = {235, 410};
+constexpr std::int32_t kFirstNameY = 129;
+constexpr std::int32_t kNamePitch = 66;
 
 struct KeyRange {
     std::uint8_t first;
@@ -102,14 +101,13 @@ constexpr std::array kGlyphRuns = {
     OneGlyph(VK_RETURN, GlyphSheet::NamedKeys, 19),
 };
 
-void DrawGlyph(const GlyphSheets& sheets, std::uint8_t key, std::int32_t x, std::int32_t y) {
+void DrawGlyph(const GlyphSheets& sheets, std::uint8_t key, POINT at) {
     const auto* run = std::ranges::find_if(
         kGlyphRuns, [key](const GlyphRun& candidate) { return candidate.keys.Contains(key); });
     if (run == kGlyphRuns.end()) return;
     const int cell = run->firstCell + key - run->keys.first;
-    sheets[static_cast<std::size_t>(run->sheet)].Draw(
-        static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y), cell * kGlyphWidth, 0,
-        kGlyphWidth, kGlyphHeight, DDBLTFAST_SRCCOLORKEY);
+    sheets[static_cast<std::size_t>(run->sheet)].DrawKeyed(at,
+                                                           RectAt({cell * kGlyph.cx, 0}, kGlyph));
 }
 
 }  // namespace
@@ -122,7 +120,7 @@ KeySlot::KeySlot(const Surface& picture, const GlyphSheets& sheets, Action actio
 
 void KeySlot::DrawSlot() const {
     Draw();
-    if (!IsArmed()) DrawGlyph(sheets_, Key(), X() + kGlyphInSlot.x, Y() + kGlyphInSlot.y);
+    if (!IsArmed()) DrawGlyph(sheets_, Key(), {X() + kGlyphInSlot.x, Y() + kGlyphInSlot.y});
 }
 
 KeyConfigScreen::KeyConfigScreen()
@@ -144,8 +142,8 @@ void KeyConfigScreen::Draw() const {
         for (std::size_t action = 0; action < kActionCount; ++action)
             slots_[action * 2 + side]->DrawSlot();
     }
-    for (const std::uint32_t x : kNameColumns) {
-        std::uint32_t y = kFirstNameY;
+    for (const std::int32_t x : kNameColumns) {
+        std::int32_t y = kFirstNameY;
         for (const char* name : kActionNames) {
             theFont->DrawText(name, x, y);
             y += kNamePitch;
@@ -171,9 +169,8 @@ bool KeyConfigScreen::CaptureKey(std::uint8_t key) {
     KeySlot* const armed = ArmedSlot();
     if (!armed || !IsBindable(key)) return false;
     // A file edited by hand can give several slots one key; the last of them takes part.
-    const auto holder = std::find_if(slots_.rbegin(), slots_.rend(), [key](const auto& slot) {
-        return !slot->IsArmed() && slot->Key() == key;
-    });
+    const auto holder = std::find_if(slots_.rbegin(), slots_.rend(),
+                                     [key](const auto& slot) { return slot->Key() == key; });
     if (holder != slots_.rend()) (*holder)->Bind(armed->Key());
     armed->Bind(key);
     armed->Disarm();

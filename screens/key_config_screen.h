@@ -51,8 +51,8 @@ class KeyConfigScreen {
     virtual ~KeyConfigScreen() = default;
 
     void Draw() const;
-    /// A press at a point of the frame; true when it armed a slot. While one is armed, none is, and
-    /// the armed one stays so.
+    /// A press at a point of the frame; true when it armed a slot. While a slot is armed, presses
+    /// on slots do nothing.
     bool ClickSlot(std::int32_t x, std::int32_t y);
     /// Binds a pressed key to the armed slot; another slot that had the key takes the armed slot's
     /// old one. False, with nothing changed, when no slot is armed or the key cannot be bound.

@@ -4,7 +4,7 @@
 
 namespace korvane {
 
-/// What a press on the menu hit.
+/// What a press on the menu hit or did.
 enum MenuAction : std::int32_t {
     kMenuNothing = -1,
     kMenuQuit = 0,

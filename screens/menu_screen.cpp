@@ -1,11 +1,11 @@
 #include "screens/menu_screen.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <string_view>
 
 #include "app/state/process_state.h"
 #include "gfx/bitmap_font.h"
+#include "screens/menu_press.h"
 #include "screens/screen_background.h"
 
 namespace korvane {
@@ -20,46 +20,11 @@ constexpr const char* kRightHeadingFile = "menu\\RightPlayer.bmp";
 
 using enum MenuButton;
 
-enum class OnHit : bool { StaysAsItIs, IsPressed };
-
-struct ClickRow {
-    MenuButton button;
-    MenuAction action;
-    OnHit look = OnHit::StaysAsItIs;
-};
-
-/// The main view's presses in the order in which they are tested.
-constexpr std::array kMainClicks = {
-    ClickRow{Quit, kMenuQuit, OnHit::IsPressed},
-    ClickRow{OnePlayer, kMenuOnePlayer},
-    ClickRow{TwoPlayers, kMenuTwoPlayers},
-    ClickRow{Start, kMenuStart, OnHit::IsPressed},
-    ClickRow{Music, kMenuMusic},
-    ClickRow{SoundEffects, kMenuSoundEffects},
-    ClickRow{RightEasy, kMenuRightEasy},
-    ClickRow{RightMedium, kMenuRightMedium},
-    ClickRow{RightHard, kMenuRightHard},
-    ClickRow{LeftEasy, kMenuLeftEasy},
-    ClickRow{LeftMedium, kMenuLeftMedium},
-    ClickRow{LeftHard, kMenuLeftHard},
-    ClickRow{Quakes, kMenuQuakes},
-    ClickRow{About, kMenuCredits, OnHit::IsPressed},
-    ClickRow{ConfigureKeys, kMenuConfigureKeys, OnHit::IsPressed},
-    ClickRow{Battle, kMenuBattle},
-    ClickRow{RightCounterClockwise, kMenuRightCounterClockwise},
-    ClickRow{RightClockwise, kMenuRightClockwise},
-    ClickRow{LeftCounterClockwise, kMenuLeftCounterClockwise},
-    ClickRow{LeftClockwise, kMenuLeftClockwise},
-    ClickRow{RightTime, kMenuRightTime},
-    ClickRow{LeftTime, kMenuLeftTime},
-};
-static_assert(kMainClicks.size() == static_cast<std::size_t>(CreditsBack),
-              "every button of the main view can be hit");
 
 struct CreditsLine {
     std::string_view text;
-    std::uint32_t x;
-    std::uint32_t y;
+    std::int32_t x;
+    std::int32_t y;
 };
 
 // The font has no dot: a colon stands for it.
@@ -71,24 +36,18 @@ constexpr std::array kCredits = {
     CreditsLine{"KORVANE:EXAMPLE", 165, 372},
 };
 
-/// What only a second player needs, besides battle mode.
+/// The buttons that only a game for two needs, besides Battle.
 constexpr std::array kLeftColumn = {LeftEasy,      LeftMedium, LeftHard, LeftCounterClockwise,
                                     LeftClockwise, LeftTime};
 
-// Pairs and triples by side, the right player's first.
+// By side, the right player's first.
 constexpr std::array<std::array<MenuButton, kDifficultyCount>, 2> kDifficultyButtons = {
     {{RightEasy, RightMedium, RightHard}, {LeftEasy, LeftMedium, LeftHard}}};
 constexpr std::array kTimeButtons = {RightTime, LeftTime};
 constexpr std::array kClockwiseButtons = {RightClockwise, LeftClockwise};
 constexpr std::array kCounterClockwiseButtons = {RightCounterClockwise, LeftCounterClockwise};
 
-void DrawPicture(const Surface& picture, std::uint32_t x, std::uint32_t y) {
-    picture.Draw(x, y, 0, 0, 0, 0, DDBLTFAST_SRCCOLORKEY);
-}
-
 }  // namespace
-
-// Making and showing the settings. ---------------------------------------------------------------
 
 MenuScreen::MenuScreen()
     : logo_(kLogoFile),
@@ -181,9 +140,7 @@ void MenuScreen::LoadButtonSound() {
     buttonSound_ = std::make_unique<SoundEffect>("Button.wav");
 }
 
-// Presses and keys. ------------------------------------------------------------------------------
-
-/// The way out is silent, as a press on nothing is.
+/// Every press is heard but those on Quit and on nothing.
 MenuAction MenuScreen::Click(std::int32_t x, std::int32_t y) {
     const MenuAction action = ClickView(x, y);
     if (action > kMenuQuit && MayPlay(kSfxMenuButtons)) buttonSound_->Play();
@@ -201,10 +158,11 @@ bool MenuScreen::Press(MenuButton button, std::int32_t x, std::int32_t y) {
 }
 
 MenuAction MenuScreen::ClickMainView(std::int32_t x, std::int32_t y) {
-    const auto* hit = std::ranges::find_if(kMainClicks, [&](const ClickRow& row) {
-        return At(row.button).HitTest(x, y, row.look == OnHit::IsPressed);
+    const auto presses = MainViewPresses();
+    const auto hit = std::ranges::find_if(presses, [&](const MenuPress& press) {
+        return At(press.button).HitTest(x, y, /*toggle=*/press.effect == Effect::Delayed);
     });
-    if (hit == kMainClicks.end()) return kMenuNothing;
+    if (hit == presses.end()) return kMenuNothing;
     if (hit->button == ConfigureKeys) Release(KeyConfigBack);
     return hit->action;
 }
@@ -227,7 +185,8 @@ MenuAction MenuScreen::ClickKeyConfigView(std::int32_t x, std::int32_t y) {
     return Press(Reset, x, y) ? PressReset() : kMenuNothing;
 }
 
-/// Reset shows that the keys are the defaults until a slot or the way back is pressed.
+/// Reset keeps its pressed look, a sign that the keys are the defaults, until a slot or Back is
+/// pressed. Another press on it changes nothing.
 MenuAction MenuScreen::PressReset() {
     const bool wasPressed = !IsSelected(Reset);
     Select(Reset, true);
@@ -251,13 +210,11 @@ void MenuScreen::ToggleCreditsView() {
     Release(CreditsBack);
 }
 
-// Drawing. ---------------------------------------------------------------------------------------
-
 void MenuScreen::Draw() {
     At(Music).SetEnabled(audioReady);
     At(SoundEffects).SetEnabled(audioReady);
     DrawScreenBackground();
-    DrawPicture(logo_, 8, 0);
+    logo_.DrawKeyed({8, 0});
     if (keyConfigView_) {
         DrawKeyConfigView();
     } else if (creditsView_) {
@@ -282,8 +239,8 @@ void MenuScreen::DrawCreditsView() const {
 void MenuScreen::DrawMainView() const {
     DrawButton(OnePlayer);
     DrawButton(TwoPlayers);
-    DrawPicture(leftHeading_, 278, 128);
-    DrawPicture(rightHeading_, 391, 128);
+    leftHeading_.DrawKeyed({278, 128});
+    rightHeading_.DrawKeyed({391, 128});
     for (auto i = static_cast<std::size_t>(RightEasy); i <= static_cast<std::size_t>(About); ++i)
         buttons_[i]->Draw();
 }

@@ -17,9 +17,10 @@ namespace korvane {
 
 /// The graphical main menu: its main view, the credits and the key configuration.
 ///
-/// Its buttons mirror the settings without a copy of their own: `theSettings` is read when the menu
-/// is made, and from then on whoever changes a value also calls the operation that changes the
-/// button. Looks and view outlast the times when something else shows.
+/// Each button keeps for itself whether it is selected. The menu reads `theSettings` only when it
+/// is made; from then on whoever changes a setting also changes its button
+/// (`screens/setting_changes.h`). The two can differ: F1 brings in the left player and leaves the
+/// buttons at one player. Buttons and view stay as they are while the game or the high scores show.
 class MenuScreen {
   public:
     /// Loads the key bindings and all pictures; the buttons show the settings.
@@ -28,7 +29,8 @@ class MenuScreen {
 
     void Draw();
     /// A press at a point of the frame: changes the looks of what was pressed, and in the
-    /// key-configuration view arms slots and resets keys. The caller carries out the rest.
+    /// key-configuration view arms slots and resets keys. The caller does what the press is for
+    /// (`FindMenuPress`).
     MenuAction Click(std::int32_t x, std::int32_t y);
 
     void ToggleCreditsView();

@@ -2,8 +2,8 @@
 
 namespace korvane {
 
-/// The tiled ground of menu and high scores, 520 pixels wide over the frame's whole height; the
-/// frame stays black on both sides of it.
+/// The tiled background of menu and high scores: a column 520 pixels wide over the frame's whole
+/// height, with black left and right of it.
 void DrawScreenBackground();
 
 }  // namespace korvane

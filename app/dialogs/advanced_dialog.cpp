@@ -15,8 +15,6 @@
 namespace korvane {
 namespace {
 
-// What the boxes stand for. ----------------------------------------------------------------------
-
 struct Choice {
     DialogItem box;
     bool& (*setting)();
@@ -40,10 +38,11 @@ struct Magnitude {
 constexpr std::array kMagnitudes = {Magnitude{kItemMagnitude2, 2}, Magnitude{kItemMagnitude4, 4},
                                     Magnitude{kItemMagnitude8, 8}, Magnitude{kItemMagnitude16, 16}};
 
-// The drop delay's scroll bar. -------------------------------------------------------------------
-
-constexpr int kDelayRange = 159;
+/// The last position of a scroll bar is a page short of the end of its range, so that the end of
+/// its thumb reaches it: a range up to 159 lets the drop delay go up to 150.
+constexpr int kLongestDelay = 150;
 constexpr int kDelayPage = 10;
+constexpr int kDelayRange = kLongestDelay + kDelayPage - 1;
 
 void ShowDelay(HDLG dialog, std::int64_t delay) {
     SetDlgItemText(dialog, kItemDropDelayText, std::to_string(delay));
@@ -66,7 +65,8 @@ int PositionAfter(ScrollRequest request, int thumb, const SCROLLINFO& bar) {
     }
 }
 
-/// The bar itself ends a page earlier than the range, so the text can go on where it stays.
+/// The text shows the position asked for, up to the end of the range. The bar, whose position OK
+/// takes, stops at the longest delay.
 void OnScroll(HDLG dialog, WPARAM wParam) {
     const HCTL bar = GetDlgItem(dialog, kItemDropDelay);
     const auto request = static_cast<ScrollRequest>(LOWORD(wParam));
@@ -75,8 +75,6 @@ void OnScroll(HDLG dialog, WPARAM wParam) {
     SetScrollInfo(bar, {.mask = SIF_POS, .position = position});
     ShowDelay(dialog, position);
 }
-
-// Opening. ---------------------------------------------------------------------------------------
 
 void ShowDropSpeed(HDLG dialog) {
     ShowDelay(dialog, theSettings.dropDelayMs);
@@ -106,13 +104,15 @@ void ShowModes(HDLG dialog) {
     if (ListBox_GetCurSel(list) == LB_ERR) ListBox_SetCurSel(list, 0);
 }
 
-/// A folder whose name is too long to be kept, or would lead elsewhere as a path, cannot be chosen.
+/// Not a skin: a hidden folder, a name that is too long for the settings file, a name that would be
+/// a path.
 bool IsSkin(const FolderEntry& entry) {
     return entry.isFolder && !entry.name.starts_with('.') && entry.name.size() <= kSkinNameLimit &&
            entry.name.find('\\') == std::string::npos;
 }
 
-/// Names can differ in nothing but the case of their letters: the very same one goes first.
+/// The list finds names whatever their case. Two skins can have names that differ in nothing else:
+/// among them the one spelled exactly so is taken.
 int FindSkin(HCTL list, const std::string& name) {
     const int first = ListBox_FindStringExact(list, name);
     for (int entry = first; entry != LB_ERR && !ListBox_GetText(list, entry).empty(); ++entry)
@@ -141,8 +141,6 @@ void Open(HDLG dialog) {
     ShowSkins(dialog);
     if (theSettings.showAdvancedAtStart) EnableWindow(GetDlgItem(dialog, IDCANCEL), false);
 }
-
-// OK. --------------------------------------------------------------------------------------------
 
 void TakeSkin(HDLG dialog) {
     const HCTL list = GetDlgItem(dialog, kItemSkins);

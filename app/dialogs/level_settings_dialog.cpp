@@ -10,7 +10,9 @@
 namespace korvane {
 namespace {
 
+/// What stands in a box after so many characters is not read.
 constexpr std::size_t kLongestNumber = 31;
+/// Of every value; milliseconds, pixels per second, figures and seconds alike.
 constexpr long kLargestValue = 4999;
 
 void ShowNumber(HDLG dialog, std::uint16_t box, std::uint32_t value) {
@@ -50,7 +52,7 @@ bool LevelSettingsDlg(HDLG dialog, std::uint32_t message, WPARAM wParam, LPARAM 
         VisitBoxes(theLevelTable, [dialog](std::uint16_t box, std::uint32_t value) {
             ShowNumber(dialog, box, value);
         });
-        return false;  // no box has the keyboard until the user gives it to one
+        return false;  // the keyboard goes to no box until the user chooses one
     }
     if (message != WM_COMMAND) return false;
     const std::uint16_t button = LOWORD(wParam);

@@ -12,7 +12,8 @@ constexpr std::string_view kPrefix = "640 x 480 x ";
 constexpr std::string_view kSeparator = " - ";
 constexpr std::string_view kUnit = " Hz";
 
-std::string_view Behind(std::string_view text, std::size_t count) {
+/// The text after so many characters.
+std::string_view Skip(std::string_view text, std::size_t count) {
     return text.substr(std::min(count, text.size()));
 }
 
@@ -31,10 +32,10 @@ std::string ModeText(const ModeChoice& mode) {
 }
 
 ModeChoice ReadModeText(std::string_view entry) {
-    std::string_view rest = Behind(entry, kPrefix.size());
+    std::string_view rest = Skip(entry, kPrefix.size());
     const std::size_t digits = std::min(rest.find_first_not_of("0123456789"), rest.size());
     const std::uint32_t bits = Unsigned(rest.substr(0, digits));
-    rest = Behind(rest, digits + kSeparator.size());
+    rest = Skip(rest, digits + kSeparator.size());
     rest.remove_suffix(std::min(kUnit.size(), rest.size()));
     return {bits, Unsigned(rest)};
 }

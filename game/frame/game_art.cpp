@@ -2,7 +2,6 @@
 
 #include "app/state/static_room.h"
 #include "gfx/skin.h"
-#include "platform/surfaces/ddraw.h"
 
 namespace korvane {
 namespace {
@@ -63,11 +62,11 @@ void GameArt::LoadLevelSound() {
     levelSound_ = std::make_unique<SoundEffect>("NewLevel.wav");
 }
 
-void DrawBlockCell(std::uint32_t x, std::uint32_t y, int value) {
+void DrawBlockCell(int x, int y, int value) {
     constexpr int kCell = 16;
     if (value <= 0) return;
     theGameArt.Picture(Art::Blocks)
-        .Draw(x, y, (value - 1) * kCell, 0, kCell, kCell, DDBLTFAST_SRCCOLORKEY);
+        .DrawKeyed({x, y}, RectAt({(value - 1) * kCell, 0}, {kCell, kCell}));
 }
 
 }  // namespace korvane

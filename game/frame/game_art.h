@@ -57,6 +57,6 @@ class GameArt {
 extern GameArt& theGameArt;
 
 /// Draws the 16 x 16 picture of a board cell of value 1 to 8; 0 and less draw nothing.
-void DrawBlockCell(std::uint32_t x, std::uint32_t y, int value);
+void DrawBlockCell(int x, int y, int value);
 
 }  // namespace korvane

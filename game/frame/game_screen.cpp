@@ -7,7 +7,6 @@
 #include "game/frame/game_art.h"
 #include "game/frame/statistics_chart.h"
 #include "gfx/bitmap_font.h"
-#include "platform/surfaces/ddraw.h"
 
 namespace korvane {
 namespace {
@@ -29,16 +28,12 @@ constexpr int kOverlayJoinY = 132;
 constexpr POINT kPreviewFigure{198, 0};
 constexpr POINT kChart{203, 75};
 
-std::uint32_t Coordinate(int value) {
-    return static_cast<std::uint32_t>(value);
-}
-
 void DrawKeyed(Art art, int x, int y) {
-    theGameArt.Picture(art).Draw(Coordinate(x), Coordinate(y), 0, 0, 0, 0, DDBLTFAST_SRCCOLORKEY);
+    theGameArt.Picture(art).DrawKeyed({x, y});
 }
 
 int WidthOf(Art art) {
-    return static_cast<int>(theGameArt.Picture(art).Width());
+    return theGameArt.Picture(art).Width();
 }
 
 std::string TwoDigits(int value) {
@@ -72,10 +67,10 @@ class HalfScreen {
     void DrawBattle() const;
 
     void Label(std::string_view text, int y) const {
-        theFont->DrawTextWide(text, Coordinate(kPanelX - shift_), Coordinate(top_ + y));
+        theFont->DrawTextWide(text, kPanelX - shift_, top_ + y);
     }
     void Value(const std::string& text, int y) const {
-        theFont->DrawText(text, Coordinate(boardX_ + kValueX), Coordinate(top_ + y));
+        theFont->DrawText(text, boardX_ + kValueX, top_ + y);
     }
     void Overlay(Art art, POINT at) const { DrawKeyed(art, boardX_ + at.x, top_ + at.y); }
     /// Over the board's middle column.
@@ -107,7 +102,7 @@ void HalfScreen::Draw() {
 
 void HalfScreen::DrawFrames() const {
     theGameArt.Picture(Art::GameBackground)
-        .DrawTiled(Coordinate(kHalfWidth - shift_), Coordinate(top_), kHalfWidth, kHalfHeight);
+        .DrawTiled(kHalfWidth - shift_, top_, kHalfWidth, kHalfHeight);
     DrawKeyed(Art::Playboard, 336 - shift_, top_);
     if (theSettings.preview[side_]) DrawKeyed(Art::PreviewFrame, kPanelX - shift_, top_ + 2);
     if (theSettings.statistics[side_]) DrawKeyed(Art::StatisticsFrame, kPanelX - shift_, top_ + 63);
@@ -124,8 +119,8 @@ void HalfScreen::DrawCells() const {
     const Board& board = player_.GameBoard();
     for (int row = 0; row < kBoardRows; ++row)
         for (int column = 0; column < kBoardColumns; ++column)
-            DrawBlockCell(Coordinate(boardX_ + kCellPixels * column),
-                          Coordinate(top_ + kCellPixels * row), board.At(row, column));
+            DrawBlockCell(boardX_ + kCellPixels * column, top_ + kCellPixels * row,
+                          board.At(row, column));
 }
 
 void HalfScreen::DrawFigures() const {
@@ -156,10 +151,10 @@ void HalfScreen::DrawTime() {
     constexpr int kSecondsEndX = 627;
     Label("TIME", 229);
     player_.UpdatePlayingTime();
-    const std::uint32_t y = Coordinate(top_ + 248);
-    theFont->DrawTextRight(TwoDigits(player_.Minutes()), Coordinate(kColonX - shift_), y);
-    theFont->DrawText(":", Coordinate(kColonX - shift_), y);
-    theFont->DrawTextRight(TwoDigits(player_.Seconds()), Coordinate(kSecondsEndX - shift_), y);
+    const int y = top_ + 248;
+    theFont->DrawTextRight(TwoDigits(player_.Minutes()), kColonX - shift_, y);
+    theFont->DrawText(":", kColonX - shift_, y);
+    theFont->DrawTextRight(TwoDigits(player_.Seconds()), kSecondsEndX - shift_, y);
 }
 
 void HalfScreen::DrawJoin() const {
@@ -191,8 +186,7 @@ void DrawFigure(const Figure& figure, int boardTop) {
 
 void DrawFigureAt(const Figure& figure, int x, int y) {
     for (const FigureCell& cell : figure.Cells())
-        DrawBlockCell(Coordinate(x + kCellPixels * cell.dx), Coordinate(y + kCellPixels * cell.dy),
-                      figure.Type());
+        DrawBlockCell(x + kCellPixels * cell.dx, y + kCellPixels * cell.dy, figure.Type());
 }
 
 void DrawPlayer(Player& player, int boardTop) {

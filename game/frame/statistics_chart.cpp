@@ -1,7 +1,6 @@
 #include "game/frame/statistics_chart.h"
 
 #include "game/frame/game_art.h"
-#include "platform/surfaces/ddraw.h"
 
 namespace korvane {
 
@@ -15,9 +14,8 @@ void DrawChart(const FigureStatistics& statistics, POINT at) {
         if (bar < 1.0) continue;
         const int height = static_cast<int>(bar);
         const int left = static_cast<int>(type) * kColumnWidth;
-        columns.Draw(static_cast<std::uint32_t>(at.x + left),
-                     static_cast<std::uint32_t>(at.y + kChartHeight - height), left,
-                     kChartHeight - height, kColumnWidth, height, DDBLTFAST_SRCCOLORKEY);
+        const int top = kChartHeight - height;
+        columns.DrawKeyed({at.x + left, at.y + top}, RectAt({left, top}, {kColumnWidth, height}));
     }
 }
 

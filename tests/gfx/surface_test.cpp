@@ -37,7 +37,7 @@ TEST_F(SurfaceTest, LooksInTheSkinThenInTheFallbackFolder) {
         Clear();
         EXPECT_EQ(surface.Draw(5, 5, 0, 0, 0, 0, DDBLTFAST_NOCOLORKEY), S_OK);
         EXPECT_EQ(Shown(5, 5), c.shown);
-        EXPECT_EQ(surface.Width(), c.shown ? 4u : 0u);
+        EXPECT_EQ(surface.Width(), c.shown ? 4 : 0);
     }
 }
 
@@ -49,7 +49,7 @@ TEST_F(SurfaceTest, ASkinNameLeadsNowhereElse) {
          {"../../" + elsewhere.Path().substr(1), std::string("..\\Skins\\Mine"), elsewhere.Path(),
           std::string(300, 'a'), std::string()}) {
         theSettings.skinName = name;
-        EXPECT_EQ(Surface("x.bmp").Width(), 0u) << name;
+        EXPECT_EQ(Surface("x.bmp").Width(), 0) << name;
     }
 }
 

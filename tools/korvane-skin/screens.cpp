@@ -198,26 +198,26 @@ void AddHighScores(Stage& stage, std::vector<ScreenPicture>& screens) {
 }
 
 /// All key signs, sixteen in a row from a point down.
-void DrawKeySigns(std::uint32_t left, std::uint32_t top) {
+void DrawKeySigns(int left, int top) {
     constexpr std::array kSheets = {"KeyConfig\\alpha1.bmp", "KeyConfig\\alpha2.bmp",
                                     "KeyConfig\\keys1.bmp", "KeyConfig\\keys2.bmp"};
     constexpr SIZE kSign{29, 44};
-    constexpr std::uint32_t kInRow = 16;
-    std::uint32_t place = 0;
+    constexpr int kInRow = 16;
+    int place = 0;
     for (const char* file : kSheets) {
         Surface sheet(file);
         sheet.SetColorKey(ColorKey(2));
-        const int signs = static_cast<int>(sheet.Width()) / kSign.cx;
+        const int signs = sheet.Width() / kSign.cx;
         for (int sign = 0; sign < signs; ++sign, ++place)
-            sheet.Draw(left + place % kInRow * 29, top + place / kInRow * 54, sign * kSign.cx, 0,
-                       kSign.cx, kSign.cy, DDBLTFAST_SRCCOLORKEY);
+            sheet.DrawKeyed({left + place % kInRow * 29, top + place / kInRow * 54},
+                            RectAt({sign * kSign.cx, 0}, kSign));
     }
 }
 
 void DrawCharacters() {
     constexpr const char* kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
     constexpr const char* kNumbers = "0123456789:;<=>?@";
-    constexpr std::uint32_t kLeft = 88;
+    constexpr int kLeft = 88;
     DrawScreenBackground();
     theFont->DrawTextWide(kLetters, kLeft, 40);
     theFont->DrawText(kLetters, kLeft, 68);

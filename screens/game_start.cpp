@@ -1,9 +1,10 @@
-#include "app/game_start.h"
+#include "screens/game_start.h"
 
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
 #include "audio/music_player.h"
 #include "game/frame/game_frame.h"
+#include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
 
 namespace korvane {
@@ -25,10 +26,13 @@ void StartPlayers(Starters starters) {
 void StartMatch() {
     theMusic.SetScreen(MusicScreen::Game);
     if (theSettings.players == 1) StartPlayers(Starters::Right);
-    if (theSettings.players != 2) return;
-    rightPlayer->ResetWins();
-    leftPlayer->ResetWins();
-    StartPlayers(Starters::Both);
+    if (theSettings.players == 2) {
+        rightPlayer->ResetWins();
+        leftPlayer->ResetWins();
+        StartPlayers(Starters::Both);
+    }
+    theMenuScreen->ReleaseStartButton();
+    theHighScoreScreen->ReleaseButtons();
 }
 
 void ShowMenu() {
