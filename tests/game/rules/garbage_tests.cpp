@@ -35,5 +35,27 @@ TEST_F(GarbageTest, ReceivedRowsPushTheBoardUpAsLongAsFiveRowsAreFree) {
     }
 }
 
+TEST_F(GarbageTest, AJunkBlockFloatsInTheLowestEmptyRowFromRow18Up) {
+    struct Case {
+        int firstUsedRow;
+        int lastUsedRow;
+        int blockRow;  ///< -1: none
+    };
+    constexpr Case kCases[] = {{22, 22, 18}, {19, 21, 18}, {18, 21, 17}, {18, 18, 17},
+                               {1, 21, 0},   {0, 21, -1},  {0, 17, 18}};
+    for (const Case& c : kCases) {
+        Field field;
+        for (int row = c.firstUsedRow; row <= std::min(c.lastUsedRow, kBoardRows - 1); ++row)
+            field.board.Set(row, 4, 1);
+        const Board before = field.board;
+        field.AddJunkBlock();
+        EXPECT_EQ(field.board == before, c.blockRow < 0);
+        for (int row = 0; row < kBoardRows; ++row) {
+            const auto text = RowsFrom(field.board, row).front();
+            EXPECT_EQ(std::ranges::count(text, '8'), row == c.blockRow) << c.firstUsedRow << row;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace korvane

@@ -1,5 +1,6 @@
 #include "game/rules/quake.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "platform/headless/headless_host.h"
@@ -33,6 +34,34 @@ TEST_F(QuakeTest, OneRowShakesBothBoardsThroughOneSwing) {
         EXPECT_EQ(tops, (std::vector{50, 54, 54, 52, 50, 48, 49, 50}));
         // At rest, and the next shake begins its swing anew.
         EXPECT_EQ(After(1000, QuakeMode::Together), BoardTops());
+    }
+}
+
+TEST_F(QuakeTest, RowsShakeTheBoardsThatFeelThem) {
+    struct Case {
+        QuakeMode mode;
+        int rightRows;
+        int leftRows;
+        int rightSwing;  ///< by how many pixels a board swings down at first
+        int leftSwing;
+    };
+    using enum QuakeMode;
+    // A board with so many rows is at its lowest after the second step of 25 ms.
+    constexpr Case kCases[] = {{Off, 4, 4, 0, 0},         {Together, 1, 0, 4, 4},
+                               {Together, 2, 1, 13, 13},  {Individual, 1, 0, 4, 0},
+                               {Individual, 0, 1, 0, 4},  {Individual, 0, 4, 0, 18},
+                               {Individual, 2, 1, 13, 4}, {Individual, 1, 1, 9, 4}};
+    for (const Case& c : kCases) {
+        SCOPED_TRACE(testing::Message() << int(c.mode) << c.rightRows << c.leftRows);
+        quake_ = {};
+        quake_.Step(c.mode, c.rightRows, c.leftRows);
+        BoardTops lowest;
+        // The boards take their steps in turn.
+        for (int i = 0; i < 4; ++i) {
+            const BoardTops now = After(26, c.mode);
+            lowest = {std::max(lowest.right, now.right), std::max(lowest.left, now.left)};
+        }
+        EXPECT_EQ(lowest, (BoardTops{50 + c.rightSwing, 50 + c.leftSwing}));
     }
 }
 
