@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/base/ascii.h"
 #include "platform/base/decimal.h"
 #include "platform/host/kernel.h"
 
@@ -21,11 +22,6 @@ std::string TakeLine(std::string_view& text) {
     const std::string line(text.substr(0, std::min(end, kLineLimit)));
     text.remove_prefix(std::min(text.size(), end <= kLineLimit ? feed + 1 : kLineLimit));
     return line.substr(0, line.find('\0'));
-}
-
-char ToUpper(char character) {
-    const bool isLower = character >= 'a' && character <= 'z';
-    return isLower ? static_cast<char>(character - 'a' + 'A') : character;
 }
 
 struct Keyword {
@@ -53,9 +49,10 @@ constexpr Keyword kKeywords[] = {
 
 void ApplyModuleText(std::string_view text, ModuleChoice& choice) {
     for (int i = 0; i < kKeywordLines; ++i) {
-        std::string line = TakeLine(text);
-        std::ranges::transform(line, line.begin(), ToUpper);
-        const auto* keyword = std::ranges::find(kKeywords, line, &Keyword::text);
+        const std::string line = TakeLine(text);
+        const auto* keyword = std::ranges::find_if(kKeywords, [&](const Keyword& known) {
+            return AsciiEqualsIgnoringCase(known.text, line);
+        });
         if (keyword != std::end(kKeywords)) keyword->store(choice, TakeLine(text));
     }
 }

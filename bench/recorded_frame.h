@@ -28,7 +28,7 @@ struct Operation {
     bool keyed = false;
     std::uint32_t fill = 0;
 
-    RECT Part() const { return {from.x, from.y, from.x + area.Width(), from.y + area.Height()}; }
+    RECT Part() const { return RectAt(from, {area.Width(), area.Height()}); }
 };
 
 /// Everything that one frame draws, in order. The pictures must outlive it.

@@ -140,7 +140,7 @@ class HalfScreen {
     static constexpr int kTop = 50;
 
     void Copy(const KeyedPicture& picture, POINT at, const RECT& part, bool keyed) {
-        frame_.push_back({.area = {at.x, at.y, at.x + part.Width(), at.y + part.Height()},
+        frame_.push_back({.area = RectAt(at, {part.Width(), part.Height()}),
                           .picture = &picture,
                           .from = {part.left, part.top},
                           .keyed = keyed});

@@ -41,9 +41,7 @@ RECT Canvas::InScreenPixels(const RECT& area) const {
 
 void Canvas::Paste(const Canvas& canvas, POINT at) {
     const POINT corner{at.x * scale_, at.y * scale_};
-    const SIZE size = canvas.pixels_.Size();
-    const RECT part =
-        Intersect({corner.x, corner.y, corner.x + size.cx, corner.y + size.cy}, pixels_.Bounds());
+    const RECT part = Intersect(RectAt(corner, canvas.pixels_.Size()), pixels_.Bounds());
     if (part.IsEmpty()) return;
     const auto bytes = static_cast<std::size_t>(part.Width()) * sizeof(Colour);
     for (int y = part.top; y < part.bottom; ++y)

@@ -92,8 +92,7 @@ void Typeface::Draw(PixelBuffer& target, POINT baseline, std::string_view utf8,
         const Glyph& glyph = GlyphOf(TakeCharacter(utf8));
         const POINT corner{pen.x + glyph.left, pen.y - glyph.top};
         const RECT visible =
-            Intersect({corner.x, corner.y, corner.x + glyph.width, corner.y + glyph.Height()},
-                      target.Bounds());
+            Intersect(RectAt(corner, {glyph.width, glyph.Height()}), target.Bounds());
         for (int y = visible.top; y < visible.bottom; ++y) {
             for (int x = visible.left; x < visible.right; ++x) {
                 const int dot = (y - corner.y) * glyph.width + x - corner.x;

@@ -55,7 +55,7 @@ void FrameList::Fill(const RECT& area, std::uint32_t value) {
 void FrameList::Copy(const PictureSource& source, POINT at, const RECT& part) {
     assert(source.pixels != nullptr && Covers(source.pixels->Bounds(), part));
     if (part.IsEmpty()) return;
-    const RECT area = {at.x, at.y, at.x + part.Width(), at.y + part.Height()};
+    const RECT area = RectAt(at, {part.Width(), part.Height()});
     const std::uint64_t keyed = source.runs != nullptr ? 1 : 0;
     const Effect effect = {area, {part.left, part.top}, source.version << 1 | keyed};
     frame_.push_back({effect, source.pixels, source.runs});
@@ -220,7 +220,7 @@ void FrameList::Draw(PixelBuffer& target, const Operation& operation, const RECT
     }
     const std::int32_t x = operation.effect.from.x + clip.left - operation.effect.area.left;
     const std::int32_t y = operation.effect.from.y + clip.top - operation.effect.area.top;
-    const RECT part = {x, y, x + clip.Width(), y + clip.Height()};
+    const RECT part = RectAt({x, y}, {clip.Width(), clip.Height()});
     if (operation.runs == nullptr)
         return CopyPlain(target, {clip.left, clip.top}, *operation.pixels, part);
     CopyKeyed(target, {clip.left, clip.top}, *operation.pixels, *operation.runs, part);

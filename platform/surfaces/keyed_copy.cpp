@@ -21,7 +21,7 @@ void AssertCopyable([[maybe_unused]] const PixelBuffer& target, [[maybe_unused]]
                     [[maybe_unused]] const PixelBuffer& source, [[maybe_unused]] const RECT& part) {
     assert(&target != &source && target.BytesPerPixel() == source.BytesPerPixel());
     assert(Covers(source.Bounds(), part));
-    assert(Covers(target.Bounds(), {at.x, at.y, at.x + part.Width(), at.y + part.Height()}));
+    assert(Covers(target.Bounds(), RectAt(at, {part.Width(), part.Height()})));
 }
 
 /// Four bytes that hold the pixel value as often as it fits.
@@ -205,9 +205,9 @@ OpaqueRuns::OpaqueRuns(const PixelBuffer& pixels, std::uint32_t key) : size_(pix
     const KeyMask mask(pixels, key);
     for (std::int32_t y = 0; y < size_.cy; y += TileSize().cy) {
         for (std::int32_t x = 0; x < size_.cx; x += TileSize().cx) {
-            const RECT tile = {x, y, x + TileSize().cx, y + TileSize().cy};
             firstBlock_.push_back(static_cast<std::uint32_t>(blocks_.size()));
-            FindBlocks(mask, Intersect(tile, pixels.Bounds()), pixels.BytesPerPixel(), blocks_);
+            FindBlocks(mask, Intersect(RectAt({x, y}, TileSize()), pixels.Bounds()),
+                       pixels.BytesPerPixel(), blocks_);
         }
     }
     firstBlock_.push_back(static_cast<std::uint32_t>(blocks_.size()));
@@ -241,9 +241,8 @@ void CopyKeyed(PixelBuffer& target, POINT at, const PixelBuffer& source, const O
     const int bytesPerPixel = source.BytesPerPixel();
     for (int row = part.top >> shift.y; row * size.cy < part.bottom; ++row) {
         for (int column = part.left >> shift.x; column * size.cx < part.right; ++column) {
-            const POINT corner = {column * size.cx, row * size.cy};
-            const RECT tile = Intersect(
-                {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy}, source.Bounds());
+            const RECT tile =
+                Intersect(RectAt({column * size.cx, row * size.cy}, size), source.Bounds());
             const RECT shown = Intersect(tile, part);
             const CopyRoute route = {
                 target.At({at.x + shown.left - part.left, at.y + shown.top - part.top}),
