@@ -230,7 +230,7 @@ bool HeadlessHost::OpenSound(SoundSource& source) {
 std::vector<std::int16_t> HeadlessHost::Hear(std::size_t frames) {
     constexpr std::size_t kBuffer = std::size_t{kSoundBufferFrames} * kSoundChannels;
     std::vector<std::int16_t> heard(frames * kSoundChannels);
-    if (sound_ == nullptr || soundLost_) return heard;
+    if (sound_ == nullptr) return heard;
     for (std::span<std::int16_t> rest = heard; !rest.empty();) {
         const std::size_t count = std::min(kBuffer, rest.size());
         sound_->Render(rest.first(count));

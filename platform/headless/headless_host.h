@@ -57,7 +57,7 @@ class HeadlessHost final : public Host {
     bool AcceptsText() const { return acceptsText_; }
     const std::vector<std::string>& Reports() const { return reports_; }
     /// Plays for so many frames, a device's buffer at a time; returns the interleaved stereo
-    /// samples that were heard. Silence while there is no device or it is lost.
+    /// samples that were heard. Silence while there is no device.
     std::vector<std::int16_t> Hear(std::size_t frames);
     bool IsSoundOpen() const { return sound_ != nullptr; }
 
@@ -70,8 +70,6 @@ class HeadlessHost final : public Host {
     void RefuseFullScreen(bool refuse) { refuseFullScreen_ = refuse; }
     /// There is no sound device.
     void RefuseSound(bool refuse) { refuseSound_ = refuse; }
-    /// The sound device has gone, or is back: a lost one asks for no frames.
-    void LoseSound(bool lost) { soundLost_ = lost; }
     void SetDisplayModes(std::vector<DisplayMode> modes) { modes_ = std::move(modes); }
     /// Screen pixels for each layer pixel of a window opened or resized from now on; full screen
     /// shows its picture 1:1.
@@ -158,7 +156,6 @@ class HeadlessHost final : public Host {
 
     SoundSource* sound_ = nullptr;
     bool refuseSound_ = false;
-    bool soundLost_ = false;
 };
 
 /// The machine of this process.

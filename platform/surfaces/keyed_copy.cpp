@@ -205,9 +205,9 @@ OpaqueRuns::OpaqueRuns(const PixelBuffer& pixels, std::uint32_t key) : size_(pix
     const KeyMask mask(pixels, key);
     for (std::int32_t y = 0; y < size_.cy; y += TileSize().cy) {
         for (std::int32_t x = 0; x < size_.cx; x += TileSize().cx) {
-            const RECT tile = RectAt({x, y}, TileSize());
             firstBlock_.push_back(static_cast<std::uint32_t>(blocks_.size()));
-            FindBlocks(mask, Intersect(tile, pixels.Bounds()), pixels.BytesPerPixel(), blocks_);
+            FindBlocks(mask, Intersect(RectAt({x, y}, TileSize()), pixels.Bounds()),
+                       pixels.BytesPerPixel(), blocks_);
         }
     }
     firstBlock_.push_back(static_cast<std::uint32_t>(blocks_.size()));

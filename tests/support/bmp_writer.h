@@ -7,7 +7,7 @@
 
 namespace korvane {
 
-/// What a test wants to put into a BMP file; the defaults make an ordinary one.
+/// What a BMP file of a test holds; the defaults make an ordinary one.
 struct BmpRecipe {
     int width = 1;
     int height = 1;  ///< negative: rows from the top down

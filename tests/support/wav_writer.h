@@ -8,7 +8,7 @@
 
 namespace korvane {
 
-/// What a test wants to put into a WAV file; the defaults make an ordinary one.
+/// What a WAV file of a test holds; the defaults make an ordinary one.
 struct WavRecipe {
     std::uint16_t tag = 1;
     std::uint16_t channels = 1;
@@ -19,10 +19,10 @@ struct WavRecipe {
     std::function<double(std::size_t frame, int channel)> wave = [](std::size_t, int) {
         return 0.5;
     };
-    /// The size of an unknown chunk before the format; none for 0.
+    /// The size of a chunk of unknown kind before the format; 0: there is none.
     std::uint32_t unknownBytes = 0;
-    /// Added to the header's bytes for each frame.
-    int frameBytesError = 0;
+    /// How much larger a frame is in the header than in the data.
+    std::uint32_t extraFrameBytes = 0;
 };
 
 std::vector<std::byte> MakeWav(const WavRecipe& recipe);

@@ -12,7 +12,7 @@
 namespace korvane {
 namespace {
 
-/// A steady level that takes the machine's time, and notes what is asked of it.
+/// Music of a steady level, which takes the machine's time to render and records the jumps.
 class FakeStream final : public MusicStream {
   public:
     int Orders() const override { return 10; }
@@ -91,7 +91,7 @@ TEST_F(MixerTest, OneMoreThanTheLimitEndsTheOldestOfThatSampleAlone) {
     EXPECT_EQ(Level(), 0);
 }
 
-TEST_F(MixerTest, WhatCouldNotBeginInTimeIsNotHeard) {
+TEST_F(MixerTest, ASampleThatCouldNotBeginInTimeIsDropped) {
     mixer.PlaySample(Steady(1000), 1, 3);
     EXPECT_NEAR(Level(), 1000, 2);
     mixer.PlaySample(Steady(4000), 2, 3);
@@ -107,7 +107,7 @@ TEST_F(MixerTest, BothSidesOfAStereoSampleStayApart) {
     EXPECT_EQ(Headless().Hear(3), (std::vector<std::int16_t>{100, -200, 300, -400, 0, 0}));
 }
 
-TEST_F(MixerTest, JumpsAreDoneByWhoRenders) {
+TEST_F(MixerTest, TheRenderingThreadDoesTheJumps) {
     mixer.StartMusic(stream, 3);
     mixer.StartMusic(stream, 5);
     EXPECT_TRUE(stream->seeks.empty());
@@ -150,7 +150,9 @@ TEST_F(MixerTest, MusicThatFallsASecondBehindEndsAndStaysOff) {
     EXPECT_FALSE(render(112));
     EXPECT_NEAR(Level(), 1000, 2) << "samples go on";
     EXPECT_FALSE(mixer.StartMusic(stream, 0));
-    // What one piece was late does not count for the next.
+    mixer.ResumeMusic(*stream);
+    EXPECT_FALSE(mixer.IsMusicPlaying(*stream));
+    // The delay of one piece does not count for the next.
     const std::shared_ptr<FakeStream> others[] = {std::make_shared<FakeStream>(),
                                                   std::make_shared<FakeStream>()};
     for (const auto& other : others) {
