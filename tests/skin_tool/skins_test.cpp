@@ -95,6 +95,8 @@ TEST_F(SkinTool, TellsByItsResultHowItWent) {
         {"paint " + skins + "Mine", 2},
         {"sheet " + skins + "Mine " + folder.Path() + "/sheet.png", 0},
         {"sheet " + skins + "Mine " + folder.Path() + "/no/sheet.png", 2},
+        {"catalogue", 0},
+        {"catalogue --json", 0},
         {"--help", 0},
     };
     folder.Write("Skins/Broken/Letters.bmp", {});

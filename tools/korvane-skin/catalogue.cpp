@@ -1,6 +1,8 @@
 #include "tools/korvane-skin/catalogue.h"
 
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 #include "tools/korvane-skin/catalogue_table.h"
 #include "tools/korvane-skin/finding.h"
@@ -38,12 +40,30 @@ std::string SizeText(const PictureRow& row) {
     return {};
 }
 
+std::string PlaceText(const PictureRow& row) {
+    if (!row.place.empty()) return std::string(row.place);
+    if (!row.standsFor.empty()) return "the one above while disabled";
+    std::vector<ButtonPlace> buttons;
+    std::ranges::copy_if(kButtonPlaces, std::back_inserter(buttons),
+                         [&](const auto& button) { return button.picture == row.file; });
+    std::ranges::stable_sort(buttons, {}, [](const auto& button) { return button.at.x; });
+    std::string text;
+    std::string_view view;
+    for (const ButtonPlace& button : buttons) {
+        text +=
+            button.view == view ? " and " : Text(text.empty() ? "" : "; ", button.view, ", at ");
+        text += Text("(", button.at.x, ", ", button.at.y, ")");
+        view = button.view;
+    }
+    return text;
+}
+
 std::string CatalogueAsMarkdown() {
     std::string table = "| file | size in pixels | key | where |\n|---|---|---|---|\n";
     for (const PictureRow& row : kPictures) {
         const std::string key = row.key == kNoKey ? "none" : std::to_string(row.key + 1);
         table += Text("| `", ShownName(row.file), "` | ", SizeText(row), " | ", key, " | ",
-                      row.place, " |\n");
+                      PlaceText(row), " |\n");
     }
     for (const SoundRow& row : kSoundFiles)
         table += Text("| `", ShownName(row.file), "` | | | ", row.event, " |\n");

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/base/types.h"
+#include "tools/korvane-skin/button_places.h"
 
 namespace korvane {
 
@@ -29,7 +30,7 @@ struct PictureRow {
     int cells;
     SIZE room;
     POINT at;  ///< of its places on the screen the one nearest to the right and lower edge
-    std::string_view place;
+    std::string_view place;  ///< in words
     /// For the look of disabled buttons: the file whose views it stands in for.
     std::string_view standsFor = {};
 
@@ -47,19 +48,10 @@ constexpr PictureRow Cells(std::string_view file, int key, int cells, SIZE cell,
                            std::string_view place) {
     return {file, PictureKind::Cells, key, cells, cell, {0, 0}, place};
 }
-constexpr PictureRow TwoViews(std::string_view file, SIZE view, POINT at, std::string_view place) {
-    return {file, PictureKind::Button, 0, 2, view, at, place};
-}
-/// The look of the button before it while that is disabled.
-constexpr PictureRow Disabled(std::string_view file, const PictureRow& button) {
-    return {file,
-            PictureKind::Button,
-            0,
-            2,
-            button.room,
-            button.at,
-            "the one above while disabled",
-            button.file};
+/// Without `place` it is told by the buttons that show the picture.
+constexpr PictureRow TwoViews(std::string_view file, SIZE view, std::string_view place = {}) {
+    return {file, PictureKind::Button, 0,     2,
+            view, FarthestPlace(file), place, EnabledPicture(file)};
 }
 
 /// One of the sounds in the folder Audio.
@@ -74,7 +66,11 @@ inline constexpr std::string_view kModuleTextFile = "Audio\\module.txt";
 std::string ShownName(std::string_view file);
 /// What size a picture's file has or may have, as a few words.
 std::string SizeText(const PictureRow& row);
+/// Where the game shows a picture, as a few words.
+std::string PlaceText(const PictureRow& row);
 /// The table of all files as Markdown, a line for each.
 std::string CatalogueAsMarkdown();
+/// All pictures and all buttons for programs, as JSON.
+std::string CatalogueAsJson();
 
 }  // namespace korvane

@@ -11,34 +11,6 @@ inline constexpr SIZE kScoreButton{116, 36};
 inline constexpr SIZE kFontCell{16, 16};
 inline constexpr SIZE kKeyGlyph{29, 44};
 
-// Buttons that have a look for when they are disabled.
-inline constexpr PictureRow kEasy =
-    TwoViews("menu\\easybutt.bmp", kColumnButton, {391, 140}, "menu, at (278, 140) and (391, 140)");
-inline constexpr PictureRow kMedium = TwoViews("menu\\mediumbutt.bmp", kColumnButton, {391, 174},
-                                               "menu, at (278, 174) and (391, 174)");
-inline constexpr PictureRow kHard =
-    TwoViews("menu\\hardbutt.bmp", kColumnButton, {391, 208}, "menu, at (278, 208) and (391, 208)");
-inline constexpr PictureRow kTime =
-    TwoViews("menu\\timebutt.bmp", kColumnButton, {391, 293}, "menu, at (278, 293) and (391, 293)");
-inline constexpr PictureRow kCounterClockwise = TwoViews(
-    "menu\\ccwrotbutt.bmp", kArrowButton, {391, 259}, "menu, at (278, 259) and (391, 259)");
-inline constexpr PictureRow kClockwise =
-    TwoViews("menu\\cwrotbutt.bmp", kArrowButton, {437, 259}, "menu, at (324, 259) and (437, 259)");
-inline constexpr PictureRow kBattle =
-    TwoViews("menu\\battlebutt.bmp", kWideButton, {400, 343}, "menu, at (400, 343)");
-inline constexpr PictureRow kMusic =
-    TwoViews("menu\\musicbutt.bmp", kWideButton, {156, 263}, "menu, at (156, 263)");
-inline constexpr PictureRow kSounds =
-    TwoViews("menu\\sfxbutt.bmp", kWideButton, {156, 303}, "menu, at (156, 303)");
-inline constexpr PictureRow kBack = TwoViews("menu\\backbutt.bmp", kWideButton, {269, 440},
-                                             "credits at (269, 435), keys at (180, 440)");
-inline constexpr PictureRow kReset =
-    TwoViews("menu\\resetbutt.bmp", kWideButton, {324, 440}, "keys, at (324, 440)");
-inline constexpr PictureRow kScoreMenu =
-    TwoViews("HighScore\\menubutt.bmp", kScoreButton, {208, 439}, "high scores, at (208, 439)");
-inline constexpr PictureRow kScorePlay =
-    TwoViews("HighScore\\playButt.bmp", kScoreButton, {328, 439}, "high scores, at (328, 439)");
-
 /// Every picture of a skin. Boards swing by 56 pixels when they quake, which the lowest place of
 /// what lies on them allows for.
 inline constexpr std::array kPictures = {
@@ -71,44 +43,44 @@ inline constexpr std::array kPictures = {
     Single("menu\\logo.bmp", 0, {624, 105}, {8, 0}, "menu, at (8, 0)"),
     Single("menu\\LeftPlayer.bmp", 0, {109, 12}, {278, 128}, "menu, at (278, 128)"),
     Single("menu\\RightPlayer.bmp", 0, {109, 12}, {391, 128}, "menu, at (391, 128)"),
-    TwoViews("menu\\1playerbutt.bmp", kWideButton, {156, 143}, "menu, at (156, 143)"),
-    TwoViews("menu\\2playerbutt.bmp", kWideButton, {156, 183}, "menu, at (156, 183)"),
-    TwoViews("menu\\confbutt.bmp", kWideButton, {156, 223}, "menu, at (156, 223)"),
-    kMusic,
-    Disabled("menu\\musicbutt2.bmp", kMusic),
-    kSounds,
-    Disabled("menu\\sfxbutt2.bmp", kSounds),
-    TwoViews("menu\\aboutbutt.bmp", kWideButton, {156, 343}, "menu, at (156, 343)"),
-    TwoViews("menu\\startbutt.bmp", kWideButton, {156, 403}, "menu, at (156, 403)"),
-    kEasy,
-    Disabled("menu\\easybutt2.bmp", kEasy),
-    kMedium,
-    Disabled("menu\\mediumbutt2.bmp", kMedium),
-    kHard,
-    Disabled("menu\\hardbutt2.bmp", kHard),
-    kCounterClockwise,
-    Disabled("menu\\ccwrotbutt2.bmp", kCounterClockwise),
-    kClockwise,
-    Disabled("menu\\cwrotbutt2.bmp", kClockwise),
-    kTime,
-    Disabled("menu\\timebutt2.bmp", kTime),
-    TwoViews("menu\\quakebutt.bmp", kWideButton, {278, 343}, "menu, at (278, 343)"),
-    kBattle,
-    Disabled("menu\\battlebutt2.bmp", kBattle),
-    TwoViews("menu\\quitbutt.bmp", kWideButton, {278, 403}, "menu, at (278, 403)"),
-    kBack,
-    Disabled("menu\\backbutt2.bmp", kBack),
-    kReset,
-    Disabled("menu\\resetbutt2.bmp", kReset),
+    TwoViews("menu\\1playerbutt.bmp", kWideButton),
+    TwoViews("menu\\2playerbutt.bmp", kWideButton),
+    TwoViews("menu\\confbutt.bmp", kWideButton),
+    TwoViews("menu\\musicbutt.bmp", kWideButton),
+    TwoViews("menu\\musicbutt2.bmp", kWideButton),
+    TwoViews("menu\\sfxbutt.bmp", kWideButton),
+    TwoViews("menu\\sfxbutt2.bmp", kWideButton),
+    TwoViews("menu\\aboutbutt.bmp", kWideButton),
+    TwoViews("menu\\startbutt.bmp", kWideButton),
+    TwoViews("menu\\easybutt.bmp", kColumnButton),
+    TwoViews("menu\\easybutt2.bmp", kColumnButton),
+    TwoViews("menu\\mediumbutt.bmp", kColumnButton),
+    TwoViews("menu\\mediumbutt2.bmp", kColumnButton),
+    TwoViews("menu\\hardbutt.bmp", kColumnButton),
+    TwoViews("menu\\hardbutt2.bmp", kColumnButton),
+    TwoViews("menu\\ccwrotbutt.bmp", kArrowButton),
+    TwoViews("menu\\ccwrotbutt2.bmp", kArrowButton),
+    TwoViews("menu\\cwrotbutt.bmp", kArrowButton),
+    TwoViews("menu\\cwrotbutt2.bmp", kArrowButton),
+    TwoViews("menu\\timebutt.bmp", kColumnButton),
+    TwoViews("menu\\timebutt2.bmp", kColumnButton),
+    TwoViews("menu\\quakebutt.bmp", kWideButton),
+    TwoViews("menu\\battlebutt.bmp", kWideButton),
+    TwoViews("menu\\battlebutt2.bmp", kWideButton),
+    TwoViews("menu\\quitbutt.bmp", kWideButton),
+    TwoViews("menu\\backbutt.bmp", kWideButton),
+    TwoViews("menu\\backbutt2.bmp", kWideButton),
+    TwoViews("menu\\resetbutt.bmp", kWideButton),
+    TwoViews("menu\\resetbutt2.bmp", kWideButton),
 
     Single("HighScore\\highscore.bmp", 0, {532, 100}, {54, 0}, "high scores, at (54, 0)"),
     Single("HighScore\\cursor.bmp", 0, {16, 18}, {256, 390}, "on the name that is typed"),
-    kScoreMenu,
-    Disabled("HighScore\\menuButt2.bmp", kScoreMenu),
-    kScorePlay,
-    Disabled("HighScore\\playButt2.bmp", kScorePlay),
+    TwoViews("HighScore\\menubutt.bmp", kScoreButton),
+    TwoViews("HighScore\\menuButt2.bmp", kScoreButton),
+    TwoViews("HighScore\\playButt.bmp", kScoreButton),
+    TwoViews("HighScore\\playButt2.bmp", kScoreButton),
 
-    TwoViews("KeyConfig\\keybuttongrey.bmp", {65, 64}, {335, 369},
+    TwoViews("KeyConfig\\keybuttongrey.bmp", {65, 64},
              "keys, ten times; pressed: waiting for a key"),
     Cells("KeyConfig\\alpha1.bmp", 2, 20, kKeyGlyph, "keys A to T, 18 right and 10 down in a slot"),
     Cells("KeyConfig\\alpha2.bmp", 2, 6, kKeyGlyph, "keys U to Z"),

@@ -1,6 +1,8 @@
 #include <CLI/CLI.hpp>
+#include <functional>
 #include <iostream>
 
+#include "tools/korvane-skin/catalogue.h"
 #include "tools/korvane-skin/checks.h"
 #include "tools/korvane-skin/new_skin.h"
 #include "tools/korvane-skin/sheet.h"
@@ -18,6 +20,7 @@ struct Request {
     std::string original;
     std::string picture;
     std::string name;
+    bool asJson = false;
 };
 
 int Refuse(const std::string& reason) {
@@ -47,29 +50,50 @@ int New(const Request& request) {
     return 0;
 }
 
+int Catalogue(const Request& request) {
+    std::cout << (request.asJson ? CatalogueAsJson() : CatalogueAsMarkdown());
+    return 0;
+}
+
+/// Adds a subcommand whose result becomes the program's.
+CLI::App* AddCommand(CLI::App& app, const char* name, const char* does,
+                     const std::function<int()>& run, int& result) {
+    CLI::App* command = app.add_subcommand(name, does);
+    command->callback([run, &result] { result = run(); });
+    return command;
+}
+
+void AddFolders(CLI::App& command, Request& request) {
+    command.add_option("FOLDER", request.skin, "The skin's folder")->required();
+    command.add_option("--original", request.original,
+                       "The folder of the Original (default: the one beside FOLDER, or "
+                       "Skins/Original)");
+}
+
 int Main(int count, char** words) {
     CLI::App app("The skin maker's tool of Korvane.");
     app.require_subcommand(1);
     Request request;
-    CLI::App* check = app.add_subcommand("check", "Looks for what is wrong in a skin");
-    CLI::App* sheet = app.add_subcommand("sheet", "Shows all screens in a skin as one picture");
-    CLI::App* make =
-        app.add_subcommand("new", "Starts a skin in Skins/NAME as a copy of the Original");
-    for (CLI::App* command : {check, sheet}) {
-        command->add_option("FOLDER", request.skin, "The skin's folder")->required();
-        command->add_option("--original", request.original,
-                            "The folder of the Original (default: the one beside FOLDER, or "
-                            "Skins/Original)");
-    }
+    int result = 0;
+    const auto add = [&](const char* name, const char* does, int (*run)(const Request&)) {
+        return AddCommand(
+            app, name, does, [&request, run] { return run(request); }, result);
+    };
+    AddFolders(*add("check", "Looks for what is wrong in a skin", Check), request);
+    CLI::App* sheet = add("sheet", "Shows all screens in a skin as one picture", Sheet);
+    AddFolders(*sheet, request);
     sheet->add_option("OUT.png", request.picture, "The picture to write")->required();
-    make->add_option("NAME", request.name, "The name of the new skin")->required();
+    add("new", "Starts a skin in Skins/NAME as a copy of the Original", New)
+        ->add_option("NAME", request.name, "The name of the new skin")
+        ->required();
+    add("catalogue", "Lists all files of a skin as Markdown", Catalogue)
+        ->add_flag("--json", request.asJson, "Lists pictures and buttons for programs instead");
     try {
         app.parse(count, words);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : kWrongUse;
     }
-    if (check->parsed()) return Check(request);
-    return sheet->parsed() ? Sheet(request) : New(request);
+    return result;
 }
 
 }  // namespace

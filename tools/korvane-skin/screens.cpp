@@ -114,16 +114,18 @@ std::vector<std::uint32_t> ShowMenu(Stage& stage, Change change) {
     return picture;
 }
 
-void ClickAll(MenuScreen& menu, std::initializer_list<POINT> points) {
-    for (const POINT& point : points)
-        menu.Click(point.x, point.y);
+/// Presses a button whose left top corner stands there.
+void ClickAt(MenuScreen& menu, POINT corner) {
+    menu.Click(corner.x + 10, corner.y + 10);
+}
+
+void ClickAll(MenuScreen& menu, std::initializer_list<MenuButton> buttons) {
+    for (const MenuButton button : buttons)
+        ClickAt(menu, kMenuButtons[static_cast<std::size_t>(button)].at);
 }
 
 void AddMainViews(Stage& stage, std::vector<ScreenPicture>& screens) {
-    constexpr POINT kConfigure{200, 240};
-    constexpr POINT kAbout{200, 360};
-    constexpr POINT kStart{200, 420};
-    constexpr POINT kQuit{320, 420};
+    using enum MenuButton;
     const auto nothing = [](MenuScreen&) {};
     screens.push_back({"Menu, one player, without sound", ShowMenu(stage, nothing)});
     theSettings.players = 2;
@@ -136,7 +138,7 @@ void AddMainViews(Stage& stage, std::vector<ScreenPicture>& screens) {
     theSettings.clockwise = {false, true};
     theSettings.timeBased = {true, false};
     screens.push_back({"Menu, the lower buttons pressed", ShowMenu(stage, [&](MenuScreen& menu) {
-                           ClickAll(menu, {kConfigure, kAbout, kStart, kQuit});
+                           ClickAll(menu, {ConfigureKeys, About, Start, Quit});
                        })});
     theSettings.battle = false;
     theSettings.timeBased = {false, false};
@@ -144,17 +146,15 @@ void AddMainViews(Stage& stage, std::vector<ScreenPicture>& screens) {
 }
 
 void AddOtherViews(Stage& stage, std::vector<ScreenPicture>& screens) {
-    constexpr POINT kSlot{360, 200};
-    constexpr POINT kReset{380, 455};
     screens.push_back(
         {"Credits", ShowMenu(stage, [](MenuScreen& menu) { menu.ToggleCreditsView(); })});
     screens.push_back({"Keys, reset pressed", ShowMenu(stage, [&](MenuScreen& menu) {
                            menu.ToggleKeyConfigView();
-                           ClickAll(menu, {kReset});
+                           ClickAll(menu, {MenuButton::Reset});
                        })});
     screens.push_back({"Keys, one waiting", ShowMenu(stage, [&](MenuScreen& menu) {
                            menu.ToggleKeyConfigView();
-                           ClickAll(menu, {kSlot});
+                           ClickAt(menu, KeySlotPlace(Action::Drop, Side::Right));
                        })});
 }
 

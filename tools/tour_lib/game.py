@@ -2,6 +2,7 @@
 
 import time
 
+from .buttons import SLOTS, read_buttons
 from .pictures import Skin
 from .virtual_screen import HEIGHT as SCREEN_HEIGHT
 from .virtual_screen import WIDTH as SCREEN_WIDTH
@@ -16,40 +17,6 @@ FULL_SCREEN_PLACE = ((SCREEN_WIDTH - FULL_SCREEN_SCALE * WIDTH) // 2,
                      FULL_SCREEN_SCALE * WIDTH, FULL_SCREEN_SCALE * HEIGHT)
 PAPER_COLOUR = bytes.fromhex("d4d0c8")
 
-# Place and pictures of the menu's buttons. A button has a second picture when it can be disabled.
-BUTTONS = {
-    "OnePlayer": (156, 143, "menu/1playerbutt.bmp", None),
-    "TwoPlayers": (156, 183, "menu/2playerbutt.bmp", None),
-    "RightEasy": (391, 140, "menu/easybutt.bmp", None),
-    "RightMedium": (391, 174, "menu/mediumbutt.bmp", None),
-    "RightHard": (391, 208, "menu/hardbutt.bmp", None),
-    "LeftEasy": (278, 140, "menu/easybutt.bmp", "menu/easybutt2.bmp"),
-    "LeftMedium": (278, 174, "menu/mediumbutt.bmp", "menu/mediumbutt2.bmp"),
-    "LeftHard": (278, 208, "menu/hardbutt.bmp", "menu/hardbutt2.bmp"),
-    "RightTime": (391, 293, "menu/timebutt.bmp", None),
-    "LeftTime": (278, 293, "menu/timebutt.bmp", "menu/timebutt2.bmp"),
-    "RightCounterClockwise": (391, 259, "menu/ccwrotbutt.bmp", None),
-    "RightClockwise": (437, 259, "menu/cwrotbutt.bmp", None),
-    "LeftCounterClockwise": (278, 259, "menu/ccwrotbutt.bmp", "menu/ccwrotbutt2.bmp"),
-    "LeftClockwise": (324, 259, "menu/cwrotbutt.bmp", "menu/cwrotbutt2.bmp"),
-    "Battle": (400, 343, "menu/battlebutt.bmp", "menu/battlebutt2.bmp"),
-    "Quakes": (278, 343, "menu/quakebutt.bmp", None),
-    "Music": (156, 263, "menu/musicbutt.bmp", "menu/musicbutt2.bmp"),
-    "SoundEffects": (156, 303, "menu/sfxbutt.bmp", "menu/sfxbutt2.bmp"),
-    "ConfigureKeys": (156, 223, "menu/confbutt.bmp", None),
-    "Start": (156, 403, "menu/startbutt.bmp", None),
-    "Quit": (278, 403, "menu/quitbutt.bmp", None),
-    "About": (156, 343, "menu/aboutbutt.bmp", None),
-}
-# Buttons of the other views.
-VIEW_BUTTONS = {
-    "CreditsBack": (269, 435, "menu/backbutt.bmp", None),
-    "KeyConfigBack": (180, 440, "menu/backbutt.bmp", "menu/backbutt2.bmp"),
-    "Reset": (324, 440, "menu/resetbutt.bmp", "menu/resetbutt2.bmp"),
-    "ScoresMenu": (208, 439, "HighScore/menubutt.bmp", "HighScore/menuButt2.bmp"),
-    "ScoresPlay": (328, 439, "HighScore/playButt.bmp", "HighScore/playButt2.bmp"),
-}
-ALL_BUTTONS = BUTTONS | VIEW_BUTTONS
 NEED_SOUND = {"Music", "SoundEffects"}
 
 # The boards' insides: ten columns of 16 pixels, twenty-two rows.
@@ -63,8 +30,6 @@ OVERLAYS = {"pause": (40, 144), "looser": (35, 144), "winner": (5, 144), "join1"
 GAME_KEY = 1
 SCORE, WINS = (193, 355), (193, 296)
 
-# Key slots of the configuration, in the order of data/keys.dat.
-SLOTS = [(x, 105 + 66 * action) for x in (335, 165) for action in range(5)]
 SLOT_GLYPH, SLOT_GLYPH_KEY = (18, 10), 2
 ARROWS = {37: 0, 40: 1, 38: 2, 39: 3}
 
@@ -83,8 +48,8 @@ def glyph_of(key):
 class View:
     """What the game shows at one moment."""
 
-    def __init__(self, picture, skin):
-        self.picture, self.skin = picture, skin
+    def __init__(self, picture, skin, buttons):
+        self.picture, self.skin, self.buttons = picture, skin, buttons
 
     def shows(self, name, x, y, **frame):
         return self.picture.shows(self.skin.sprite(name, **frame), x, y)
@@ -92,9 +57,9 @@ class View:
     # Menu. ----------------------------------------------------------------------------------------
 
     def has_button(self, name, pressed=False, enabled=True):
-        x, y, picture, disabled_picture = ALL_BUTTONS[name]
-        return self.shows(picture if enabled else disabled_picture, x, y, frame=int(pressed),
-                          frames=2)
+        button = self.buttons[name]
+        return self.shows(button.picture if enabled else button.disabledPicture,
+                          button.x, button.y, frame=int(pressed), frames=2)
 
     def wrong_buttons(self, settings, has_sound):
         """The main menu's buttons that do not look as the settings want it."""
@@ -104,16 +69,16 @@ class View:
             needs_two = name.startswith("Left") or name == "Battle"
             return ((settings.players == 2 or not needs_two)
                     and (has_sound or name not in NEED_SOUND))
-        return [name for name in BUTTONS
-                if not self.has_button(name, name in pressed, is_enabled(name))]
+        return [name for name, button in self.buttons.items() if button.view == "menu"
+                and not self.has_button(name, name in pressed, is_enabled(name))]
 
     def has_popup(self):
         """Whether a popup of the window menu is open: its paper has a colour of its own."""
-        return any(PAPER_COLOUR * 15 in self.picture.run(0, y, WIDTH) for y in range(3, 60))
+        return any(PAPER_COLOUR * 15 in self.picture.row(y) for y in range(3, 60))
 
     def has_dialog(self):
         """Whether one stands in the middle of the picture."""
-        return any(PAPER_COLOUR * 30 in self.picture.run(0, y, WIDTH) for y in range(200, 260))
+        return any(PAPER_COLOUR * 30 in self.picture.row(y) for y in range(200, 260))
 
     def frame_rate(self):
         return self.skin.number(self.picture, 0, 0)
@@ -121,7 +86,7 @@ class View:
     # Key configuration. ---------------------------------------------------------------------------
 
     def slot_is_armed(self, slot):
-        return self.shows("KeyConfig/keybuttongrey.bmp", *SLOTS[slot], frame=1, frames=2)
+        return self.has_button(SLOTS[slot], pressed=True)
 
     def slots_show(self, keys):
         return all(self.slot_shows(slot, key) for slot, key in enumerate(keys))
@@ -129,8 +94,9 @@ class View:
     def slot_shows(self, slot, key):
         """Letters and arrows only."""
         sheet, cells, cell = glyph_of(key)
-        x, y = SLOTS[slot]
-        return self.shows(f"KeyConfig/{sheet}.bmp", x + SLOT_GLYPH[0], y + SLOT_GLYPH[1],
+        button = self.buttons[SLOTS[slot]]
+        return self.shows(f"KeyConfig/{sheet}.bmp", button.x + SLOT_GLYPH[0],
+                          button.y + SLOT_GLYPH[1],
                           frame=cell, frames=cells, key=SLOT_GLYPH_KEY)
 
     # Game. ----------------------------------------------------------------------------------------
@@ -153,11 +119,10 @@ class View:
 
     def columns(self, side):
         """The columns that hold tiles in the upper rows, where nothing lies: tiles are bright."""
-        board = self.board(side)
-        lines, spots = range(0, (ROWS - STACK_ROWS) * CELL, 4), range(2, CELL, 4)
+        rows = self.board(side).pixels[: (ROWS - STACK_ROWS) * CELL : 4].max(axis=2)
 
         def bright_spots(column):
-            return sum(max(board.at(column * CELL + x, y)) > 110 for y in lines for x in spots)
+            return (rows[:, column * CELL + 2 : (column + 1) * CELL : 4] > 110).sum()
         return {column for column in range(COLUMNS) if bright_spots(column) >= 6}
 
     def figure(self, side):
@@ -196,6 +161,7 @@ class Game:
 
     def __init__(self, screen, program, folder, environment, skin="Original"):
         self.screen, self.folder = screen, folder
+        self.buttons = read_buttons(program.with_name("korvane-skin"))
         self.wear(skin)
         self.process = screen.start([program], environment, cwd=folder)
         self.window = self.place = None
@@ -219,9 +185,11 @@ class Game:
 
     def finds_box(self):
         place = self.screen.place_of(self.window)
-        picture = place and self.screen.grab(*place)
-        paper = picture and picture.run(0, picture.height - 4, picture.width)
-        return picture if paper and paper.count(PAPER_COLOUR) > 0.9 * picture.width else None
+        if not place:
+            return None
+        picture = self.screen.grab(*place)
+        lowest = picture.row(picture.height - 4)
+        return picture if lowest.count(PAPER_COLOUR) > 0.9 * picture.width else None
 
     def see_start(self):
         self.see_window("Korvane")
@@ -242,7 +210,7 @@ class Game:
             picture = self.screen.grab(*FULL_SCREEN_PLACE).shrunk(FULL_SCREEN_SCALE)
         else:
             picture = self.screen.grab(*self.place).part(0, MENU_BAR, WIDTH, HEIGHT)
-        return View(picture, self.skin)
+        return View(picture, self.skin, self.buttons)
 
     def wait_for(self, what, condition):
         def check():
@@ -284,9 +252,8 @@ class Game:
             self.screen.click(self.place[0] + x, self.place[1] + MENU_BAR + y)
 
     def click_button(self, name):
-        x, y, picture, _ = ALL_BUTTONS[name]
-        sheet = self.skin.picture(picture)
-        self.click(x + sheet.width // 4, y + sheet.height // 2)
+        button = self.buttons[name]
+        self.click(button.x + button.width // 2, button.y + button.height // 2)
 
     def end(self, what):
         """The program is to end by itself, successfully."""

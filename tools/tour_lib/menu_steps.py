@@ -1,7 +1,7 @@
 """Steps through the menu, its sound, the window's menu, the key configuration and the credits."""
 
+from .buttons import SLOTS
 from .data_files import DEFAULT_KEYS, LEFT, RIGHT, RIGHT_PAUSE
-from .game import SLOTS
 from .hearing import MENU
 from .tour import check, see_menu
 
@@ -118,8 +118,7 @@ def open_key_configuration(tour):
 
 
 def bind_pause_key(tour):
-    x, y = SLOTS[RIGHT_PAUSE]
-    tour.game.click(x + 20, y + 20)
+    tour.game.click_button(SLOTS[RIGHT_PAUSE])
     tour.game.see("slot that waits for a key", lambda view: view.slot_is_armed(RIGHT_PAUSE)
                   and view.has_button("KeyConfigBack", enabled=False))
     tour.keep_picture("slot-armed")

@@ -1,14 +1,14 @@
 """An X server without a monitor, its keyboard and mouse, and what stands on it."""
 
 import contextlib
-import mmap
 import os
 import re
 import shutil
-import struct
 import subprocess
 import tempfile
 from pathlib import Path
+
+import numpy
 
 from .pictures import Picture
 from .waiting import PATIENCE, TourFailure, wait_for
@@ -26,7 +26,6 @@ class VirtualScreen:
             self.environment.pop(name, None)
         self.has_manager = shutil.which("openbox") is not None
         self.folder = tempfile.TemporaryDirectory(prefix="korvane-screen-")
-        self.memory = None
 
     # Processes. -----------------------------------------------------------------------------------
 
@@ -69,8 +68,6 @@ class VirtualScreen:
             except subprocess.TimeoutExpired:
                 process.kill()
                 process.wait()
-        if self.memory:
-            self.memory.close()
         self.folder.cleanup()
 
     # Picture. -------------------------------------------------------------------------------------
@@ -78,25 +75,20 @@ class VirtualScreen:
     def map_memory(self):
         """The server keeps its screen in a file: a header of big-endian numbers, the colour map,
         the rows of pixels."""
-        with open(Path(self.folder.name, "Xvfb_screen0"), "rb") as file:
-            self.memory = mmap.mmap(file.fileno(), 0, access=mmap.ACCESS_READ)
-        header = struct.unpack(">25I", self.memory[:100])
-        self.row_bytes = header[12]
-        self.first_pixel = header[0] + 12 * header[19]
-        if header[11] != 32:
-            raise TourFailure(f"Xvfb has {header[11]} bits per pixel")
+        file = Path(self.folder.name, "Xvfb_screen0")
+        header = numpy.fromfile(file, ">u4", 25)
+        header_bytes, bits, row_bytes, colours = (int(header[i]) for i in (0, 11, 12, 19))
+        if bits != 32:
+            raise TourFailure(f"Xvfb has {bits} bits per pixel")
+        self.memory = numpy.memmap(file, numpy.uint8, "r", header_bytes + 12 * colours,
+                                   (HEIGHT, row_bytes // 4, 4))
 
     def grab_all(self):
         return self.grab(0, 0, WIDTH, HEIGHT)
 
     def grab(self, left, top, width, height):
-        start = self.first_pixel + top * self.row_bytes + 4 * left
-        bgrx = b"".join(self.memory[row : row + 4 * width] for row in
-                        range(start, start + height * self.row_bytes, self.row_bytes))
-        rgb = bytearray(3 * width * height)
-        for channel in range(3):
-            rgb[channel::3] = bgrx[2 - channel :: 4]
-        return Picture(width, height, bytes(rgb))
+        bgrx = self.memory[top : top + height, left : left + width]
+        return Picture(numpy.array(bgrx[:, :, 2::-1]))
 
     # Windows, keyboard and mouse. -----------------------------------------------------------------
 
