@@ -4,6 +4,7 @@
 #include <array>
 
 #include "app/state/process_state.h"
+#include "platform/window/user.h"
 #include "screens/game_start.h"
 #include "screens/setting_changes.h"
 

@@ -20,7 +20,6 @@ constexpr const char* kRightHeadingFile = "menu\\RightPlayer.bmp";
 
 using enum MenuButton;
 
-
 struct CreditsLine {
     std::string_view text;
     std::int32_t x;

@@ -42,22 +42,21 @@ TEST_F(QuakeTest, RowsShakeTheBoardsThatFeelThem) {
         QuakeMode mode;
         int rightRows;
         int leftRows;
-        int rightSwing;  ///< by how many pixels a board swings down at first
+        int rightSwing;  ///< how many pixels below its place a board comes
         int leftSwing;
     };
     using enum QuakeMode;
-    // A board with so many rows is at its lowest after the second step of 25 ms.
     constexpr Case kCases[] = {{Off, 4, 4, 0, 0},         {Together, 1, 0, 4, 4},
-                               {Together, 2, 1, 13, 13},  {Individual, 1, 0, 4, 0},
-                               {Individual, 0, 1, 0, 4},  {Individual, 0, 4, 0, 18},
-                               {Individual, 2, 1, 13, 4}, {Individual, 1, 1, 9, 4}};
+                               {Together, 2, 1, 18, 18},  {Individual, 1, 0, 4, 0},
+                               {Individual, 0, 1, 0, 4},  {Individual, 0, 4, 0, 25},
+                               {Individual, 2, 1, 18, 4}, {Individual, 1, 1, 11, 4}};
     for (const Case& c : kCases) {
         SCOPED_TRACE(testing::Message() << int(c.mode) << c.rightRows << c.leftRows);
         quake_ = {};
         quake_.Step(c.mode, c.rightRows, c.leftRows);
         BoardTops lowest;
-        // The boards take their steps in turn.
-        for (int i = 0; i < 4; ++i) {
+        // The left board moves only when the right one has come to rest.
+        for (int step = 0; step < 60; ++step) {
             const BoardTops now = After(26, c.mode);
             lowest = {std::max(lowest.right, now.right), std::max(lowest.left, now.left)};
         }
