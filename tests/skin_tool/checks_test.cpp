@@ -161,6 +161,8 @@ TEST_F(SkinChecks, PicturesThatAreChanged) {
         {"Game\\statisticsframe.bmp", Filled(0x777777), "on Game/statisticsframe.bmp",
          Severity::Warning, 1, "Numbers.bmp"},
         {"Game\\statisticsframe.bmp", Filled(0x767676), nullptr},
+        {"KeyConfig\\alpha2.bmp", Filled({32, 3, 41, 13}, 0x909090),
+         "1 of 6 characters are hard to read on KeyConfig/keybuttongrey.bmp (cell 2 "},
         {"Game\\blocks.bmp", Filled(0x606060), "look alike", Severity::Warning, 4 * 28},
         {"Game\\blocks.bmp", Tiles(0xF00030, 0x206030), "tiles 3 and 4 look alike with protanopia"},
         {"Game\\blocks.bmp", Tiles(0xC01020, 0x009010),
