@@ -1,15 +1,15 @@
-"""Every picture of a skin: its file, its colour key, its size and who paints it."""
+"""Who paints each picture of a skin. The pictures, their keys and sizes come from the game."""
 
 from typing import Callable, NamedTuple, Optional
 
-from . import boards, fontsheets, keycaps, overlays, tiles, titles
+from . import boards, fontsheets, keycaps, overlays, tiles, titles, tool
 from .buttons import named, signed
 from .overlays import AMBER, CORAL, WHITE, Words, over
 from .plates import LIT, OFF, REST
 
 
 class Entry(NamedTuple):
-    """One picture. A picture without a key is used as a whole."""
+    """One picture. One without a key is used as a whole."""
 
     file: str
     key: Optional[int]
@@ -19,8 +19,6 @@ class Entry(NamedTuple):
 
 
 DARK = (LIT.ink, LIT.ink)
-FIRST, SECOND, THIRD = 0, 1, 2
-WIDE, NARROW, SCORE = (2 * 118, 36), (2 * 109, 32), (2 * 116, 36)
 
 
 def _join(key):
@@ -28,81 +26,85 @@ def _join(key):
     return over(REST, Words(f"PRESS {key}", "middle", AMBER), Words("TO JOIN", "small", WHITE))
 
 
-ROOT = [
-    Entry("Background.bmp", None, 520, 480, boards.ground),
-    Entry("Letters.bmp", FIRST, 416, 16, fontsheets.capitals),
-    Entry("Numbers.bmp", FIRST, 272, 16, fontsheets.numbers),
-]
+PAINTERS = {
+    "Background.bmp": boards.ground,
+    "Letters.bmp": fontsheets.capitals,
+    "Numbers.bmp": fontsheets.numbers,
 
-GAME = [
-    Entry("Game/Background.bmp", None, 320, 372, boards.half),
-    Entry("Game/previewframe.bmp", FIRST, 82, 60, boards.preview_frame),
-    Entry("Game/playboard.bmp", FIRST, 218, 372, boards.playboard),
-    Entry("Game/statisticsframe.bmp", FIRST, 82, 66, boards.statistics_frame),
-    Entry("Game/blocks.bmp", SECOND, 128, 16, tiles.blocks),
-    Entry("Game/statistics.bmp", SECOND, 56, 20, tiles.bars),
-    Entry("Game/pause.bmp", SECOND, 80, 48, over(REST, Words("PAUSE", "middle", WHITE))),
-    Entry("Game/gameover.bmp", SECOND, 142, 48, over(REST, Words("GAME OVER", "middle", AMBER))),
-    Entry("Game/looser.bmp", SECOND, 90, 48, over(OFF, Words("LOSER", "middle", CORAL))),
-    Entry("Game/winner.bmp", SECOND, 150, 64,
-          over(LIT, Words("***", "stars", DARK), Words("WINNER", "huge", DARK))),
-    Entry("Game/join1.bmp", SECOND, 150, 64, _join("F1")),
-    Entry("Game/join2.bmp", SECOND, 150, 64, _join("F2")),
-    Entry("Game/battleagain.bmp", SECOND, 600, 46,
-          over(REST, Words("PRESS F3 TO BATTLE AGAIN", "large", AMBER))),
-]
+    "Game/Background.bmp": boards.half,
+    "Game/previewframe.bmp": boards.preview_frame,
+    "Game/playboard.bmp": boards.playboard,
+    "Game/statisticsframe.bmp": boards.statistics_frame,
+    "Game/blocks.bmp": tiles.blocks,
+    "Game/statistics.bmp": tiles.bars,
+    "Game/pause.bmp": over(REST, Words("PAUSE", "middle", WHITE)),
+    "Game/gameover.bmp": over(REST, Words("GAME OVER", "middle", AMBER)),
+    "Game/looser.bmp": over(OFF, Words("LOSER", "middle", CORAL)),
+    "Game/winner.bmp": over(LIT, Words("***", "stars", DARK), Words("WINNER", "huge", DARK)),
+    "Game/join1.bmp": _join("F1"),
+    "Game/join2.bmp": _join("F2"),
+    "Game/battleagain.bmp": over(REST, Words("PRESS F3 TO BATTLE AGAIN", "large", AMBER)),
+
+    "menu/logo.bmp": titles.logo,
+    "menu/LeftPlayer.bmp": titles.heading("LEFT PLAYER"),
+    "menu/RightPlayer.bmp": titles.heading("RIGHT PLAYER"),
+
+    "HighScore/highscore.bmp": titles.high_scores,
+    "HighScore/cursor.bmp": titles.cursor,
+
+    "KeyConfig/keybuttongrey.bmp": keycaps.slot,
+    **{f"KeyConfig/{sheet}.bmp": keycaps.legends(sheet) for sheet in keycaps.LEGENDS},
+}
+# A button's painter and what stands on it; the same paints its look while it is disabled.
+BUTTONS = {
+    "menu/1playerbutt.bmp": (named, "1 PLAYER", "one-player"),
+    "menu/2playerbutt.bmp": (named, "2 PLAYERS", "two-players"),
+    "menu/confbutt.bmp": (named, "KEYS", "keyboard"),
+    "menu/aboutbutt.bmp": (named, "ABOUT", "about"),
+    "menu/startbutt.bmp": (named, "START", "play"),
+    "menu/quakebutt.bmp": (named, "QUAKES", "quake"),
+    "menu/quitbutt.bmp": (named, "QUIT", "door"),
+    "menu/easybutt.bmp": (named, "EASY", "easy"),
+    "menu/mediumbutt.bmp": (named, "MEDIUM", "medium"),
+    "menu/hardbutt.bmp": (named, "HARD", "hard"),
+    "menu/timebutt.bmp": (named, "TIMED", "clock"),
+    "menu/ccwrotbutt.bmp": (signed, "counter-clockwise", 17),
+    "menu/cwrotbutt.bmp": (signed, "clockwise", 17),
+    "menu/musicbutt.bmp": (named, "MUSIC", "note"),
+    "menu/sfxbutt.bmp": (named, "SOUNDS", "speaker"),
+    "menu/battlebutt.bmp": (named, "BATTLE", "swords"),
+    "menu/backbutt.bmp": (named, "BACK", "back"),
+    "menu/resetbutt.bmp": (named, "RESET", "counter-clockwise"),
+    "HighScore/menubutt.bmp": (named, "MENU", "list"),
+    "HighScore/playButt.bmp": (named, "PLAY", "play"),
+}
+# The sizes of pictures that need not fill their room.
+SIZES = {
+    "Background.bmp": (520, 480),
+    "Game/previewframe.bmp": (82, 60),
+    "Game/statisticsframe.bmp": (82, 66),
+    "Game/pause.bmp": (80, 48),
+    "Game/gameover.bmp": (142, 48),
+    "Game/looser.bmp": (90, 48),
+    "Game/winner.bmp": (150, 64),
+    "Game/join1.bmp": (150, 64),
+    "Game/join2.bmp": (150, 64),
+    "Game/battleagain.bmp": (600, 46),
+    "menu/logo.bmp": (624, 100),
+}
 
 
-def _button(folder, file, size, painter, *arguments, disabled=""):
-    """A button, and the look that it has while it is disabled if there is a file for that."""
-    yield Entry(f"{folder}/{file}.bmp", FIRST, *size, painter(*arguments))
-    if disabled:
-        yield Entry(f"{folder}/{disabled}.bmp", FIRST, *size, painter(*arguments, False))
+def _painter(file, stands_for):
+    if file in PAINTERS:
+        return PAINTERS[file]
+    painter, *arguments = BUTTONS[stands_for or file]
+    return painter(*arguments, not stands_for)
 
 
-def _menu_buttons():
-    for file, size, painter, *arguments in (
-            ("1playerbutt", WIDE, named, "1 PLAYER", "one-player"),
-            ("2playerbutt", WIDE, named, "2 PLAYERS", "two-players"),
-            ("confbutt", WIDE, named, "KEYS", "keyboard"),
-            ("aboutbutt", WIDE, named, "ABOUT", "about"),
-            ("startbutt", WIDE, named, "START", "play"),
-            ("quakebutt", WIDE, named, "QUAKES", "quake"),
-            ("quitbutt", WIDE, named, "QUIT", "door")):
-        yield from _button("menu", file, size, painter, *arguments)
-    for file, size, painter, *arguments in (
-            ("easybutt", NARROW, named, "EASY", "easy"),
-            ("mediumbutt", NARROW, named, "MEDIUM", "medium"),
-            ("hardbutt", NARROW, named, "HARD", "hard"),
-            ("timebutt", NARROW, named, "TIMED", "clock"),
-            ("ccwrotbutt", (2 * 44, 32), signed, "counter-clockwise", 17),
-            ("cwrotbutt", (2 * 44, 32), signed, "clockwise", 17),
-            ("musicbutt", WIDE, named, "MUSIC", "note"),
-            ("sfxbutt", WIDE, named, "SOUNDS", "speaker"),
-            ("battlebutt", WIDE, named, "BATTLE", "swords"),
-            ("backbutt", WIDE, named, "BACK", "back"),
-            ("resetbutt", WIDE, named, "RESET", "counter-clockwise")):
-        yield from _button("menu", file, size, painter, *arguments, disabled=f"{file}2")
-
-
-MENU = [
-    Entry("menu/logo.bmp", FIRST, 624, 100, titles.logo),
-    Entry("menu/LeftPlayer.bmp", FIRST, 109, 12, titles.heading("LEFT PLAYER")),
-    Entry("menu/RightPlayer.bmp", FIRST, 109, 12, titles.heading("RIGHT PLAYER")),
-    *_menu_buttons(),
-]
-
-HIGH_SCORE = [
-    Entry("HighScore/highscore.bmp", FIRST, 532, 100, titles.high_scores),
-    Entry("HighScore/cursor.bmp", FIRST, 16, 18, titles.cursor),
-    *_button("HighScore", "menubutt", SCORE, named, "MENU", "list", disabled="menuButt2"),
-    *_button("HighScore", "playButt", SCORE, named, "PLAY", "play", disabled="playButt2"),
-]
-
-KEY_CONFIG = [
-    Entry("KeyConfig/keybuttongrey.bmp", FIRST, 2 * 65, 64, keycaps.slot),
-    *(Entry(f"KeyConfig/{sheet}.bmp", THIRD, len(cells) * keycaps.CELL, 44, keycaps.legends(sheet))
-      for sheet, cells in keycaps.LEGENDS.items()),
-]
-
-ALL = [*ROOT, *GAME, *MENU, *HIGH_SCORE, *KEY_CONFIG]
+def entries():
+    """Every picture of a skin but the one with the keys."""
+    for row in tool.catalogue()["pictures"]:
+        if row["kind"] != "keys":
+            size = SIZES.get(row["file"], (row["width"], row["height"]))
+            key = row["key"] and row["key"] - 1
+            yield Entry(row["file"], key, *size, _painter(row["file"], row["standsFor"]))

@@ -65,6 +65,8 @@ def _legend(ink, words, x):
 def legends(sheet):
     """A painter of the legends of one sheet."""
     def paint(width, height):
+        if len(LEGENDS[sheet]) * CELL != width:
+            raise ValueError(f"legends.txt has {len(LEGENDS[sheet])} keys for {width // CELL} cells")
         picture = Picture(width, height, "legend-edge")
         ink = letters.Ink(picture)
         for i, words in enumerate(LEGENDS[sheet]):

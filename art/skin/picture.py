@@ -7,6 +7,7 @@ the end, pixel by pixel, between art and the colour key. So an edge never mixes 
 import math
 
 import cairo
+from PIL import Image
 
 from . import colours
 
@@ -70,6 +71,14 @@ def rim(surface, dx, dy):
     return result
 
 
+def image(surface):
+    """A surface of colours or of coverage as a picture of Pillow's."""
+    surface.flush()
+    mode, layout = (("L", "L") if surface.get_format() == cairo.FORMAT_A8 else ("RGB", "BGRX"))
+    return Image.frombytes(mode, (surface.get_width(), surface.get_height()),
+                           bytes(surface.get_data()), "raw", layout, surface.get_stride())
+
+
 class Picture:
     """One picture, drawn with `cr` (art) and `mask` (the pixels that count)."""
 
@@ -98,10 +107,8 @@ class Picture:
         self.cr.mask_surface(surface, dx, dy)
 
     def pixels(self, key):
-        """The rows of the finished picture, and rows of bytes that are 0 where the key shows.
-
-        A row of the picture is a list of (red, green, blue), as is the key, from 0 to 255.
-        """
+        """The finished picture, and a picture of its mask, which is 0 where the key shows. The key
+        is (red, green, blue), from 0 to 255."""
         hard = hardened(self.sheet)
         result = cairo.ImageSurface(cairo.FORMAT_RGB24, self.width, self.height)
         cr = cairo.Context(result)
@@ -109,19 +116,4 @@ class Picture:
         cr.paint()
         cr.set_source_surface(self.art)
         cr.mask_surface(hard)
-        return _rows(result, self.width, self.height), _mask_rows(hard)
-
-
-def _rows(surface, width, height):
-    """The rows of a surface, each a list of (red, green, blue)."""
-    surface.flush()
-    data, stride = bytes(surface.get_data()), surface.get_stride()
-    rows = (data[y * stride:y * stride + width * 4] for y in range(height))
-    return [list(zip(row[2::4], row[1::4], row[0::4])) for row in rows]
-
-
-def _mask_rows(surface):
-    surface.flush()
-    data, stride = bytes(surface.get_data()), surface.get_stride()
-    width = surface.get_width()
-    return [data[y * stride:y * stride + width] for y in range(surface.get_height())]
+        return image(result), image(hard)

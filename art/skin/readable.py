@@ -1,44 +1,30 @@
-"""Proof that lettering can be read: its contrast with what really lies behind it."""
+"""Contrast of lettering with the plate that it is drawn on, as it can be measured while the two
+are apart. In the finished picture nobody can tell which pixels are lettering."""
 
-from . import colours
+from . import colours, tool
+from .picture import image
 
-LEAST = 4.5
-# What was measured since the last call of `worst`, as (contrast, ink).
+# What was measured since the last call of `worst`.
 _measured = []
 
 
-def _box(sheet):
-    """The rectangle of a sheet that holds something: left, top, right, bottom."""
-    sheet.flush()
-    data, stride = bytes(sheet.get_data()), sheet.get_stride()
-    rows = [data[y * stride:y * stride + sheet.get_width()] for y in range(sheet.get_height())]
-    used = [y for y, row in enumerate(rows) if any(row)]
-    left = min(len(row) - len(row.lstrip(b"\0")) for row in rows if any(row))
-    right = max(len(row.rstrip(b"\0")) for row in rows)
-    return left, used[0], right, used[-1] + 1
-
-
-def grounds(picture, box):
-    """The colours of a rectangle of a picture, as far as the picture covers it."""
-    left, top, right, bottom = box
-    rows, mask = picture.pixels((0, 0, 0))
-    return {rows[y][x] for y in range(top, bottom) for x in range(left, right) if mask[y][x]}
-
-
-def worst_contrast(names, pixels):
-    """The lowest contrast between any of some inks and any of some pixels."""
-    return min(colours.contrast(colours.colour(name), tuple(channel / 255 for channel in pixel))
-               for name in set(names) for pixel in pixels)
+def _grounds(picture, sheet):
+    """The colours that a picture has where a sheet of lettering holds something."""
+    art, mask = picture.pixels((0, 0, 0))
+    box = image(sheet).getbbox()
+    return {pixel for pixel, is_covered in zip(art.crop(box).getdata(), mask.crop(box).getdata())
+            if is_covered}
 
 
 def require(picture, sheet, names):
     """Raises ValueError if lettering on a sheet is hard to read on the art of its picture."""
-    pixels = grounds(picture, _box(sheet))
-    if not pixels:
+    grounds = _grounds(picture, sheet)
+    if not grounds:
         return
-    reached = worst_contrast(names, pixels)
+    reached = min(colours.contrast(colours.colour(name), tuple(channel / 255 for channel in pixel))
+                  for name in set(names) for pixel in grounds)
     _measured.append(reached)
-    if reached < LEAST:
+    if reached < tool.catalogue()["leastContrast"]:
         raise ValueError(f"{'/'.join(names)}: contrast {reached:.1f}")
 
 

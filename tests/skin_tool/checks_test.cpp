@@ -124,6 +124,15 @@ Change Tiles(std::uint32_t third, std::uint32_t fourth) {
     };
 }
 
+/// The third tile has the first colour above and the second below, the fourth the reverse.
+Change Halved(std::uint32_t one, std::uint32_t other) {
+    return [=](BmpRecipe& picture) {
+        Tiles(one, other)(picture);
+        Filled({32, 8, 48, 16}, other)(picture);
+        Filled({48, 8, 64, 16}, one)(picture);
+    };
+}
+
 TEST_F(SkinChecks, PicturesThatAreChanged) {
     struct Case {
         const char* file;
@@ -161,10 +170,15 @@ TEST_F(SkinChecks, PicturesThatAreChanged) {
         {"Game\\statisticsframe.bmp", Filled(0x777777), "on Game/statisticsframe.bmp",
          Severity::Warning, 1, "Numbers.bmp"},
         {"Game\\statisticsframe.bmp", Filled(0x767676), nullptr},
+        {"KeyConfig\\alpha2.bmp", Filled({32, 3, 41, 13}, 0x909090),
+         "1 of 6 characters are hard to read on KeyConfig/keybuttongrey.bmp (cell 2 "},
         {"Game\\blocks.bmp", Filled(0x606060), "look alike", Severity::Warning, 4 * 28},
         {"Game\\blocks.bmp", Tiles(0xF00030, 0x206030), "tiles 3 and 4 look alike with protanopia"},
         {"Game\\blocks.bmp", Tiles(0xC01020, 0x009010),
          "tiles 3 and 4 look alike with deuteranopia"},
+        // Halves of the same two greys the other way round: seen without marks they are one colour.
+        {"Game\\blocks.bmp", Halved(0xC0C0C0, 0x202020), "tiles 3 and 4 differ only in their marks",
+         Severity::Warning, 3},
         {"Game\\blocks.bmp", Tiles(0x0040F0, 0x7060F0), "tiles 3 and 4 look alike with tritanopia"},
     };
     for (std::size_t i = 0; const Case& c : kCases) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/headless/headless_host.h"
+#include "tools/korvane-skin/png_file.h"
 
 namespace korvane {
 namespace {
@@ -19,8 +20,6 @@ struct Picture {
     bool operator==(const Picture&) const = default;
 };
 
-constexpr std::uint32_t kOpaque = 0xFF000000;
-
 std::optional<Picture> ReadPng(const std::string& file) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
@@ -31,20 +30,14 @@ std::optional<Picture> ReadPng(const std::string& file) {
     if (!png_image_finish_read(&image, nullptr, picture.pixels.data(), 0, nullptr))
         return std::nullopt;
     for (std::uint32_t& pixel : picture.pixels)
-        pixel &= ~kOpaque;
+        pixel &= 0xFFFFFF;
     return picture;
 }
 
-bool WritePng(const std::string& file, const Picture& picture) {
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = static_cast<png_uint_32>(picture.size.cx);
-    image.height = static_cast<png_uint_32>(picture.size.cy);
-    image.format = PNG_FORMAT_BGRA;
-    std::vector<std::uint32_t> pixels = picture.pixels;
-    for (std::uint32_t& pixel : pixels)
-        pixel |= kOpaque;
-    return png_image_write_to_file(&image, file.c_str(), 0, pixels.data(), 0, nullptr) != 0;
+bool Write(const std::string& file, const Picture& picture) {
+    return WritePng(file, picture.size, [&](POINT at) {
+        return picture.pixels[static_cast<std::size_t>(at.y * picture.size.cx + at.x)];
+    });
 }
 
 }  // namespace
@@ -54,12 +47,12 @@ testing::AssertionResult MatchesGolden(const std::string& name) {
     const std::string golden = std::string(KORVANE_GOLDEN_FOLDER) + "/" + name + ".png";
     const char* rewrite = std::getenv("KORVANE_REWRITE_GOLDEN");
     if (rewrite && std::string(rewrite) == "1")
-        return WritePng(golden, now) ? testing::AssertionSuccess()
-                                     : testing::AssertionFailure() << "cannot write " << golden;
+        return Write(golden, now) ? testing::AssertionSuccess()
+                                  : testing::AssertionFailure() << "cannot write " << golden;
     const std::optional<Picture> wanted = ReadPng(golden);
     if (wanted == now) return testing::AssertionSuccess();
     const std::string actual = name + ".actual.png";
-    WritePng(actual, now);
+    Write(actual, now);
     return testing::AssertionFailure()
            << (wanted ? "differs from " : "there is no ") << golden << "; see " << actual;
 }

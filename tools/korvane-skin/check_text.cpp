@@ -22,7 +22,7 @@ struct Characters {
     const PictureRow& row;
     const SkinPicture& picture;
     std::uint32_t key;
-    char first;
+    std::string_view names;  ///< a character each; empty: they are called by their cells
     int firstCell;
     int count;
 
@@ -35,7 +35,10 @@ struct Characters {
         const int left = (firstCell + number) * row.room.cx;
         return {left, 0, left + row.room.cx, row.room.cy};
     }
-    char Name(int number) const { return static_cast<char>(first + number); }
+    std::string Name(int number) const {
+        if (names.empty()) return Text("cell ", number + 1);
+        return std::string(1, names[static_cast<std::size_t>(number)]);
+    }
     bool IsInk(int x, int y) const { return PixelOf(*picture.bitmap, x, y) != key; }
     bool HasInk(const RECT& area) const {
         for (int y = area.top; y < area.bottom; ++y)
@@ -114,6 +117,16 @@ void CheckSpareColumns(const Characters& characters, Report& report) {
                         "the next character begins; keep these columns transparent"));
 }
 
+void CheckKeyGlyphs(const CheckedSkin& skin, Report& report) {
+    for (const PictureRow& row : kPictures) {
+        if (row.kind != PictureKind::Cells || row.room != kKeyGlyph) continue;
+        const Characters glyphs{0, row, skin.Picture(row), skin.Key(row.key), {}, 0, row.cells};
+        if (!glyphs.HasCells()) continue;
+        const TextGround slot = KeySlotGround(skin, row.room.cx, InkRowsOf(glyphs));
+        if (slot.isOwn || glyphs.picture.isOwn) CheckContrast(glyphs, {&slot, 1}, report);
+    }
+}
+
 }  // namespace
 
 void CheckText(const CheckedSkin& skin, Report& report) {
@@ -123,9 +136,9 @@ void CheckText(const CheckedSkin& skin, Report& report) {
     const SkinPicture& numberSheet = skin.Picture(numbers);
     const std::uint32_t key = skin.Key(0);
     for (const Characters& characters :
-         {Characters{kLetters, letters, letterSheet, key, 'A', 0, 26},
-          Characters{kDigits, numbers, numberSheet, key, '0', 0, 10},
-          Characters{kSigns, numbers, numberSheet, key, ':', 10, 7}}) {
+         {Characters{kLetters, letters, letterSheet, key, "ABCDEFGHIJKLMNOPQRSTUVWXYZ", 0, 26},
+          Characters{kDigits, numbers, numberSheet, key, "0123456789", 0, 10},
+          Characters{kSigns, numbers, numberSheet, key, ":;<=>?@", 10, 7}}) {
         if (!characters.HasCells()) continue;
         if (characters.picture.isOwn) CheckSpareColumns(characters, report);
         const std::vector<TextGround> grounds =
@@ -138,6 +151,7 @@ void CheckText(const CheckedSkin& skin, Report& report) {
             CheckContrast(characters, places, report);
         }
     }
+    CheckKeyGlyphs(skin, report);
 }
 
 }  // namespace korvane

@@ -29,17 +29,42 @@ double Distance(const SeenTile& one, const SeenTile& other) {
     return std::sqrt(sum / static_cast<double>(one.size()));
 }
 
+Lab MeanOf(const SeenTile& tile) {
+    Lab mean{};
+    const auto count = static_cast<double>(tile.size());
+    for (const Lab& pixel : tile) {
+        mean.lightness += pixel.lightness / count;
+        mean.a += pixel.a / count;
+        mean.b += pixel.b / count;
+    }
+    return mean;
+}
+
+/// What is too small between two tiles, and what to do; empty when nothing is.
+std::string CheckPair(const SeenTile& one, const SeenTile& other, Sight sight) {
+    const auto tell = [&](const char* fault, double distance, double least, const char* advice) {
+        return Text(fault, kSightNames[static_cast<std::size_t>(sight)], " (",
+                    std::floor(distance * 10) / 10, " apart, ", least, " is wanted); ", advice);
+    };
+    const double distance = Distance(one, other);
+    if (distance < kLeastTileDistance)
+        return tell("look alike ", distance, kLeastTileDistance,
+                    "make one of them lighter, or give it another mark");
+    const double colours = std::sqrt(SquaredDifference(MeanOf(one), MeanOf(other)));
+    if (sight != Sight::Greyscale && colours < kLeastColourDistance)
+        return tell("differ only in their marks ", colours, kLeastColourDistance,
+                    "give one of them another colour, or make it lighter");
+    return {};
+}
+
 void CheckSight(const PictureRow& row, const std::vector<SeenTile>& tiles, Sight sight,
                 Report& report) {
     for (std::size_t one = 0; one < tiles.size(); ++one) {
         for (std::size_t other = one + 1; other < tiles.size(); ++other) {
-            const double distance = Distance(tiles[one], tiles[other]);
-            if (distance >= kLeastTileDistance) continue;
-            report.Add(Severity::Warning, row.file,
-                       Text("tiles ", one + 1, " and ", other + 1, " look alike ",
-                            kSightNames[static_cast<std::size_t>(sight)], " (",
-                            std::floor(distance * 10) / 10, " apart, ", kLeastTileDistance,
-                            " is wanted); make one of them lighter, or give it another mark"));
+            const std::string fault = CheckPair(tiles[one], tiles[other], sight);
+            if (!fault.empty())
+                report.Add(Severity::Warning, row.file,
+                           Text("tiles ", one + 1, " and ", other + 1, " ", fault));
         }
     }
 }

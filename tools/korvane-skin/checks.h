@@ -14,7 +14,7 @@ void CheckFiles(const CheckedSkin& skin, Report& report);
 void CheckSizes(const CheckedSkin& skin, Report& report);
 /// What is transparent by mistake, or not transparent by mistake.
 void CheckKeys(const CheckedSkin& skin, Report& report);
-/// Whether letters and numbers can be read where they stand.
+/// Whether letters, numbers and the glyphs of keys can be read where they stand.
 void CheckText(const CheckedSkin& skin, Report& report);
 /// Whether eyes of all kinds can tell the eight tiles apart.
 void CheckTiles(const CheckedSkin& skin, Report& report);

@@ -21,6 +21,10 @@ inline constexpr double kGroundShare = 0.05;
 /// four times that is seen at a glance on small moving tiles.
 inline constexpr double kLeastTileDistance = 9.0;
 
+/// How far the mean colours of two tiles have to be apart besides, for an eye that sees colours:
+/// twice what is just told apart. Marks alone are too small to be seen while figures fall.
+inline constexpr double kLeastColourDistance = 5.0;
+
 /// A pixel at a transparent edge that is no farther from the key colour than this (in 8-bit steps
 /// of red, green and blue) is what a soft brush or a smaller picture leaves behind: black, white
 /// and most art are twice as far, so that this one is half key colour at least.

@@ -6,13 +6,13 @@
 
 namespace korvane {
 
-bool WritePng(const std::string& file, const PixelBuffer& picture) {
-    const SIZE size = picture.Size();
+bool WritePng(const std::string& file, SIZE size,
+              const std::function<std::uint32_t(POINT)>& pixelAt) {
     std::vector<png_byte> bytes;
     bytes.reserve(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy) * 3);
     for (int y = 0; y < size.cy; ++y) {
         for (int x = 0; x < size.cx; ++x) {
-            const std::uint32_t pixel = picture.Pixel({x, y});
+            const std::uint32_t pixel = pixelAt({x, y});
             for (const int shift : {16, 8, 0})
                 bytes.push_back(static_cast<png_byte>(pixel >> shift & 0xFF));
         }

@@ -58,7 +58,7 @@ bool WriteSheet(const std::string& file) {
     TypefaceOf(2).Draw(sheet, {kGap, kTitleHeight - 10}, title, kInk);
     for (std::size_t i = 0; i < screens.size(); ++i)
         Place(sheet, screens[i], PlaceOf(static_cast<int>(i)));
-    return WritePng(file, sheet);
+    return WritePng(file, sheet.Size(), [&](POINT at) { return sheet.Pixel(at); });
 }
 
 }  // namespace korvane

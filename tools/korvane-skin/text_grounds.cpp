@@ -64,11 +64,26 @@ class Scenery {
     std::vector<std::uint32_t> pixels_;
 };
 
-}  // namespace
-
-std::vector<TextGround> TextGroundsOf(const CheckedSkin& skin, unsigned kind, const InkRows& rows) {
+Scenery EmptyMenu(const CheckedSkin& skin) {
     Scenery menu(skin);
     menu.Tile(kMenuGround, kMenuArea);
+    return menu;
+}
+
+}  // namespace
+
+TextGround KeySlotGround(const CheckedSkin& skin, int width, const InkRows& rows) {
+    const POINT slot = KeySlotPlace(Action::Rotate, Side::Right);
+    const POINT glyph{slot.x + kGlyphInSlot.x, slot.y + kGlyphInSlot.y};
+    Scenery menu = EmptyMenu(skin);
+    menu.Lay(kKeySlotFile, slot);
+    TextGround ground{kKeySlotFile, skin.Picture(RowOf(kKeySlotFile)).isOwn, 1, 0};
+    menu.Measure({glyph.x, glyph.y + rows.top, glyph.x + width, glyph.y + rows.bottom}, ground);
+    return ground;
+}
+
+std::vector<TextGround> TextGroundsOf(const CheckedSkin& skin, unsigned kind, const InkRows& rows) {
+    Scenery menu = EmptyMenu(skin);
     Scenery game(skin);
     game.Tile(kGameGround, kLeftHalf);
     game.Lay("Game\\playboard.bmp", {16, 50});

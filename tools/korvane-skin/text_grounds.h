@@ -25,4 +25,7 @@ struct InkRows {
 /// game: what the backgrounds and the frames laid over them show where these rows come to lie.
 std::vector<TextGround> TextGroundsOf(const CheckedSkin& skin, unsigned kind, const InkRows& rows);
 
+/// What a slot of the key configuration shows under these rows of a glyph.
+TextGround KeySlotGround(const CheckedSkin& skin, int width, const InkRows& rows);
+
 }  // namespace korvane
