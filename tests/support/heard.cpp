@@ -9,13 +9,6 @@
 
 namespace korvane {
 
-std::vector<std::int16_t> SideOf(const std::vector<std::int16_t>& heard, std::size_t side) {
-    std::vector<std::int16_t> samples;
-    for (std::size_t i = side; i < heard.size(); i += kSoundChannels)
-        samples.push_back(heard[i]);
-    return samples;
-}
-
 int PeakOf(const std::vector<std::int16_t>& heard) {
     int peak = 0;
     for (const std::int16_t sample : heard)
@@ -26,7 +19,7 @@ int PeakOf(const std::vector<std::int16_t>& heard) {
 double PitchOf(const std::vector<std::int16_t>& side) {
     const int threshold = PeakOf(side) / 4;
     if (threshold == 0) return 0;
-    // A wave is a way from well below zero to well above it.
+    // A wave goes from well below zero to well above it.
     int waves = 0;
     bool below = false;
     std::size_t first = 0;
@@ -44,7 +37,10 @@ double PitchOf(const std::vector<std::int16_t>& side) {
 int HeardOrder() {
     Headless().Hear(2 * kSoundBufferFrames);
     const std::vector<std::int16_t> heard = Headless().Hear(kSoundRate / 5);
-    const double pitch = PitchOf(SideOf(heard, 0));
+    std::vector<std::int16_t> left;
+    for (std::size_t i = 0; i < heard.size(); i += kSoundChannels)
+        left.push_back(heard[i]);
+    const double pitch = PitchOf(left);
     if (pitch == 0) return -1;
     return static_cast<int>(std::lround(4 * std::log2(pitch / kXmLowestTone)));
 }

@@ -1,5 +1,7 @@
 #include "tests/support/xm_writer.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <string>
 
 #include "platform/base/byte_stream.h"
@@ -18,60 +20,59 @@ using Byte = std::uint8_t;
 using Word = std::uint16_t;
 using Long = std::uint32_t;
 
-std::string Zeros(std::size_t count) {
-    return std::string(count, '\0');
+template <typename Field>
+void WriteAs(ByteWriter& file, std::initializer_list<int> values) {
+    for (const int value : values)
+        file.Write(static_cast<Field>(value));
+}
+
+void WriteZeros(ByteWriter& file, std::size_t count) {
+    file.Write(std::string(count, '\0'));
 }
 
 void WriteHeader(ByteWriter& file, const XmRecipe& recipe, int patterns) {
     file.Write("Extended Module: " + std::string(20, ' ') + "\x1A" + std::string(20, ' '));
-    file.Write(Word{0x0104});
-    file.Write(Long{276});
-    for (const int field : {recipe.orders, /*restart=*/0, /*channels=*/1, patterns,
-                            /*instruments=*/1, /*linear pitches=*/1, /*speed=*/6, /*tempo=*/125})
-        file.Write(static_cast<Word>(field));
+    WriteAs<Word>(file, {0x0104});
+    WriteAs<Long>(file, {276});
+    WriteAs<Word>(file, {recipe.orders, /*restart=*/0, /*channels=*/1, patterns, /*instruments=*/1,
+                         /*linear pitches=*/1, /*speed=*/6, /*tempo=*/125});
     for (int order = 0; order < 256; ++order)
-        file.Write(static_cast<Byte>(order < recipe.orders ? order % patterns : 0));
+        WriteAs<Byte>(file, {order < recipe.orders ? order % patterns : 0});
 }
 
-void WritePattern(ByteWriter& file, int tone, int rows, std::optional<Byte> jump) {
-    const std::vector<Byte> first = {kNoteAndInstrument, static_cast<Byte>(kLowestNote + 3 * tone),
-                                     1};
-    std::vector<Byte> cells = first;
-    for (int row = 1; row < rows; ++row) {
-        if (row == rows - 1 && jump) {
-            cells.insert(cells.end(), {kEffect, kJumpToOrder, *jump});
-        } else {
-            cells.push_back(kPacked);
-        }
+/// A note in the first row, then empty rows.
+void WritePattern(ByteWriter& file, int tone, std::size_t rows, std::optional<Byte> jump) {
+    std::vector<Byte> cells = {kNoteAndInstrument, static_cast<Byte>(kLowestNote + 3 * tone), 1};
+    cells.resize(cells.size() + rows - 1, kPacked);
+    if (jump) {
+        cells.back() = kEffect;
+        cells.insert(cells.end(), {kJumpToOrder, *jump});
     }
-    file.Write(Long{9});
-    file.Write(Byte{0});
-    file.Write(static_cast<Word>(rows));
-    file.Write(static_cast<Word>(cells.size()));
+    WriteAs<Long>(file, {9});
+    WriteAs<Byte>(file, {0});
+    WriteAs<Word>(file, {static_cast<int>(rows), static_cast<int>(cells.size())});
     for (const Byte cell : cells)
         file.Write(cell);
 }
 
 /// One period of a square wave, repeated for ever.
 void WriteInstrument(ByteWriter& file) {
-    file.Write(Long{263});
-    file.Write(Zeros(22 + 1));
-    file.Write(Word{1});
-    file.Write(Long{40});
-    file.Write(Zeros(263 - 33));
-    for (const Long field : {Long{kWaveBytes}, Long{0}, Long{kWaveBytes}})
-        file.Write(field);
-    for (const int field : {/*volume=*/64, 0, /*loops forwards=*/1, /*centre=*/128, 0, 0})
-        file.Write(static_cast<Byte>(field));
-    file.Write(Zeros(22));
+    WriteAs<Long>(file, {263});
+    WriteZeros(file, 22 + 1);
+    WriteAs<Word>(file, {1});
+    WriteAs<Long>(file, {40});
+    WriteZeros(file, 263 - 33);
+    WriteAs<Long>(file, {kWaveBytes, 0, kWaveBytes});
+    WriteAs<Byte>(file, {/*volume=*/64, 0, /*loops forwards=*/1, /*centre=*/128, 0, 0});
+    WriteZeros(file, 22);
     for (int i = 0; i < kWaveBytes; ++i)
-        file.Write(static_cast<Byte>(i == 0 ? 60 : i == kWaveBytes / 2 ? 256 - 120 : 0));
+        WriteAs<Byte>(file, {i == 0 ? 60 : i == kWaveBytes / 2 ? -120 : 0});
 }
 
 }  // namespace
 
 std::vector<std::byte> MakeXm(const XmRecipe& recipe) {
-    const int patterns = recipe.orders < kXmTones ? recipe.orders : kXmTones;
+    const int patterns = std::min(recipe.orders, kXmTones);
     ByteWriter file;
     WriteHeader(file, recipe, patterns);
     for (int i = 0; i < patterns; ++i)

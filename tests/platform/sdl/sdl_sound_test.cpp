@@ -22,34 +22,45 @@
 namespace korvane {
 namespace {
 
-/// Silence; counts the threads that asked for it.
-class CountingSource final : public SoundSource {
+/// A value that several threads change and one waits for.
+template <typename Value>
+class Awaited {
   public:
-    void Render(std::span<std::int16_t> samples) override {
-        thread_local bool known = false;
-        std::ranges::fill(samples, std::int16_t{0});
+    template <typename Change>
+    auto Update(Change change) {
         const std::lock_guard lock(mutex_);
-        size_ = samples.size();
-        if (!known) ++threads_;
-        known = true;
         changed_.notify_all();
+        return change(value_);
     }
-
-    /// Whether that many devices have asked, waiting for the last one as long as need be.
-    bool WaitForDevices(int count) {
+    /// Waits until the condition holds; false after 20 seconds.
+    template <typename Condition>
+    bool Wait(Condition condition) {
         std::unique_lock lock(mutex_);
-        return changed_.wait_for(lock, std::chrono::seconds(20), [&] { return threads_ >= count; });
-    }
-    std::size_t AskedSize() {
-        const std::lock_guard lock(mutex_);
-        return size_;
+        return changed_.wait_for(lock, std::chrono::seconds(20), [&] { return condition(value_); });
     }
 
   private:
     std::mutex mutex_;
     std::condition_variable changed_;
-    int threads_ = 0;
-    std::size_t size_ = 0;
+    Value value_{};
+};
+
+/// Silence; counts the devices that have asked for it, each with a thread of its own.
+class CountingSource final : public SoundSource {
+  public:
+    void Render(std::span<std::int16_t> samples) override {
+        thread_local bool isKnown = false;
+        std::ranges::fill(samples, std::int16_t{0});
+        EXPECT_EQ(samples.size(), std::size_t{kSoundBufferFrames} * kSoundChannels);
+        devices_.Update([](int& devices) { devices += isKnown ? 0 : 1; });
+        isKnown = true;
+    }
+    bool WaitForDevices(int count) {
+        return devices_.Wait([=](int devices) { return devices >= count; });
+    }
+
+  private:
+    Awaited<int> devices_;
 };
 
 void ReportRemoved(SdlSound& sound, SDL_AudioDeviceID device, bool recorder = false) {
@@ -60,7 +71,7 @@ void ReportRemoved(SdlSound& sound, SDL_AudioDeviceID device, bool recorder = fa
     sound.OnEvent(event);
 }
 
-/// Whichever number SDL gave it.
+/// Reports the device removed, whatever number SDL gave it.
 void ReportAnyRemoved(SdlSound& sound, bool recorder) {
     for (SDL_AudioDeviceID device = 0; device <= 16; ++device)
         ReportRemoved(sound, device, recorder);
@@ -90,7 +101,6 @@ TEST_F(SdlSoundTest, OpensAgainAfterItWasClosed) {
     for (int devices = 1; devices <= 2; ++devices) {
         ASSERT_TRUE(sound.Open(source));
         EXPECT_TRUE(source.WaitForDevices(devices));
-        EXPECT_EQ(source.AskedSize(), std::size_t{kSoundBufferFrames} * kSoundChannels);
         sound.Close();
         sound.Close();
         ReportAnyRemoved(sound, /*recorder=*/false);
@@ -105,36 +115,32 @@ TEST_F(SdlSoundTest, ThereMayBeNoDevice) {
 }
 
 TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
-    // The second look finds none, and what the third finds has gone before it can be told.
-    std::mutex mutex;
-    std::condition_variable changed;
-    int looks = 0;
-    SDL_AudioDeviceID found = 0;
+    // The second look finds none, and the device of the third is lost before it can be used.
+    struct Looks {
+        int count = 0;
+        SDL_AudioDeviceID found = 0;
+    };
+    Awaited<Looks> looks;
     SdlSound* opened = nullptr;
-    SdlSound watched(
-        [&](SoundSource& to) {
-            const std::lock_guard lock(mutex);
-            ++looks;
-            found = looks == 2 ? 0 : SdlSound::OpenDefault(to);
-            if (looks == 3) ReportRemoved(*opened, found);
-            changed.notify_all();
-            return found;
-        },
-        {.retry = std::chrono::milliseconds(1)});
+    const auto look = [&](SoundSource& to) {
+        return looks.Update([&](Looks& past) {
+            past.found = ++past.count == 2 ? 0 : SdlSound::OpenDefault(to);
+            if (past.count == 3) ReportRemoved(*opened, past.found);
+            return past.found;
+        });
+    };
+    SdlSound watched(look, {.retry = std::chrono::milliseconds(1)});
     opened = &watched;
-    // The device that the look of that number found.
-    const auto waitForLook = [&](int count) {
-        std::unique_lock lock(mutex);
-        EXPECT_TRUE(
-            changed.wait_for(lock, std::chrono::seconds(20), [&] { return looks == count; }));
-        return found;
+    const auto deviceOfLook = [&](int count) {
+        EXPECT_TRUE(looks.Wait([=](const Looks& past) { return past.count == count; }));
+        return looks.Update([](const Looks& past) { return past.found; });
     };
     ASSERT_TRUE(watched.Open(source));
-    ReportRemoved(watched, waitForLook(1));
-    ReportRemoved(watched, waitForLook(4));
-    EXPECT_NE(waitForLook(5), 0U);
+    ReportRemoved(watched, deviceOfLook(1));
+    ReportRemoved(watched, deviceOfLook(4));
+    EXPECT_NE(deviceOfLook(5), 0U);
     watched.Close();
-    EXPECT_EQ(looks, 5) << "no look for a device that is there";
+    EXPECT_NE(deviceOfLook(5), 0U) << "no look for a device that is there";
 }
 
 TEST_F(SdlSoundTest, ADriverThatHangsIsLeftBehind) {
@@ -158,7 +164,7 @@ TEST_F(SdlSoundTest, ADriverThatHangsIsLeftBehind) {
     release.set_value();
 }
 
-TEST(QuietStartTest, TheSourceIsNotAskedBeforeTheSilenceIsOver) {
+TEST(QuietStartTest, TheSourceIsSilentUntilTheQuietTimeIsOver) {
     class Loud final : public SoundSource {
       public:
         void Render(std::span<std::int16_t> samples) override { std::ranges::fill(samples, 9); }
@@ -170,7 +176,7 @@ TEST(QuietStartTest, TheSourceIsNotAskedBeforeTheSilenceIsOver) {
     }
 }
 
-/// Stands for the device, but asks without a pause between two buffers.
+/// The second thread stands for the device, but asks without a pause between two buffers.
 TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
     Mixer mixer;
     const std::shared_ptr<MusicStream> music[] = {OpenModule(MakeXm({})),
@@ -187,26 +193,14 @@ TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
     bool sounded = false;
     for (std::uint32_t channel = 1; !ended || channel < 1000; ++channel) {
         const auto& stream = music[random() % 2];
-        switch (random() % 6) {
-            case 0:
-                mixer.StartMusic(stream, static_cast<int>(random() % 60));
-                break;
-            case 1:
-                mixer.PauseMusic(*stream);
-                break;
-            case 2:
-                mixer.ResumeMusic(*stream);
-                break;
-            case 3:
-                mixer.StopMusic(*stream);
-                break;
-            case 4:
-                mixer.StopSample(*click);
-                break;
-            default:
-                mixer.PlaySample(click, channel, 3);
-                sounded = sounded || mixer.IsChannelSounding(channel);
-        }
+        const auto call = random() % 6;
+        if (call == 0) mixer.StartMusic(stream, static_cast<int>(random() % 60));
+        if (call == 1) mixer.PauseMusic(*stream);
+        if (call == 2) mixer.ResumeMusic(*stream);
+        if (call == 3) mixer.StopMusic(*stream);
+        if (call == 4) mixer.StopSample(*click);
+        if (call == 5) mixer.PlaySample(click, channel, 3);
+        sounded = sounded || mixer.IsChannelSounding(channel);
         std::this_thread::yield();
     }
     device.join();
