@@ -1,7 +1,5 @@
 #include <cstdlib>
-#include <initializer_list>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "app/state/process_state.h"
@@ -38,76 +36,84 @@ class InputTest : public ProgramFixture {
         Frame();
     }
 
-    static bool GameShows() { return !menuShowing && !highScoresShowing; }
+    std::string Shows() const {
+        if (!IsRunning()) return "the end";
+        if (highScoresShowing) return "scores";
+        if (!menuShowing) return "game";
+        if (theMenuScreen->IsKeyConfigView()) return "keys";
+        return Text(110, 116, 7, 16) == "KORVANE" ? "credits" : "menu";
+    }
 };
 
-// Presses. ---------------------------------------------------------------------------------------
-
 TEST_F(InputTest, APressedButtonIsSeenForAWhileBeforeItActs) {
+    struct Case {
+        POINT button;
+        const char* picture;
+        const char* leadsTo;
+        std::vector<std::uint16_t> leave = {};  ///< commands to the next case's view
+    };
+    const POINT kCreditsBack{280, 445};
+    const POINT kKeysBack{190, 450};
+    const std::vector<std::uint16_t> kToScores = {kCmdGotoMenu, kCmdHighScores};
+    // All twice: a button has let go of its pressed look by the second time.
+    const Case kCases[] = {
+        {kKeysButton, "menu/confbutt", "keys"},
+        {kKeysBack, "menu/backbutt", "menu"},
+        {kKeysButton, "menu/confbutt", "keys"},
+        {kKeysBack, "menu/backbutt", "menu"},
+        {kAboutButton, "menu/aboutbutt", "credits"},
+        {kCreditsBack, "menu/backbutt", "menu"},
+        {kAboutButton, "menu/aboutbutt", "credits"},
+        {kCreditsBack, "menu/backbutt", "menu"},
+        {kStartButton, "menu/startbutt", "game", {kCmdGotoMenu}},
+        {kStartButton, "menu/startbutt", "game", kToScores},
+        {kPlayButton, "HighScore/playButt", "game", kToScores},
+        {kPlayButton, "HighScore/playButt", "game", kToScores},
+        {kMenuButton, "HighScore/menubutt", "menu", {kCmdHighScores}},
+        {kMenuButton, "HighScore/menubutt", "menu"},
+        {kQuitButton, "menu/quitbutt", "the end"},
+    };
+    theSettings.players = 2;
     Start();
-    ClickAt(kStartButton);
-    Run(150);
-    EXPECT_EQ(Seen(kStartButton.x, kStartButton.y), "menu/startbutt 1");
-    SendMessage(mainWindow, WM_TIMER, 4, 0);
-    EXPECT_TRUE(menuShowing) << "another timer is nobody's";
-    Run(80);
-    EXPECT_TRUE(GameShows());
-    EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::Start));
-    EXPECT_EQ(pendingClick, kMenuStart) << "kept, but its timer is gone";
-    Command(kCmdGotoMenu);
-    Run(1000);
-    EXPECT_TRUE(menuShowing);
+    for (const Case& c : kCases) {
+        SCOPED_TRACE(testing::Message() << c.button.x << ", " << c.button.y);
+        EXPECT_EQ(Seen(c.button.x, c.button.y), std::string(c.picture) + " 0");
+        const std::string before = Shows();
+        ClickAt(c.button);
+        SendMessage(mainWindow, WM_TIMER, 4, 0);  // a timer of nobody's
+        Run(150);
+        EXPECT_EQ(Seen(c.button.x, c.button.y), std::string(c.picture) + " 1");
+        EXPECT_EQ(Shows(), before);
+        Run(80);
+        EXPECT_EQ(Shows(), c.leadsTo);
+        Run(1000);
+        EXPECT_EQ(Shows(), c.leadsTo) << "once";
+        for (const std::uint16_t command : c.leave)
+            Command(command);
+        Frame();
+    }
+    EXPECT_EQ(currentDisplay, nullptr);
 }
 
 TEST_F(InputTest, ALaterPressReplacesTheOneThatWaits) {
     struct Case {
         const char* what;
         POINT later;
-        bool starts, credits;
+        const char* shows;
     };
-    for (const Case& c :
-         {Case{"nowhere", kNowhere, false, false}, Case{"a switch", {280, 350}, false, false},
-          Case{"another delayed button", kAboutButton, false, true},
-          Case{"the same again", kStartButton, true, false}}) {
+    for (const Case& c : {Case{"nowhere", kNowhere, "menu"}, Case{"a switch", {280, 350}, "menu"},
+                          Case{"another delayed button", kAboutButton, "credits"},
+                          Case{"the same again", kStartButton, "game"}}) {
         SCOPED_TRACE(c.what);
         Start();
         ClickAt(kStartButton);
         Run(100);
         ClickAt(c.later);
         Run(2 * kPressedLookPassed);
-        EXPECT_EQ(GameShows(), c.starts);
-        EXPECT_EQ(Text(110, 116, 7, 16) == "KORVANE", c.credits);
+        EXPECT_EQ(Shows(), c.shows);
         End();
         menuShowing = true;
     }
-}
-
-TEST_F(InputTest, QuitEndsTheProgramAfterItsLook) {
-    Start();
-    ClickAt(kQuitButton);
-    Run(150);
-    EXPECT_TRUE(IsRunning());
-    Run(100);
-    EXPECT_FALSE(IsRunning());
-    EXPECT_EQ(theMenuScreen, nullptr);
-    EXPECT_EQ(currentDisplay, nullptr);
-}
-
-TEST_F(InputTest, ViewsOpenAndCloseWithTheirButtons) {
-    Start();
-    ClickAt(kKeysButton);
-    Run(kPressedLookPassed);
-    EXPECT_TRUE(theMenuScreen->IsKeyConfigView());
-    Click(190, 450);
-    Run(kPressedLookPassed);
-    EXPECT_FALSE(theMenuScreen->IsKeyConfigView());
-    ClickAt(kAboutButton);
-    Run(kPressedLookPassed);
-    EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::About));
-    Click(280, 445);
-    Run(kPressedLookPassed);
-    Frame();
-    EXPECT_EQ(Seen(kAboutButton.x, kAboutButton.y), "menu/aboutbutt 0");
 }
 
 TEST_F(InputTest, AnyOtherNumberOfPlayersStartsNothing) {
@@ -119,35 +125,32 @@ TEST_F(InputTest, AnyOtherNumberOfPlayersStartsNothing) {
     EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::Start)) << "it is let go all the same";
 }
 
-TEST_F(InputTest, TheHighScoresLeadToTheMenuAndToAnotherGame) {
-    theSettings.players = 2;
-    Start();
-    ShowScores();
-    ClickAt(kPlayButton);
-    Frame();
-    EXPECT_EQ(Seen(kPlayButton.x, kPlayButton.y), "HighScore/playButt 1");
-    Run(kPressedLookPassed);
-    EXPECT_TRUE(GameShows() && rightPlayer->IsRunning() && leftPlayer->IsRunning());
-    Command(kCmdGotoMenu);
-    ShowScores();
-    EXPECT_EQ(Seen(kPlayButton.x, kPlayButton.y), "HighScore/playButt 0");
-    ClickAt(kMenuButton);
-    Run(kPressedLookPassed);
-    EXPECT_TRUE(menuShowing);
-    EXPECT_FALSE(highScoresShowing);
-}
-
-TEST_F(InputTest, LeavingTheHighScoresResetsThePlayersOfTheMatch) {
-    for (const int players : {1, 2}) {
-        theSettings.players = static_cast<std::uint8_t>(players);
+TEST_F(InputTest, WinsLastUntilAMatchBeginsOrTheirPlayerIsReset) {
+    struct Case {
+        const char* what;
+        std::uint8_t players;
+        std::uint16_t first, second;  ///< commands
+        POINT press;
+        int rightWins, leftWins;
+    };
+    for (const Case& c : {Case{"Start", 2, 0, 0, kStartButton, 0, 0},
+                          {"Start for one", 1, 0, 0, kStartButton, 1, 1},
+                          {"Play again", 2, kCmdHighScores, 0, kPlayButton, 0, 0},
+                          {"to the menu after one", 1, kCmdHighScores, 0, kMenuButton, 0, 1},
+                          {"to the menu after two", 2, kCmdHighScores, 0, kMenuButton, 1, 0},
+                          {"New Game", 2, kCmdNewGame, 0, kNowhere, 1, 1},
+                          {"Goto menu", 2, kCmdNewGame, kCmdGotoMenu, kNowhere, 0, 0}}) {
+        theSettings.players = c.players;
         Start();
         rightPlayer->DeclareWinner();
         leftPlayer->DeclareWinner();
-        ShowScores();
-        ClickAt(kMenuButton);
+        for (const std::uint16_t command : {c.first, c.second})
+            Command(command);
+        Frame();
+        ClickAt(c.press);
         Run(kPressedLookPassed);
-        EXPECT_EQ(rightPlayer->Wins(), players == 1 ? 0 : 1);
-        EXPECT_EQ(leftPlayer->Wins(), players == 1 ? 1 : 0);
+        EXPECT_EQ(rightPlayer->Wins(), c.rightWins) << c.what;
+        EXPECT_EQ(leftPlayer->Wins(), c.leftWins) << c.what;
         End();
         menuShowing = true;
     }
@@ -161,7 +164,7 @@ TEST_F(InputTest, DuringAGamePressesDoNothing) {
         ClickAt(point);
     Run(1000);
     EXPECT_EQ(pendingClick, 77);
-    EXPECT_TRUE(GameShows());
+    EXPECT_EQ(Shows(), "game");
 }
 
 TEST_F(InputTest, PressesCountFromInsideTheFrame) {
@@ -182,8 +185,6 @@ TEST_F(InputTest, PressesCountFromInsideTheFrame) {
         EXPECT_EQ(pendingClick, c.click) << c.windowed << ", " << c.x << ", " << c.y;
     }
 }
-
-// Keys. ------------------------------------------------------------------------------------------
 
 TEST_F(InputTest, APauseKeyIsItsOwnersButInBattleBoths) {
     struct Case {
@@ -230,7 +231,7 @@ TEST_F(InputTest, ASlotThatWaitsTakesKeysDuringAGameToo) {
     theMenuScreen->ToggleKeyConfigView();
     Click(340, 110);
     Press(VK_F3);
-    ASSERT_TRUE(GameShows());
+    ASSERT_EQ(Shows(), "game");
     Press('P');
     EXPECT_TRUE(rightPlayer->IsPaused()) << "a pause key goes no further";
     EXPECT_FALSE(theMenuScreen->IsEnabled(MenuButton::Reset));
@@ -252,43 +253,31 @@ TEST_F(InputTest, ActivationAndDeactivationPauseGames) {
     EXPECT_FALSE(leftPlayer->IsPaused());
 }
 
-// The end of a match. ----------------------------------------------------------------------------
-
-TEST_F(InputTest, GoodResultsAreNamedTheBetterOneFirstAndKept) {
+TEST_F(InputTest, NamesAreTypedOneAfterTheOtherAndKept) {
     folder.Write("data/hs.dat", std::vector<std::byte>(260));  // every result reaches this table
     Start();
     Command(kCmdNewGame);
     EndGame(*leftPlayer, 1);
     EndGame(*rightPlayer, 5);
-    const int scores[] = {rightPlayer->Score(), leftPlayer->Score()};
-    ASSERT_GT(scores[0], scores[1]);
     Frame();
     Frame();
-    ASSERT_TRUE(highScoresShowing && rightPlayer->HighScoreEntered());
-    EXPECT_FALSE(leftPlayer->HighScoreEntered());
     ClickAt(kMenuButton);
     EXPECT_EQ(pendingClick, kHighScoreNothing);
-    for (const std::uint8_t key : std::initializer_list<std::uint8_t>{'W', 'A', 'P', VK_HOME})
-        Press(key);
+    for (const char key : std::string("WAP\x24\r"))  // Home, Enter
+        Press(static_cast<std::uint8_t>(key));
     EXPECT_FALSE(nextFigureCheat) << "every key is for the name";
-    Press(VK_RETURN);
     Frame();
-    EXPECT_FALSE(rightPlayer->HighScoreEntered());
-    ASSERT_TRUE(leftPlayer->HighScoreEntered());
     Press('L');
     Press(VK_RETURN);
     Frame();
-    const HighScoreTable& table = theHighScoreScreen->Table();
-    EXPECT_EQ(table.Row(0).Name().substr(0, 4), "WAP ");
-    EXPECT_EQ(table.Row(1).Name().substr(0, 2), "L ");
-    EXPECT_EQ(table.Row(0).score, scores[0]);
-    EXPECT_EQ(table.Row(1).score, scores[1]);
-    EXPECT_EQ(table.Row(2).score, 0) << "each taken in once";
+    EXPECT_EQ(theHighScoreScreen->Table().Row(0).Name().substr(0, 4), "WAP ");
+    EXPECT_EQ(theHighScoreScreen->Table().Row(1).Name().substr(0, 2), "L ");
+    const int score = rightPlayer->Score();
     End();
     const std::vector<std::byte> file = folder.Read("data/hs.dat");
     ASSERT_EQ(file.size(), 260U);
     EXPECT_EQ(file[0], std::byte{'W'});
-    EXPECT_EQ(file[22], static_cast<std::byte>(scores[0]));
+    EXPECT_EQ(file[22], static_cast<std::byte>(score));
 }
 
 TEST_F(InputTest, ARefusedResultKeepsTheOtherOutAndTheTableAsItWas) {

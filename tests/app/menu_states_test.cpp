@@ -1,46 +1,27 @@
 #include "app/menu_states.h"
 
-#include <gtest/gtest.h>
-
 #include <set>
-#include <vector>
+#include <utility>
 
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
 #include "game/frame/game_frame.h"
-#include "platform/headless/headless_host.h"
 #include "res/menu.h"
+#include "tests/support/program_fixture.h"
 
 namespace korvane {
 namespace {
 
 using Commands = std::set<std::uint16_t>;
 
-class MenuStatesTest : public testing::Test {
+class MenuStatesTest : public ProgramFixture {
   protected:
-    void SetUp() override {
-        Headless().Reset();
-        theSettings.SetDefaults();
-        menuShowing = true;
-        showFps = false;
-        audioReady = true;
-        rightPlayer = std::make_unique<Player>(Side::Right);
-        leftPlayer = std::make_unique<Player>(Side::Left);
-    }
-    void TearDown() override {
-        rightPlayer.reset();
-        leftPlayer.reset();
-        menuShowing = true;
-        showFps = audioReady = false;
-        theSettings.SetDefaults();
-    }
-
-    /// The commands of the items that are greyed (checked) after all were `before_`.
-    Commands Items(bool MenuItem::*state) {
+    /// The commands of the items that are greyed (checked) after all were so, or none.
+    static Commands Items(bool MenuItem::*state, bool before = false) {
         Menu menu(kWindowMenu);
         for (MenuPopup& popup : menu.popups)
             for (MenuItem& item : popup.items)
-                item.checked = item.greyed = before_;
+                item.checked = item.greyed = before;
         SetMenuStates(&menu);
         Commands commands;
         for (const MenuPopup& popup : menu.popups)
@@ -48,8 +29,6 @@ class MenuStatesTest : public testing::Test {
                 if (!item.IsSeparator() && item.*state) commands.insert(item.command);
         return commands;
     }
-
-    bool before_ = false;
 };
 
 constexpr std::uint16_t kLeftGame[] = {kCmdLeftEasy, kCmdLeftMedium, kCmdLeftHard,
@@ -77,6 +56,7 @@ TEST_F(MenuStatesTest, GreysWhatCannotBeChosenNow) {
         {2, false, true, true, true, true, true, false},
         {7, true, true, false, false, true, false, false},
     };
+    Start();
     for (const Case& c : cases) {
         theSettings.players = static_cast<std::uint8_t>(c.players);
         menuShowing = c.menu;
@@ -89,21 +69,20 @@ TEST_F(MenuStatesTest, GreysWhatCannotBeChosenNow) {
         if (c.leftGame) greyed.insert(std::begin(kLeftGame), std::end(kLeftGame));
         if (c.leftClockwise) greyed.insert(kCmdLeftClockwise);
         EXPECT_EQ(Items(&MenuItem::greyed), greyed) << c.players << c.menu << c.leftJoined;
+        for (const auto& [command, greyedIt] : {std::pair{kCmdBattle, c.battle},
+                                                {kCmdRightEasy, c.rightGame},
+                                                {kCmdLeftClockwise, c.leftClockwise}})
+            EXPECT_EQ(Items(&MenuItem::greyed, true).contains(command), greyedIt) << "ungreyed";
     }
-    theSettings.fullscreenBpp = 0;
-    EXPECT_TRUE(Items(&MenuItem::greyed).contains(kCmdToggleFullScreen));
-    before_ = true;
-    theSettings.fullscreenBpp = 16;
-    EXPECT_FALSE(Items(&MenuItem::greyed).contains(kCmdToggleFullScreen));
+    for (const bool has : {false, true}) {
+        theSettings.fullscreenBpp = has ? 16 : 0;
+        audioReady = has;
+        for (const std::uint16_t command : {kCmdToggleFullScreen, kCmdMusic, kCmdSoundEffects})
+            EXPECT_EQ(Items(&MenuItem::greyed, has).contains(command), !has) << command;
+    }
     rightPlayer.reset();
     leftPlayer.reset();
-    EXPECT_FALSE(Items(&MenuItem::greyed).contains(kCmdRightEasy));
-    for (const std::uint16_t sound : {kCmdMusic, kCmdSoundEffects}) {
-        audioReady = true;
-        EXPECT_FALSE(Items(&MenuItem::greyed).contains(sound));
-        audioReady = false;
-        EXPECT_TRUE(Items(&MenuItem::greyed).contains(sound));
-    }
+    EXPECT_FALSE(Items(&MenuItem::greyed, true).contains(kCmdRightEasy)) << "before they exist";
 }
 
 TEST_F(MenuStatesTest, ChecksWhatIsChosen) {
@@ -120,8 +99,7 @@ TEST_F(MenuStatesTest, ChecksWhatIsChosen) {
     theSettings.SetDefaults();
     theSettings.difficulty = {9, -1};
     showFps = false;
-    before_ = true;
-    const Commands checked = Items(&MenuItem::checked);
+    const Commands checked = Items(&MenuItem::checked, true);
     for (const std::uint16_t command :
          {kCmdTwoPlayers, kCmdBattle, kCmdShowFps, kCmdRightEasy, kCmdRightMedium, kCmdRightHard,
           kCmdRightClockwise, kCmdLeftEasy, kCmdLeftHard, kCmdLeftTimeBased})

@@ -91,10 +91,33 @@ TEST_F(SurfaceTest, KeyColoursWorkAtEveryDepth) {
         ASSERT_EQ(currentDisplay->OpenFullScreen(window, 640, 480, depth, 0), S_OK);
         const Surface surface("x.bmp");
         Clear();
-        EXPECT_EQ(surface.Draw(0, 0, 0, 0, 0, 0, DDBLTFAST_SRCCOLORKEY), S_OK);
+        EXPECT_EQ(surface.DrawKeyed({0, 0}), S_OK);
         EXPECT_EQ(Shown(0, 0), 0u) << depth;
         EXPECT_EQ(Shown(1, 0), 0xFFFFFFu) << depth;
     }
+}
+
+TEST_F(SurfaceTest, AButtonIsHitInsideItsFrameWhileItIsEnabled) {
+    folder.Write("Skins/Original/x.bmp", Flat(20, 12, kRed));
+    Button button("x.bmp", 100, 50);
+    struct Case {
+        int x, y;
+        bool hit;
+    };
+    for (const bool enabled : {true, false}) {
+        button.SetEnabled(enabled);
+        for (const Case& c : {Case{101, 51, true}, Case{109, 61, true}, Case{100, 51, false},
+                              Case{110, 51, false}, Case{101, 50, false}, Case{101, 62, false}}) {
+            button.SetSelected(false);
+            EXPECT_EQ(button.HitTest(c.x, c.y, /*toggle=*/false), enabled && c.hit);
+            EXPECT_FALSE(button.IsSelected());
+            EXPECT_EQ(button.HitTest(c.x, c.y, /*toggle=*/true), enabled && c.hit);
+            EXPECT_EQ(button.IsSelected(), enabled && c.hit) << c.x << ", " << c.y;
+        }
+    }
+    Clear();
+    button.Draw();
+    EXPECT_EQ(Shown(101, 51), 0u) << "disabled, and no picture for that";
 }
 
 }  // namespace

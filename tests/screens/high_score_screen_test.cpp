@@ -2,7 +2,6 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "app/state/process_state.h"
 #include "platform/base/virtual_keys.h"
@@ -84,9 +83,7 @@ TEST_F(HighScoreScreenTest, TheButtonsWaitForTheNameToBeTyped) {
         EXPECT_EQ(theHighScoreScreen->ClickHighScore(x, 440), kHighScoreNothing);
     Type(std::string(1, kEnter));
     Frame();
-    for (const auto& [x, y] :
-         {std::pair{208, 445}, {208 + 116, 445}, {215, 439}, {215, 475}, {326, 445}})
-        EXPECT_EQ(theHighScoreScreen->ClickHighScore(x, y), kHighScoreNothing) << x << ", " << y;
+    EXPECT_EQ(theHighScoreScreen->ClickHighScore(326, 445), kHighScoreNothing) << "between them";
     EXPECT_EQ(theHighScoreScreen->ClickHighScore(208 + 115, 439 + 35), kHighScoreToMenu);
 }
 

@@ -2,13 +2,18 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <utility>
+#include <string>
+#include <tuple>
+#include <vector>
 
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
+#include "game/frame/game_frame.h"
 #include "game/rules/key_bindings.h"
+#include "game/rules/random.h"
 #include "platform/base/virtual_keys.h"
 #include "platform/headless/headless_host.h"
+#include "res/commands.h"
 #include "tests/support/program_fixture.h"
 #include "tests/support/shown_box.h"
 
@@ -17,56 +22,8 @@ namespace {
 
 using enum MenuButton;
 
-struct Place {
-    MenuButton button;
-    MenuAction action;
-    const char* picture;
-    int x, y, width, height;
-    bool needsTwoPlayers = false;
-    bool isPressed = false;  ///< a hit flips its look
-};
-
-// The main view for two players with audio, in which every button is in use.
-const Place kMainView[] = {
-    {OnePlayer, kMenuOnePlayer, "menu/1playerbutt", 156, 143, 118, 36},
-    {TwoPlayers, kMenuTwoPlayers, "menu/2playerbutt", 156, 183, 118, 36},
-    {ConfigureKeys, kMenuConfigureKeys, "menu/confbutt", 156, 223, 118, 36, false, true},
-    {Music, kMenuMusic, "menu/musicbutt", 156, 263, 118, 36},
-    {SoundEffects, kMenuSoundEffects, "menu/sfxbutt", 156, 303, 118, 36},
-    {About, kMenuCredits, "menu/aboutbutt", 156, 343, 118, 36, false, true},
-    {MenuButton::Start, kMenuStart, "menu/startbutt", 156, 403, 118, 36, false, true},
-    {Quit, kMenuQuit, "menu/quitbutt", 278, 403, 118, 36, false, true},
-    {Quakes, kMenuQuakes, "menu/quakebutt", 278, 343, 118, 36},
-    {Battle, kMenuBattle, "menu/battlebutt", 400, 343, 118, 36, true},
-    {RightEasy, kMenuRightEasy, "menu/easybutt", 391, 140, 109, 32},
-    {RightMedium, kMenuRightMedium, "menu/mediumbutt", 391, 174, 109, 32},
-    {RightHard, kMenuRightHard, "menu/hardbutt", 391, 208, 109, 32},
-    {LeftEasy, kMenuLeftEasy, "menu/easybutt", 278, 140, 109, 32, true},
-    {LeftMedium, kMenuLeftMedium, "menu/mediumbutt", 278, 174, 109, 32, true},
-    {LeftHard, kMenuLeftHard, "menu/hardbutt", 278, 208, 109, 32, true},
-    {RightCounterClockwise, kMenuRightCounterClockwise, "menu/ccwrotbutt", 391, 259, 44, 32},
-    {RightClockwise, kMenuRightClockwise, "menu/cwrotbutt", 437, 259, 44, 32},
-    {LeftCounterClockwise, kMenuLeftCounterClockwise, "menu/ccwrotbutt", 278, 259, 44, 32, true},
-    {LeftClockwise, kMenuLeftClockwise, "menu/cwrotbutt", 324, 259, 44, 32, true},
-    {RightTime, kMenuRightTime, "menu/timebutt", 391, 293, 109, 32},
-    {LeftTime, kMenuLeftTime, "menu/timebutt", 278, 293, 109, 32, true},
-};
-static_assert(std::size(kMainView) == static_cast<std::size_t>(CreditsBack));
-
 class MenuScreenTest : public ProgramFixture {
   protected:
-    /// With every button of the main view in use.
-    void StartWithEverything() {
-        theSettings.players = 2;
-        Start();
-        audioReady = true;
-        Frame();
-    }
-
-    static MenuAction At(const Place& place, int dx, int dy) {
-        return theMenuScreen->Click(place.x + dx, place.y + dy);
-    }
-
     static void ExpectSelected(std::initializer_list<MenuButton> selected) {
         for (int i = 0; i < static_cast<int>(Count); ++i) {
             const auto button = static_cast<MenuButton>(i);
@@ -76,30 +33,21 @@ class MenuScreenTest : public ProgramFixture {
     }
 };
 
-TEST_F(MenuScreenTest, AButtonIsHitInsideItsFrameAndNotOnItsBorder) {
-    StartWithEverything();
-    for (const Place& place : kMainView) {
-        SCOPED_TRACE(place.picture);
-        const int w = place.width;
-        const int h = place.height;
-        for (const auto& [dx, dy] : {std::pair{0, 1}, {w, 1}, {1, 0}, {1, h}, {0, 0}, {w, h}})
-            EXPECT_EQ(At(place, dx, dy), kMenuNothing) << dx << ", " << dy;
-        const bool before = theMenuScreen->IsSelected(place.button);
-        EXPECT_EQ(At(place, 1, 1), place.action);
-        EXPECT_EQ(theMenuScreen->IsSelected(place.button), before != place.isPressed);
-        EXPECT_EQ(At(place, w - 1, h - 1), place.action);
-        EXPECT_EQ(theMenuScreen->IsSelected(place.button), before);
-    }
-}
-
-TEST_F(MenuScreenTest, WhatOnePlayerDoesNotNeedIsOutOfUse) {
+TEST_F(MenuScreenTest, OnePlayerHasNoUseForTheLeftColumnAndBattle) {
     Start();
-    audioReady = true;
-    Frame();
-    for (const Place& place : kMainView) {
-        EXPECT_EQ(theMenuScreen->IsEnabled(place.button), !place.needsTwoPlayers) << place.picture;
-        const MenuAction want = place.needsTwoPlayers ? kMenuNothing : place.action;
-        EXPECT_EQ(At(place, 5, 5), want) << place.picture;
+    for (const bool two : {false, true}) {
+        if (two) theMenuScreen->SelectTwoPlayers();
+        for (const auto& [x, y, action] : {std::tuple{280, 150, kMenuLeftEasy},
+                                           {280, 180, kMenuLeftMedium},
+                                           {280, 210, kMenuLeftHard},
+                                           {280, 265, kMenuLeftCounterClockwise},
+                                           {330, 265, kMenuLeftClockwise},
+                                           {280, 300, kMenuLeftTime},
+                                           {410, 350, kMenuBattle}}) {
+            EXPECT_EQ(theMenuScreen->Click(x, y), two ? action : kMenuNothing) << x << ", " << y;
+            Frame();
+            EXPECT_EQ(Seen(x, y).find("2 ") != std::string::npos, !two) << "the look of no use";
+        }
     }
 }
 
@@ -127,6 +75,30 @@ TEST_F(MenuScreenTest, NonsenseInTheSettingsGivesOnePlayerAndNoDifficulty) {
         {OnePlayer, RightCounterClockwise, LeftCounterClockwise, Music, SoundEffects, Quakes});
     EXPECT_FALSE(theMenuScreen->IsEnabled(LeftEasy));
     EXPECT_EQ(theMenuScreen->PlayersFromButtons(), 1);
+}
+
+TEST_F(MenuScreenTest, ADifficultyOutOfRangeIsPlayedAsTheNearest) {
+    std::vector<std::string> games;
+    for (const int difficulty : {7, 2, -1, 0}) {
+        SetUp();
+        theSettings.difficulty = {difficulty, difficulty};
+        Start();
+        SeedRandom(1);  // garbage comes before the game seeds anew
+        Command(kCmdNewGame);
+        Run(5000);
+        std::string game;
+        for (const Player* player : BothPlayers()) {
+            game += std::to_string(player->CurrentFigure()->Row()) + ":";
+            for (int row = 0; row < kBoardRows; ++row)
+                for (int column = 0; column < kBoardColumns; ++column)
+                    game += static_cast<char>('0' + player->GameBoard().At(row, column));
+        }
+        games.push_back(game);
+        End();
+    }
+    EXPECT_EQ(games[0], games[1]);
+    EXPECT_EQ(games[2], games[3]);
+    EXPECT_NE(games[1], games[3]);
 }
 
 TEST_F(MenuScreenTest, OnePlayerEndsBattleForGood) {

@@ -6,9 +6,10 @@
 #include "audio/music_player.h"
 #include "game/frame/game_frame.h"
 #include "game/rules/key_bindings.h"
+#include "game/rules/level_table.h"
 #include "platform/headless/headless_host.h"
-#include "tests/support/flat_skin.h"
 #include "tests/support/test_audio.h"
+#include "tests/support/test_skin.h"
 
 namespace korvane {
 namespace {
@@ -31,10 +32,11 @@ void ProgramFixture::SetUp() {
     theSettings.scrollingPieces = false;
     theSettings.dropDelayMs = 0;
     keyBindings.ResetToDefaults();
+    theLevelTable.SetDefaults();
     theMusic = MusicPlayer();
     theMatch = {};
     menuShowing = true;
-    highScoresShowing = audioReady = appActive = false;
+    highScoresShowing = showFps = audioReady = appActive = false;
     pendingClick = -1;
 }
 
@@ -85,7 +87,7 @@ void ProgramFixture::Command(std::uint16_t id) {
 }
 
 std::string ProgramFixture::Seen(int x, int y) {
-    return FlatPictureOf(Headless().PixelAt(x, y + MenuBarRows()));
+    return FlatCellOf(Headless().PixelAt(x, y + MenuBarRows()));
 }
 
 std::string ProgramFixture::Text(int x, int y, int length, int advance) {

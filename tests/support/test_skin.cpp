@@ -1,9 +1,11 @@
 #include "tests/support/test_skin.h"
 
 #include <array>
-#include <cstdint>
 #include <functional>
+#include <sstream>
+#include <vector>
 
+#include "platform/base/types.h"
 #include "tests/support/bmp_writer.h"
 
 namespace korvane {
@@ -54,6 +56,16 @@ std::uint32_t Bars(int x, int /*y*/) {
     return x % 8 == 7 ? kTestKeys[1] : Tile(x / 8 * kCell + 8, 8);
 }
 
+void Write(const TemporaryFolder& folder, const std::string& skin, const std::string& name,
+           SIZE size, const Paint& paint) {
+    folder.Write("Skins/" + skin + "/" + name + ".bmp",
+                 MakeBmp({.width = size.cx, .height = size.cy, .pixel = paint}));
+}
+
+void WriteColorKeys(const TemporaryFolder& folder, const std::string& skin) {
+    Write(folder, skin, "colorkey", {3, 1}, [](int x, int) { return kTestKeys[x]; });
+}
+
 struct TestPicture {
     const char* name;
     int width;
@@ -65,38 +77,99 @@ std::vector<TestPicture> Pictures() {
     const auto key0 = kTestKeys[0];
     const auto key1 = kTestKeys[1];
     return {
-        {"Background.bmp", 64, 64,
-         [](int x, int y) { return (x ^ y) & 32 ? 0x101830u : 0x142040u; }},
-        {"Letters.bmp", 416, 16, Glyphs('A')},
-        {"Numbers.bmp", 272, 16, Glyphs('0')},
-        {"Game/Background.bmp", 100, 90,
+        {"Background", 64, 64, [](int x, int y) { return (x ^ y) & 32 ? 0x101830u : 0x142040u; }},
+        {"Letters", 416, 16, Glyphs('A')},
+        {"Numbers", 272, 16, Glyphs('0')},
+        {"Game/Background", 100, 90,
          [](int x, int y) { return static_cast<std::uint32_t>((x / 10 + y / 10) % 2 * 0x080810); }},
-        {"Game/previewframe.bmp", 82, 60, Frame(82, 60, 0xA0A0A0, key0)},
-        {"Game/playboard.bmp", 218, 372, Frame(218, 372, 0x5B6B8C, key0)},
-        {"Game/gameover.bmp", 142, 48, Plate(142, 48, 0x702020, key1)},
-        {"Game/winner.bmp", 150, 64, Plate(150, 64, 0x207020, key1)},
-        {"Game/looser.bmp", 90, 48, Plate(90, 48, 0x702060, key1)},
-        {"Game/pause.bmp", 80, 48, Plate(80, 48, 0x202070, key1)},
-        {"Game/blocks.bmp", 128, 16, Tile},
-        {"Game/join1.bmp", 150, 64, Plate(150, 64, 0x404080, key1)},
-        {"Game/join2.bmp", 141, 64, Plate(141, 64, 0x408040, key1)},
-        {"Game/battleagain.bmp", 599, 46, Plate(599, 46, 0x806020, key1)},
-        {"Game/statistics.bmp", 56, 20, Bars},
-        {"Game/statisticsframe.bmp", 82, 66, Frame(82, 66, 0x809090, key0)},
+        {"Game/previewframe", 82, 60, Frame(82, 60, 0xA0A0A0, key0)},
+        {"Game/playboard", 218, 372, Frame(218, 372, 0x5B6B8C, key0)},
+        {"Game/gameover", 142, 48, Plate(142, 48, 0x702020, key1)},
+        {"Game/winner", 150, 64, Plate(150, 64, 0x207020, key1)},
+        {"Game/looser", 90, 48, Plate(90, 48, 0x702060, key1)},
+        {"Game/pause", 80, 48, Plate(80, 48, 0x202070, key1)},
+        {"Game/blocks", 128, 16, Tile},
+        {"Game/join1", 150, 64, Plate(150, 64, 0x404080, key1)},
+        {"Game/join2", 141, 64, Plate(141, 64, 0x408040, key1)},
+        {"Game/battleagain", 599, 46, Plate(599, 46, 0x806020, key1)},
+        {"Game/statistics", 56, 20, Bars},
+        {"Game/statisticsframe", 82, 66, Frame(82, 66, 0x809090, key0)},
     };
+}
+
+/// Pictures with the same cells.
+struct FlatPictures {
+    SIZE cell;
+    int cells;
+    const char* names;
+};
+
+constexpr FlatPictures kFlatPictures[] = {
+    {{64, 64}, 1, "Background"},
+    {{16, 16}, 26, "Letters"},
+    {{16, 16}, 17, "Numbers"},
+    {{624, 100}, 1, "menu/logo"},
+    {{109, 12}, 1, "menu/LeftPlayer menu/RightPlayer"},
+    {{118, 36}, 2, "menu/1playerbutt menu/2playerbutt"},
+    {{109, 32},
+     2,
+     "menu/easybutt menu/easybutt2 menu/mediumbutt menu/mediumbutt2 menu/hardbutt menu/hardbutt2 "
+     "menu/timebutt menu/timebutt2"},
+    {{44, 32}, 2, "menu/ccwrotbutt menu/ccwrotbutt2 menu/cwrotbutt menu/cwrotbutt2"},
+    {{118, 36},
+     2,
+     "menu/battlebutt menu/battlebutt2 menu/quakebutt menu/musicbutt menu/musicbutt2 menu/sfxbutt "
+     "menu/sfxbutt2 menu/confbutt menu/startbutt menu/quitbutt menu/aboutbutt menu/backbutt "
+     "menu/backbutt2 menu/resetbutt menu/resetbutt2"},
+    {{65, 64}, 2, "KeyConfig/keybuttongrey"},
+    {{29, 44}, 20, "KeyConfig/alpha1"},
+    {{29, 44}, 6, "KeyConfig/alpha2"},
+    {{29, 44}, 20, "KeyConfig/keys1 KeyConfig/keys2"},
+    {{532, 100}, 1, "HighScore/highscore"},
+    {{16, 18}, 1, "HighScore/cursor"},
+    {{116, 36}, 2, "HighScore/menubutt HighScore/menuButt2 HighScore/playButt HighScore/playButt2"},
+};
+
+/// The colour of a flat cell is 0x40PPCC with the numbers of picture and cell. The key colours have
+/// another first byte.
+constexpr std::uint32_t kMark = 0x400000;
+
+/// Calls `visit` with every flat picture's number, name and cells.
+template <typename Visit>
+void VisitFlatPictures(Visit visit) {
+    std::uint32_t number = 0;
+    for (const FlatPictures& pictures : kFlatPictures) {
+        std::istringstream names(pictures.names);
+        for (std::string name; names >> name; ++number)
+            visit(number, name, pictures);
+    }
 }
 
 }  // namespace
 
 void WriteTestSkin(const TemporaryFolder& folder, const std::string& skin) {
-    const std::string root = "Skins/" + skin + "/";
     for (const TestPicture& picture : Pictures())
-        folder.Write(
-            root + picture.name,
-            MakeBmp({.width = picture.width, .height = picture.height, .pixel = picture.paint}));
-    folder.Write(
-        root + "colorkey.bmp",
-        MakeBmp({.width = 3, .height = 1, .pixel = [](int x, int) { return kTestKeys[x]; }}));
+        Write(folder, skin, picture.name, {picture.width, picture.height}, picture.paint);
+    WriteColorKeys(folder, skin);
+}
+
+void WriteFlatSkin(const TemporaryFolder& folder, const std::string& skin) {
+    WriteColorKeys(folder, skin);
+    VisitFlatPictures([&](std::uint32_t number, const auto& name, const FlatPictures& pictures) {
+        const auto [width, height] = pictures.cell;
+        Write(folder, skin, name, {width * pictures.cells, height}, [=](int x, int) {
+            return kMark | number << 8 | static_cast<std::uint32_t>(x / width);
+        });
+    });
+}
+
+std::string FlatCellOf(std::uint32_t colour) {
+    std::string cell = "-";
+    VisitFlatPictures([&](std::uint32_t number, const auto& name, const FlatPictures&) {
+        if ((colour & ~0xFFu) == (kMark | number << 8))
+            cell = name + " " + std::to_string(colour & 0xFF);
+    });
+    return cell;
 }
 
 }  // namespace korvane

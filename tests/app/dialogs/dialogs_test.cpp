@@ -20,7 +20,6 @@
 #include "res/dialog_ids.h"
 #include "screens/menu_screen.h"
 #include "tests/support/dialog_script.h"
-#include "tests/support/flat_skin.h"
 #include "tests/support/golden.h"
 #include "tests/support/program_fixture.h"
 #include "tests/support/shown_box.h"
@@ -36,7 +35,6 @@ class DialogsTest : public ProgramFixture {
   protected:
     void SetUp() override {
         ProgramFixture::SetUp();
-        theLevelTable.SetDefaults();
         Headless().SetDisplayModes({{640, 480, 32, 60}, {640, 480, 16, 60}, {800, 600, 16, 60}});
     }
 
@@ -76,8 +74,6 @@ class DialogsTest : public ProgramFixture {
         std::filesystem::create_directories(folder.Path() + "/Skins/" + name);
     }
 };
-
-// The advanced settings. -------------------------------------------------------------------------
 
 TEST_F(DialogsTest, TheFirstStartAsksBeforeTheWindowIsSeen) {
     theSettings.showAdvancedAtStart = true;
@@ -249,8 +245,6 @@ TEST(ModeTextTest, ReadsWhatItWritesAndMakesTheBestOfTheRest) {
     EXPECT_EQ(ModeText({16, 75}), cases[0].text);
 }
 
-// The levels. ------------------------------------------------------------------------------------
-
 TEST_F(DialogsTest, LevelsTakeWhatIsANumberOfTheirRange) {
     struct Case {
         const char* text;
@@ -296,8 +290,6 @@ TEST_F(DialogsTest, EveryLevelBoxHasItsOwnValue) {
     }
 }
 
-// Sound effects and about. -----------------------------------------------------------------------
-
 TEST_F(DialogsTest, SoundEffectsAreChosenByEvent) {
     Start();
     theSettings.sfxMask = 0xE0 | kSfxRotate;
@@ -327,8 +319,6 @@ TEST_F(DialogsTest, TheAboutBoxEndsWithItsButtonOnlyAndPausesAGame) {
     EXPECT_TRUE(rightPlayer->IsPaused());
     EXPECT_TRUE(leftPlayer->IsPaused());
 }
-
-// All of them. -----------------------------------------------------------------------------------
 
 TEST_F(DialogsTest, LookAsTheyAreDrawn) {
     MakeSkin("Another");

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 #include "app/state/process_state.h"
 #include "game/frame/game_screen.h"
@@ -130,6 +131,42 @@ TEST_F(GoldenScreens, SwungApartAndWithoutPanels) {
     Draw(right, 0);
     Draw(left, 106);
     EXPECT_TRUE(Matches("swung-apart"));
+}
+
+/// Each covers the board's cells and the figure, which are drawn first.
+TEST_F(GoldenScreens, OverlaysLieOnTopOfTheBoard) {
+    struct Case {
+        const char* what;
+        void (*make)(Player& player);
+        POINT at;  ///< of the overlay, from the board's corner
+        std::uint32_t right, left;
+    };
+    const auto join = [](Player& player) { player.SetJoined(false); };
+    const auto end = [](Player& player) { Play(player, 1); };
+    for (const Case& c :
+         {Case{
+              "pause", [](Player& player) { player.TogglePause(); }, {45, 150}, 0x202070, 0x202070},
+          Case{"not joined", join, {70, 140}, 0x408040, 0x404080},
+          Case{"game over", end, {20, 150}, 0x702020, 0x702020},
+          Case{"loser", end, {45, 150}, 0x702060, 0x702060},
+          Case{"winner",
+               [](Player& player) { player.DeclareWinner(); },
+               {45, 150},
+               0x207020,
+               0x207020}}) {
+        theSettings.battle = std::string_view("loser winner").find(c.what) != std::string::npos;
+        for (Player* player : {&right, &left}) {
+            player->StartGame(false);
+            Board full;
+            for (int row = 0; row < kBoardRows; ++row)
+                full.FillRow(row, 3);
+            player->SetBoard(full);
+            c.make(*player);
+            Draw(*player);
+        }
+        EXPECT_EQ(Shown(365 + c.at.x, 50 + c.at.y), c.right) << c.what;
+        EXPECT_EQ(Shown(45 + c.at.x, 50 + c.at.y), c.left) << c.what;
+    }
 }
 
 }  // namespace
