@@ -2,7 +2,6 @@
 #include <sys/stat.h>
 
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,6 +15,8 @@
 #include "game/rules/level_table.h"
 #include "platform/dialogs/dialog_items.h"
 #include "platform/headless/headless_host.h"
+#include "platform/window/desktop.h"
+#include "platform/window/modal_window.h"
 #include "res/commands.h"
 #include "res/dialog_ids.h"
 #include "screens/menu_screen.h"
@@ -23,13 +24,10 @@
 #include "tests/support/flat_skin.h"
 #include "tests/support/golden.h"
 #include "tests/support/program_fixture.h"
-#include "tests/support/shown_box.h"
 #include "tests/support/test_audio.h"
 
 namespace korvane {
 namespace {
-
-using Steps = std::vector<std::function<void()>>;
 
 /// The program's dialogs, opened by their commands and used from outside.
 class DialogsTest : public ProgramFixture {
@@ -40,9 +38,9 @@ class DialogsTest : public ProgramFixture {
         Headless().SetDisplayModes({{640, 480, 32, 60}, {640, 480, 16, 60}, {800, 600, 16, 60}});
     }
 
-    /// Opens the dialog of a command and goes through the steps in it.
-    void Use(std::uint16_t command, Steps steps) {
-        const DialogScript script(std::move(steps));
+    /// Opens the dialog of a command and goes through the acts in it.
+    void Use(std::uint16_t command, Acts acts) {
+        const DialogScript script(std::move(acts));
         Command(command);
         EXPECT_TRUE(script.WentAsWritten());
         EXPECT_EQ(ShownDialog(), nullptr);
@@ -77,8 +75,6 @@ class DialogsTest : public ProgramFixture {
     }
 };
 
-// The advanced settings. -------------------------------------------------------------------------
-
 TEST_F(DialogsTest, TheFirstStartAsksBeforeTheWindowIsSeen) {
     theSettings.showAdvancedAtStart = true;
     const auto isAloneAndCentred = [] {
@@ -91,7 +87,7 @@ TEST_F(DialogsTest, TheFirstStartAsksBeforeTheWindowIsSeen) {
         Cancel();
     };
     {
-        const DialogScript script({isAloneAndCentred, [] { ClickItem(IDCANCEL); }, Ok});
+        const DialogScript script({isAloneAndCentred, ClickOn(IDCANCEL), Ok});
         Start();
         EXPECT_TRUE(script.WentAsWritten());
     }
@@ -176,7 +172,7 @@ TEST_F(DialogsTest, AdvancedTakesEverythingWithOkAndNothingWithCancel) {
         for (const std::uint16_t id :
              {kItemLeftPreview, kItemRightStatistics, kItemCountUpScore, kItemIndividualQuakes,
               kItemScrollingPieces, kItemMagnitude16})
-            ClickItem(id);
+            ClickOn(id)();
         SendScroll(SB_LINERIGHT, 7);
         Select(kItemSkins, "another");
         Select(kItemDisplayModes, "640 x 480 x 32 - 60 Hz");
@@ -204,7 +200,7 @@ TEST_F(DialogsTest, MissingSkinsAndModesAreTold) {
     Headless().SetDisplayModes({{800, 600, 16, 60}});
     const auto read = [](const char* picture) {
         return [picture] {
-            EXPECT_TRUE(MatchesGolden(picture));
+            EXPECT_TRUE(MatchesGolden(picture, TheDesktop().modal->Place()));
             Ok();
         };
     };
@@ -248,8 +244,6 @@ TEST(ModeTextTest, ReadsWhatItWritesAndMakesTheBestOfTheRest) {
         EXPECT_EQ(ReadModeText(c.text), c.want) << c.text;
     EXPECT_EQ(ModeText({16, 75}), cases[0].text);
 }
-
-// The levels. ------------------------------------------------------------------------------------
 
 TEST_F(DialogsTest, LevelsTakeWhatIsANumberOfTheirRange) {
     struct Case {
@@ -296,8 +290,6 @@ TEST_F(DialogsTest, EveryLevelBoxHasItsOwnValue) {
     }
 }
 
-// Sound effects and about. -----------------------------------------------------------------------
-
 TEST_F(DialogsTest, SoundEffectsAreChosenByEvent) {
     Start();
     theSettings.sfxMask = 0xE0 | kSfxRotate;
@@ -305,7 +297,7 @@ TEST_F(DialogsTest, SoundEffectsAreChosenByEvent) {
         EXPECT_TRUE(IsDlgButtonChecked(ShownDialog(), kItemSfxRotate));
         EXPECT_FALSE(IsDlgButtonChecked(ShownDialog(), kItemSfxRowsDone));
         for (const std::uint16_t id : {kItemSfxRowsDone, kItemSfxRotate, kItemSfxEnabled})
-            ClickItem(id);
+            ClickOn(id)();
     };
     Use(kCmdSfxSettings, {change, Cancel});
     EXPECT_EQ(theSettings.sfxMask, 0xE0 | kSfxRotate);
@@ -323,12 +315,10 @@ TEST_F(DialogsTest, TheAboutBoxEndsWithItsButtonOnlyAndPausesAGame) {
     Press(VK_F3);
     ASSERT_TRUE(rightPlayer->IsJoined());
     const auto stays = [] { EXPECT_NE(ShownDialog(), nullptr); };
-    Use(kCmdAbout, {Cancel, stays, [] { ClickItem(IDOK); }});
+    Use(kCmdAbout, {Cancel, stays, ClickOn(IDOK)});
     EXPECT_TRUE(rightPlayer->IsPaused());
     EXPECT_TRUE(leftPlayer->IsPaused());
 }
-
-// All of them. -----------------------------------------------------------------------------------
 
 TEST_F(DialogsTest, LookAsTheyAreDrawn) {
     MakeSkin("Another");
@@ -340,7 +330,9 @@ TEST_F(DialogsTest, LookAsTheyAreDrawn) {
         {kCmdAbout, "dialog-about"},
     };
     for (const auto& [command, picture] : kPictures)
-        Use(command, {[name = picture] { EXPECT_TRUE(MatchesGolden(name)); }, Ok});
+        Use(command,
+            {[name = picture] { EXPECT_TRUE(MatchesGolden(name, TheDesktop().modal->Place())); },
+             Ok});
 }
 
 }  // namespace
