@@ -11,7 +11,8 @@ constexpr std::size_t kLimit = std::size_t{2} << 30;
 }  // namespace
 
 #ifdef KORVANE_SANITIZED
-// A sanitizer reserves far more memory than it uses, so it must watch the use itself.
+// The address sanitizer reserves far more memory than it uses, so it must watch the use itself. The
+// one for threads has no such watch.
 extern "C" const char* __asan_default_options();
 extern "C" const char* __asan_default_options() {
     static_assert(kLimit == std::size_t{2048} << 20);

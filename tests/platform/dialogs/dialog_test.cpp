@@ -1,8 +1,5 @@
 #include "platform/dialogs/dialog.h"
 
-#include <algorithm>
-#include <random>
-
 #include "tests/platform/dialogs/dialog_fixture.h"
 
 namespace korvane {
@@ -166,34 +163,6 @@ TEST_F(DialogTest, AloneInTheWindow) {
         EXPECT_EQ(Show({PushClose}, Without(IDCANCEL)), -1);
         EXPECT_TRUE(TakeEnd());
     }
-}
-
-TEST_F(DialogTest, RandomInput) {
-    std::mt19937 random(20260722);
-    int left = 20'000;
-    prepare_ = [](HDLG dialog) { SetDlgItemText(dialog, kName, "some\xFF name"); };
-    Headless().WhenWaiting([&] {
-        if (HDLG const dialog = ShownDialog()) {
-            EXPECT_GE(List().Selected(), LB_ERR);
-            EXPECT_LT(List().Selected(), List().Count());
-            EXPECT_GE(List().FirstSeen(), 0);
-            EXPECT_LE(List().FirstSeen(), List().Count() - List().Rows());
-            EXPECT_GE(BarPosition(), 0);
-            EXPECT_LE(BarPosition(), 150);
-            EXPECT_LE(std::ranges::count(Checked().substr(0, 3), '1'), 1);
-            EXPECT_LE(Name().size(), 31u);
-            EXPECT_TRUE(!dialog->Focus() || dialog->Focus()->IsEnabled());
-        }
-        for (int i = 0; i < 5; ++i, --left)
-            Headless().Push(RandomDialogEvent(random));
-        // The mouse is not held for ever.
-        Headless().PushLater(200, Mouse(HostEventType::LeftButtonUp, {300, 200}));
-    });
-    int shown = 0;
-    for (; left > 0 && !HasFailure(); ++shown)
-        EXPECT_NE(DialogBox(kTestDialog, window_, Procedure), 0);
-    EXPECT_GT(shown, 50);
-    Headless().WhenWaiting(nullptr);
 }
 
 }  // namespace
