@@ -2,6 +2,7 @@
 
 #include "app/state/process_state.h"
 #include "app/window_proc.h"
+#include "platform/window/message_box.h"
 #include "res/icon.h"
 #include "res/menu.h"
 

@@ -5,7 +5,7 @@
 #include "audio/music_player.h"
 #include "platform/host/sound_source.h"
 #include "platform/sound/bass.h"
-#include "platform/window/user.h"
+#include "platform/window/message_box.h"
 
 namespace korvane {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "app/state/process_state.h"
 #include "platform/sound/bass.h"
-#include "platform/window/user.h"
+#include "platform/window/message_box.h"
 
 namespace korvane {
 

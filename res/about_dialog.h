@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/dialogs/dialog.h"
+#include "platform/dialogs/dialog_template.h"
 #include "res/dialog_ids.h"
 
 namespace korvane {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/window/user.h"
+#include "platform/window/accelerators.h"
 #include "res/commands.h"
 
 namespace korvane {

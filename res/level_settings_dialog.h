@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "platform/dialogs/dialog.h"
+#include "platform/dialogs/dialog_template.h"
 #include "res/dialog_ids.h"
 
 namespace korvane {

@@ -9,14 +9,14 @@
 
 namespace korvane {
 
-/// The most that is read of one of the game's own small data files; a longer file is none.
+/// The game's own data files are small; a longer one counts as missing.
 inline constexpr std::size_t kDataFileCap = std::size_t{1} << 20;
 
-/// What can be stored as a whole number. Flags have a form of their own.
+/// Types that are stored as whole numbers. Flags are not: they take one byte with two values.
 template <typename T>
 concept StoredInteger = std::integral<T> && !std::same_as<T, bool>;
 
-/// Takes little-endian fields from the front of borrowed bytes.
+/// Reads little-endian fields one after the other. The bytes must outlive the reader.
 ///
 /// A field that is missing or only partly there ends the reader: that field and all later ones
 /// keep the values they had.
@@ -24,7 +24,7 @@ class ByteReader {
   public:
     explicit ByteReader(std::span<const std::byte> bytes) : rest_(bytes) {}
 
-    /// Whether a field was asked for that the bytes do not hold.
+    /// True when a field was asked for that the bytes do not hold.
     bool HasEnded() const { return ended_; }
 
     template <StoredInteger T>

@@ -5,7 +5,7 @@
 namespace korvane {
 namespace {
 
-/// Bytes of the sequence that a first byte announces, 0 for a byte that begins none.
+/// The length of the sequence that begins with this byte; 0 for a byte that begins none.
 std::size_t SequenceLength(unsigned char first) {
     if (first < 0x80) return 1;
     if (first >= 0xC2 && first < 0xE0) return 2;
@@ -50,7 +50,7 @@ std::size_t NextCharacter(std::string_view utf8, std::size_t at) {
 
 std::size_t PreviousCharacter(std::string_view utf8, std::size_t at) {
     at = std::min(at, utf8.size());
-    // No character has more than four bytes, and the nearest that ends here is the one.
+    // A character has at most four bytes. The longest sequence that ends here is tried first.
     for (std::size_t length = std::min<std::size_t>(at, 4); length > 1; --length)
         if (NextCharacter(utf8, at - length) == at) return at - length;
     return at == 0 ? 0 : at - 1;

@@ -6,15 +6,16 @@
 
 namespace korvane {
 
-/// What stands for bytes that are no UTF-8, each by itself.
+/// Stands for each byte that is not part of valid UTF-8.
 inline constexpr char32_t kReplacement = 0xFFFD;
 
 /// Takes the first character off a text that is not empty.
 char32_t TakeCharacter(std::string_view& utf8);
-/// The character's bytes; none for what is no character.
+/// The character's bytes; empty for a number that is no character.
 std::string InUtf8(char32_t character);
-/// Where the characters after and before a place of the text begin; its ends lead nowhere.
+/// Where the next character begins; the size of the text at its end.
 std::size_t NextCharacter(std::string_view utf8, std::size_t at);
+/// Where the character before begins; 0 at the beginning.
 std::size_t PreviousCharacter(std::string_view utf8, std::size_t at);
 
 }  // namespace korvane

@@ -28,7 +28,7 @@ void Control::Enable(bool enabled) {
     Changed();
 }
 
-void Control::Put(const RECT& place, int scale) {
+void Control::SetPlace(const RECT& place, int scale) {
     place_ = place;
     scale_ = scale;
 }

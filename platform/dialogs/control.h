@@ -14,13 +14,13 @@
 
 namespace korvane {
 
-/// How a control stands to the keyboard at this moment.
+/// What the keyboard does to a control when it is painted.
 struct ControlState {
     bool focused = false;
     bool isDefault = false;  ///< Return presses it
 };
 
-/// One control. It gets input only while it is enabled. All places count from the dialog's corner.
+/// One control. It gets input only while it is enabled. Places count from the dialog's corner.
 class Control {
   public:
     Control(ControlParent& parent, const DLGITEMTEMPLATE& source);
@@ -34,32 +34,33 @@ class Control {
     bool IsEnabled() const { return enabled_; }
     void Enable(bool enabled);
     const RECT& Place() const { return place_; }
-    virtual void Put(const RECT& place, int scale);
+    virtual void SetPlace(const RECT& place, int scale);
     virtual const std::string& Text() const { return text_; }
     virtual void SetText(std::string_view text);
     /// The capital or digit that & stands before; 0 for none.
     char Mnemonic() const { return mnemonic_; }
 
     virtual bool TakesKeyboard() const { return false; }
-    /// Letters are typed into it, so they are no mnemonics.
+    /// True when it uses letter keys itself, so that they are no mnemonics while it has the focus.
     virtual bool UsesLetters() const { return false; }
     virtual bool TakesText() const { return false; }
     virtual void Paint(Canvas& canvas, const ControlState& state) const = 0;
 
-    /// It has got the keyboard by the Tab key or the like.
+    /// It has got the focus by a key, not by the mouse.
     virtual void OnTabbedTo() {}
-    /// True when the key means something to it.
+    /// True when it has used the key.
     virtual bool OnKeyDown(const HostEvent& /*event*/) { return false; }
     virtual void OnKeyUp(const HostEvent& /*event*/) {}
     virtual void OnCharacter(char32_t /*character*/) {}
     virtual void OnMnemonic() {}
-    /// The button goes down on it; moves and the release follow wherever the pointer is then.
+    /// The mouse button went down on it. Moves and the release follow, wherever the pointer is
+    /// then.
     virtual void OnPress(POINT /*at*/, std::uint8_t /*modifiers*/) {}
     virtual void OnDrag(POINT /*at*/) {}
     virtual void OnRelease(POINT /*at*/) {}
-    /// The button is held on, but not for this control.
+    /// The mouse is held on, but the control gets no more moves and no release.
     virtual void OnDragLost() {}
-    /// True when it scrolls.
+    /// True when it can scroll.
     virtual bool OnWheel(int /*notches*/) { return false; }
     virtual std::optional<std::uint32_t> TimeToTick() const { return std::nullopt; }
     virtual void Tick() {}

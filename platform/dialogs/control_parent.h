@@ -4,17 +4,18 @@
 
 namespace korvane {
 
-/// What a control tells the dialog that it belongs to.
+/// The dialog as its controls see it.
 class ControlParent {
   public:
     /// A control looks different from now on.
     virtual void Changed() = 0;
     /// A push button was pressed.
     virtual void Pressed(Control& button) = 0;
-    /// The user chose this radio button of its group.
+    /// The user chose this radio button.
     virtual void Chosen(Control& radio) = 0;
+    /// A scroll bar asks to be moved; `position` is that of the thumb.
     virtual void Scrolled(Control& bar, ScrollRequest request, int position) = 0;
-    /// It takes no input any more.
+    /// A control was disabled.
     virtual void Disabled(Control& control) = 0;
 
   protected:

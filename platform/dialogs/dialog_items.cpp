@@ -43,8 +43,6 @@ bool IsDlgButtonChecked(HDLG dialog, std::uint16_t id) {
     return button && button->IsChecked();
 }
 
-// List boxes. ------------------------------------------------------------------------------------
-
 void ListBox_ResetContent(HCTL list) {
     if (auto* const box = dynamic_cast<ListBox*>(list)) box->Clear();
 }
@@ -72,8 +70,6 @@ std::string ListBox_GetText(HCTL list, int entry) {
     const auto* const box = dynamic_cast<ListBox*>(list);
     return box ? box->Entry(entry) : std::string();
 }
-
-// Scroll bars. -----------------------------------------------------------------------------------
 
 void SetScrollInfo(HCTL bar, const SCROLLINFO& info) {
     auto* const box = dynamic_cast<ScrollBar*>(bar);

@@ -9,8 +9,8 @@
 
 namespace korvane {
 
-// What a dialog's procedure does with the controls. An id or a control that the dialog does not
-// have, or of another kind, changes nothing and reads as nothing.
+// What a dialog's procedure does with the controls. With an unknown id, a null control or one of
+// another kind these functions change nothing and return an empty value.
 
 class Control;
 /// One control of an open dialog.
@@ -21,7 +21,8 @@ HCTL GetDlgItem(HDLG dialog, std::uint16_t id);
 /// A disabled control is greyed and takes neither keyboard nor mouse.
 void EnableWindow(HCTL control, bool enabled);
 
-/// Texts of edits, buttons and static texts, in UTF-8. The user types at most 31 bytes into an edit.
+/// Texts of edits, buttons and static texts, in UTF-8. The user types at most 31 bytes into an
+/// edit.
 void SetDlgItemText(HDLG dialog, std::uint16_t id, std::string_view text);
 /// At most so many bytes of it.
 std::string GetDlgItemText(HDLG dialog, std::uint16_t id, std::size_t maxBytes);
@@ -75,7 +76,8 @@ struct SCROLLINFO {
     int position = 0;
 };
 
-/// The bar follows only what is set here; its requests (WM_HSCROLL) change nothing by themselves.
+/// Sets the fields that the mask names. A bar moves only by this: its requests (WM_HSCROLL) do not
+/// move it.
 void SetScrollInfo(HCTL bar, const SCROLLINFO& info);
 SCROLLINFO GetScrollInfo(HCTL bar);
 

@@ -7,7 +7,7 @@
 namespace korvane {
 namespace {
 
-/// The key that a character is on, as far as letters and digits go; else 0.
+/// The key of a letter, digit or blank; 0 for other characters.
 std::uint8_t KeyOf(char32_t character) {
     if (character > 'z') return 0;
     const char key = AsciiUpper(static_cast<char>(character));
@@ -16,8 +16,6 @@ std::uint8_t KeyOf(char32_t character) {
 }
 
 }  // namespace
-
-// Keys. ------------------------------------------------------------------------------------------
 
 void Dialog::OnKeyDown(const HostEvent& event) {
     const bool alt = (event.modifiers & kModAlt) != 0;
@@ -60,7 +58,7 @@ void Dialog::OnKeyUp(const HostEvent& event) {
 }
 
 void Dialog::OnCharacter(char32_t character) {
-    // A key that did something, Alt and a letter say, comes as a character, too.
+    // A key that was used as a command (Alt and a letter, say) may also come as a character.
     const std::uint8_t key = KeyOf(character);
     if (!focus_ || (key != 0 && key == usedKey_)) return;
     focus_->OnCharacter(character);
@@ -73,7 +71,7 @@ bool Dialog::OnMnemonic(std::uint8_t key) {
         Control* control = controls_[(start + i) % count].get();
         if (control->Mnemonic() == 0 || control->Mnemonic() != static_cast<char>(key)) continue;
         if (!control->TakesKeyboard()) {
-            // A caption speaks for what comes next.
+            // The mnemonic of a text or group box means the control after it.
             control = NextStop(control, 1);
             if (control) SetFocus(control, FocusBy::Keyboard);
             return control != nullptr;
@@ -101,8 +99,6 @@ bool Dialog::OnRadioArrow(std::uint8_t key) {
     return true;
 }
 
-// Focus. -----------------------------------------------------------------------------------------
-
 void Dialog::SetFocus(Control* control, FocusBy way) {
     focus_ = control;
     if (control && way == FocusBy::Keyboard) control->OnTabbedTo();
@@ -123,14 +119,14 @@ Control* Dialog::NextStop(const Control* from, int step) const {
     for (std::size_t tries = 0; tries < count; ++tries) {
         index = (index + (step > 0 ? 1 : count - 1)) % count;
         Control& control = *controls_[index];
-        // A group is one stop: Tab leaves it.
+        // Tab leaves a group, however many of its buttons are left.
         const bool sameGroup = std::ranges::find(left, &control) != left.end();
         if (IsStop(control) && (!sameGroup || &control == from)) return &control;
     }
     return nullptr;
 }
 
-/// Of a radio group only one is: the checked one, or the first.
+/// Tab stops at one radio button of a group: the checked one, else the first.
 bool Dialog::IsStop(Control& control) const {
     if (!control.TakesKeyboard() || !control.IsEnabled()) return false;
     const std::vector<RadioButton*> group = GroupOf(control);
@@ -155,8 +151,6 @@ std::vector<RadioButton*> Dialog::GroupOf(const Control& radio) const {
     }
     return group;
 }
-
-// Buttons with a meaning. ------------------------------------------------------------------------
 
 Control* Dialog::ReturnButton() const {
     const auto isButton = [](const Control& control) {

@@ -9,7 +9,8 @@
 namespace korvane {
 namespace {
 
-// Dialog units: a quarter of a character's width and an eighth of its height.
+// A dialog unit is a quarter of an average character's width and an eighth of its height;
+// characters are 6 pixels wide and 13 high.
 int PixelsAcross(int units) {
     return units * 3 / 2;
 }
@@ -34,14 +35,14 @@ Dialog::Dialog(Window& window, const DLGTEMPLATE& source, DLGPROC procedure)
         places_.push_back(item.place);
         controls_.push_back(MakeControl(*this, item, window.icon));
     }
-    // So that lists know their height when they are filled.
+    // Lists must know their height when WM_INITDIALOG fills them.
     Dialog::LayOut(/*framed=*/true, {}, TheHost().Scale());
 }
 
 int Dialog::RunToEnd() {
     if (procedure_(this, WM_INITDIALOG, 0, 0)) SetFocus(NextStop(nullptr, 1), FocusBy::Keyboard);
     if (IsOpen()) Run();
-    return EndWaits() ? -1 : result_;
+    return IsEndWaiting() ? -1 : result_;
 }
 
 void Dialog::End(int result) {
@@ -56,8 +57,6 @@ Control* Dialog::Find(std::uint16_t id) const {
     return nullptr;
 }
 
-// Looks. -----------------------------------------------------------------------------------------
-
 SIZE Dialog::LayOut(bool framed, SIZE /*limit*/, int scale) {
     POINT origin;
     SIZE size = clientSize_;
@@ -69,7 +68,7 @@ SIZE Dialog::LayOut(bool framed, SIZE /*limit*/, int scale) {
         caption_ = CaptionOf(size);
     }
     for (std::size_t i = 0; i < controls_.size(); ++i)
-        controls_[i]->Put(InPixels(places_[i], origin), scale);
+        controls_[i]->SetPlace(InPixels(places_[i], origin), scale);
     return size;
 }
 
@@ -86,7 +85,7 @@ Canvas Dialog::Paint(int scale) const {
         PaintCloseBox(canvas, CloseBoxOf(caption_), look);
     }
     const Control* const onReturn = ReturnButton();
-    // Group boxes first: they lie below what they hold, wherever Tab meets them.
+    // Group boxes first: the controls that they surround may come before them in the tab order.
     for (const bool groups : {true, false}) {
         for (const auto& control : controls_) {
             if ((control->Kind() == ControlKind::GroupBox) != groups) continue;
@@ -96,8 +95,6 @@ Canvas Dialog::Paint(int scale) const {
     }
     return canvas;
 }
-
-// Mouse. -----------------------------------------------------------------------------------------
 
 void Dialog::OnPointer(const HostEvent& event, POINT at) {
     switch (event.type) {
@@ -113,7 +110,7 @@ void Dialog::OnPointer(const HostEvent& event, POINT at) {
 }
 
 void Dialog::OnPress(POINT at, std::uint8_t modifiers) {
-    OnInputLost();  // the release has gone elsewhere
+    OnInputLost();  // a release may have been missed
     if (Contains(caption_, at)) {
         closeHeld_ = closeLit_ = CanCancel() && Contains(CloseBoxOf(caption_), at);
         if (!Contains(CloseBoxOf(caption_), at)) grabbed_ = at;
@@ -126,7 +123,8 @@ void Dialog::OnPress(POINT at, std::uint8_t modifiers) {
 }
 
 void Dialog::OnMove(POINT at) {
-    if (grabbed_) return MoveTo({Corner().x + at.x - grabbed_->x, Corner().y + at.y - grabbed_->y});
+    if (grabbed_)
+        return MoveTo({Place().left + at.x - grabbed_->x, Place().top + at.y - grabbed_->y});
     if (held_) return held_->OnDrag(at);
     const bool lit = closeHeld_ && Contains(CloseBoxOf(caption_), at);
     if (std::exchange(closeLit_, lit) != lit) Changed();
@@ -170,8 +168,6 @@ std::optional<std::uint32_t> Dialog::TimeToTick() const {
 void Dialog::Tick() {
     if (held_) held_->Tick();
 }
-
-// What controls tell. ----------------------------------------------------------------------------
 
 void Dialog::Pressed(Control& button) {
     procedure_(this, WM_COMMAND, button.Id(), reinterpret_cast<LPARAM>(&button));

@@ -21,15 +21,14 @@ class Dialog final : public ModalWindow, private ControlParent {
     /// Returns the result, or -1.
     int RunToEnd();
     void End(int result);
-    /// Null when there is none of this id.
+    /// The first control of this id; null for none.
     Control* Find(std::uint16_t id) const;
-    /// Who has the keyboard; null for nobody.
+    /// The control that has the keyboard; null for none.
     Control* Focus() const { return focus_; }
 
   private:
     enum class FocusBy { Mouse, Keyboard };
 
-    // ModalWindow.
     const std::string& Title() const override { return title_; }
     SIZE LayOut(bool framed, SIZE limit, int scale) override;
     Canvas Paint(int scale) const override;
@@ -43,21 +42,19 @@ class Dialog final : public ModalWindow, private ControlParent {
     std::optional<std::uint32_t> TimeToTick() const override;
     void Tick() override;
 
-    // ControlParent.
     void Changed() override { ModalWindow::Changed(); }
     void Pressed(Control& button) override;
     void Chosen(Control& radio) override;
     void Scrolled(Control& bar, ScrollRequest request, int position) override;
     void Disabled(Control& control) override;
 
-    // Mouse.
     void OnPress(POINT at, std::uint8_t modifiers);
     void OnMove(POINT at);
     void OnRelease(POINT at);
     void OnWheel(POINT at, int notches);
     Control* InputControlAt(POINT at) const;
 
-    // Keyboard (dialog_keys.cpp).
+    // In dialog_keys.cpp.
     void SetFocus(Control* control, FocusBy way);
     bool OnDialogKey(const HostEvent& event);
     bool OnMnemonic(std::uint8_t key);
@@ -66,7 +63,7 @@ class Dialog final : public ModalWindow, private ControlParent {
     Control* NextStop(const Control* from, int step) const;
     bool IsStop(Control& control) const;
     std::size_t IndexOf(const Control* control) const;
-    /// The radio buttons that exclude each other, in their order; empty for other controls.
+    /// The radio buttons of the same group, in their order; empty for other controls.
     std::vector<RadioButton*> GroupOf(const Control& radio) const;
     Control* ReturnButton() const;
     bool CanCancel() const;
@@ -81,11 +78,11 @@ class Dialog final : public ModalWindow, private ControlParent {
 
     RECT caption_;  ///< empty when the desktop draws it
     Control* focus_ = nullptr;
-    Control* held_ = nullptr;       ///< the mouse went down on it
-    std::optional<POINT> grabbed_;  ///< the caption is held there
-    bool closeHeld_ = false;        ///< the mouse went down on the close box
-    bool closeLit_ = false;         ///< and is on it
-    std::uint8_t usedKey_ = 0;      ///< went down last, and is no typing
+    Control* held_ = nullptr;       ///< the control that the mouse holds
+    std::optional<POINT> grabbed_;  ///< where the mouse holds the caption
+    bool closeHeld_ = false;        ///< the mouse holds the close box
+    bool closeLit_ = false;         ///< and is over it
+    std::uint8_t usedKey_ = 0;      ///< the last key pressed, if it was used as a command
 };
 
 }  // namespace korvane

@@ -26,8 +26,6 @@ void EditBox::SetText(std::string_view text) {
     Edited();
 }
 
-// Keys. ------------------------------------------------------------------------------------------
-
 bool EditBox::OnKeyDown(const HostEvent& event) {
     if ((event.modifiers & kModAlt) != 0) return false;
     return OnMove(event) || OnErase(event) || OnClipboardKey(event);
@@ -120,8 +118,6 @@ void EditBox::OnTabbedTo() {
     Edited();
 }
 
-// Mouse. -----------------------------------------------------------------------------------------
-
 void EditBox::OnPress(POINT at, std::uint8_t modifiers) {
     line_.MoveTo(ByteAt(at.x), ReachOf(modifiers));
     Edited();
@@ -132,14 +128,12 @@ void EditBox::OnDrag(POINT at) {
     Edited();
 }
 
-// Looks. -----------------------------------------------------------------------------------------
-
 void EditBox::Edited() {
     ShowCaret();
     Changed();
 }
 
-/// Pixels from the text's beginning to the character at a byte.
+/// The width of the text before a byte.
 int EditBox::XOf(std::size_t byte) const {
     return TextWidth(std::string_view(Text()).substr(0, byte), Scale());
 }
@@ -161,7 +155,7 @@ std::size_t EditBox::ByteAt(int x) const {
 void EditBox::ShowCaret() {
     const int room = std::max(1, Inside().Width() - 2 * kMargin - 1);
     const int caret = XOf(line_.Caret());
-    // No further than needed, and without a gap behind the text's end.
+    // Scrolls no further than needed, and leaves no gap behind the text's end.
     scrolled_ = std::clamp(scrolled_, caret - room, caret);
     scrolled_ = std::clamp(scrolled_, 0, std::max(0, XOf(Text().size()) - room));
 }

@@ -38,7 +38,7 @@ class EditBox final : public Control {
     void ShowCaret();
 
     EditText line_;
-    int scrolled_ = 0;  ///< pixels of the text that lie left of the field
+    int scrolled_ = 0;  ///< width of the text that is hidden left of the field
 };
 
 }  // namespace korvane

@@ -6,7 +6,7 @@
 namespace korvane {
 namespace {
 
-/// 8 dialog units, so that so many lines fill a text of so many times 8.
+/// 8 dialog units, the height of a line in a dialog's template.
 constexpr int kLineHeight = 13;
 constexpr int kGroupTextIndent = 9;
 constexpr int kGroupTextGap = 2;

@@ -6,7 +6,7 @@
 
 namespace korvane {
 
-// Controls that only show something.
+// Controls that take no input.
 
 class StaticText final : public Control {
   public:

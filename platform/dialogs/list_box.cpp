@@ -14,7 +14,7 @@ constexpr int kRowHeight = 15;
 constexpr int kRowPadding = 2;
 constexpr int kRowsPerNotch = 3;
 
-/// The order of names whatever the case of their letters; that decides only between equals.
+/// Alphabetical order without regard to letter case, which only decides between equal names.
 bool ComesBefore(std::string_view a, std::string_view b) {
     const auto order = [](char x, char y) {
         return static_cast<unsigned char>(AsciiLower(x)) <=>
@@ -26,8 +26,6 @@ bool ComesBefore(std::string_view a, std::string_view b) {
 }
 
 }  // namespace
-
-// Entries. ---------------------------------------------------------------------------------------
 
 void ListBox::Clear() {
     entries_.clear();
@@ -67,8 +65,6 @@ const std::string& ListBox::Entry(int entry) const {
     return entry >= 0 && entry < Count() ? *entries_[static_cast<std::size_t>(entry)] : nothing;
 }
 
-// Where things are. ------------------------------------------------------------------------------
-
 int ListBox::Rows() const {
     return std::max(1, (Place().Height() - 4) / kRowHeight);
 }
@@ -79,15 +75,16 @@ RECT ListBox::Field() const {
     return field;
 }
 
-/// Also above the first and below the last row that is seen.
+/// The entry at a point's height; also beyond the rows that are seen and beyond the entries.
 int ListBox::EntryAt(POINT at) const {
     return FirstSeen() + FloorDivide(at.y - Field().top, kRowHeight);
 }
 
-void ListBox::Put(const RECT& place, int scale) {
-    Control::Put(place, scale);
+void ListBox::SetPlace(const RECT& place, int scale) {
+    Control::SetPlace(place, scale);
     const RECT inside = Shrunk(place, 2);
-    bar_.Put({inside.right - ScrollTrack::kThickness, inside.top, inside.right, inside.bottom});
+    bar_.SetPlace(
+        {inside.right - ScrollTrack::kThickness, inside.top, inside.right, inside.bottom});
     ScrollTo(FirstSeen());
 }
 
@@ -95,8 +92,6 @@ void ListBox::ScrollTo(int first) {
     bar_.SetRange({.min = 0, .max = std::max(0, Count() - 1), .page = Rows(), .position = first});
     Changed();
 }
-
-// Keys. ------------------------------------------------------------------------------------------
 
 void ListBox::SelectNear(int entry) {
     if (Count() != 0) Select(std::clamp(entry, 0, Count() - 1));
@@ -145,8 +140,6 @@ bool ListBox::OnLetter(std::uint8_t key) {
     return true;
 }
 
-// Mouse. -----------------------------------------------------------------------------------------
-
 void ListBox::OnPress(POINT at, std::uint8_t /*modifiers*/) {
     if (HasBar() && Contains(bar_.Place(), at)) return Obey(grip_.Press(at));
     pointer_ = at;
@@ -160,7 +153,7 @@ void ListBox::OnPress(POINT at, std::uint8_t /*modifiers*/) {
 void ListBox::OnDrag(POINT at) {
     if (grip_.IsHeld()) return Obey(grip_.Drag(at));
     pointer_ = at;
-    // Beyond its edges the list scrolls by the clock, not by how the hand trembles.
+    // Outside the list Tick scrolls at an even pace, however the pointer moves.
     if (dragging_ && EntryAt(at) >= FirstSeen() && EntryAt(at) < FirstSeen() + Rows())
         SelectNear(EntryAt(at));
 }
@@ -199,8 +192,6 @@ void ListBox::Tick() {
     if (EntryAt(pointer_) >= FirstSeen() + Rows()) SelectNear(FirstSeen() + Rows());
 }
 
-// Looks. -----------------------------------------------------------------------------------------
-
 void ListBox::Paint(Canvas& canvas, const ControlState& state) const {
     canvas.DrawBevel(Place(), kSunkenBevel);
     const RECT place = Field();
@@ -210,7 +201,7 @@ void ListBox::Paint(Canvas& canvas, const ControlState& state) const {
     const int end = std::min(Count(), FirstSeen() + Rows());
     for (int entry = FirstSeen(); entry < end; ++entry)
         PaintEntry(field, entry, state.focused);
-    // Focus without a selection lies on the first row.
+    // Without a selection the first row shows the focus.
     if (state.focused && selected_ == LB_ERR)
         field.DottedFrame({0, 0, place.Width(), kRowHeight}, kTextColour);
     canvas.Paste(field, {place.left, place.top});

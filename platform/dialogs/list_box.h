@@ -19,7 +19,7 @@ class ListBox final : public Control {
     void Clear();
     int Add(std::string_view text);
     int Find(std::string_view text) const;
-    /// Scrolls to it, too.
+    /// Also scrolls to the entry.
     void Select(int entry);
     int Selected() const { return selected_; }
     int Count() const { return static_cast<int>(entries_.size()); }
@@ -29,7 +29,7 @@ class ListBox final : public Control {
     int FirstSeen() const { return bar_.Range().position; }
     int Rows() const;
 
-    void Put(const RECT& place, int scale) override;
+    void SetPlace(const RECT& place, int scale) override;
     bool TakesKeyboard() const override { return true; }
     bool UsesLetters() const override { return true; }
     void Paint(Canvas& canvas, const ControlState& state) const override;
@@ -44,7 +44,7 @@ class ListBox final : public Control {
 
   private:
     bool HasBar() const { return bar_.Range().CanMove(); }
-    /// Where the entries are.
+    /// The area of the entries.
     RECT Field() const;
     int EntryAt(POINT at) const;
     void ScrollTo(int first);
@@ -54,12 +54,12 @@ class ListBox final : public Control {
     void PaintEntry(Canvas& field, int entry, bool focused) const;
 
     std::deque<std::string> texts_;
-    /// In the order shown. Adding moves pointers, not texts: lists may be long.
+    /// In the order shown. Pointers, because inserting into a long list moves all that follow.
     std::vector<const std::string*> entries_;
     int selected_ = LB_ERR;
     ScrollTrack bar_{ScrollAxis::Vertical};
     ScrollGrip grip_{bar_};
-    bool dragging_ = false;  ///< the mouse selects
+    bool dragging_ = false;  ///< the held mouse selects
     POINT pointer_;
     RepeatClock dragRepeat_;
 };

@@ -14,8 +14,6 @@ constexpr int kMarkGap = 5;
 
 }  // namespace
 
-// Pressing. --------------------------------------------------------------------------------------
-
 bool PushControl::OnKeyDown(const HostEvent& event) {
     if (event.key != VK_SPACE || (event.modifiers & kModAlt) != 0) return false;
     if (!event.repeat) Press();
@@ -39,8 +37,6 @@ void PushControl::ShowHeld(bool held) {
     if (std::exchange(held_, held) != held) Changed();
 }
 
-// Push buttons. ----------------------------------------------------------------------------------
-
 void PushButton::Paint(Canvas& canvas, const ControlState& state) const {
     PaintButton(canvas, Place(),
                 {.text = Label(),
@@ -50,8 +46,6 @@ void PushButton::Paint(Canvas& canvas, const ControlState& state) const {
                  .focused = state.focused,
                  .enabled = IsEnabled()});
 }
-
-// Check boxes and radio buttons. -----------------------------------------------------------------
 
 void CheckControl::Check(bool checked) {
     if (std::exchange(checked_, checked) != checked) Changed();
@@ -72,7 +66,8 @@ void CheckBox::PaintMark(Canvas& canvas, const RECT& square) const {
     canvas.Fill(square, IsHeld() || !IsEnabled() ? kFaceColour : kLightColour);
     canvas.DrawBevel(square, kSunkenBevel);
     if (!IsChecked()) return;
-    // The tick: columns of three pixels, each beginning so many below the third row.
+    // The check mark: columns of three pixels; each number is a column's distance from the third
+    // row.
     constexpr std::array kTick = {2, 3, 4, 3, 2, 1, 0};
     const Colour colour = IsEnabled() ? kTextColour : kShadowColour;
     for (int i = 0; i < static_cast<int>(kTick.size()); ++i) {

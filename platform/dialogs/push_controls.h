@@ -4,7 +4,8 @@
 
 namespace korvane {
 
-/// What is pressed by mouse, Space or its mnemonic. The mouse presses when it is let go on it.
+/// A control that is pressed by Space, its mnemonic or the mouse, which presses when it is released
+/// on the control.
 class PushControl : public Control {
   public:
     using Control::Control;
@@ -18,7 +19,7 @@ class PushControl : public Control {
     virtual void Press() = 0;
 
   protected:
-    /// The mouse holds it down.
+    /// True while the mouse holds it down.
     bool IsHeld() const { return held_; }
 
   private:

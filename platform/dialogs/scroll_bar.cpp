@@ -35,9 +35,9 @@ void ScrollBar::SetRange(const ScrollRange& range) {
     Changed();
 }
 
-void ScrollBar::Put(const RECT& place, int scale) {
-    Control::Put(place, scale);
-    track_.Put(place);
+void ScrollBar::SetPlace(const RECT& place, int scale) {
+    Control::SetPlace(place, scale);
+    track_.SetPlace(place);
 }
 
 void ScrollBar::Paint(Canvas& canvas, const ControlState& state) const {
@@ -50,23 +50,23 @@ bool ScrollBar::OnKeyDown(const HostEvent& event) {
     const ScrollGrip::Request request = RequestOf(event.key);
     if (!request || (event.modifiers & kModAlt) != 0) return false;
     key_ = event.key;
-    Ask(request);
+    SendRequest(request);
     return true;
 }
 
 void ScrollBar::OnKeyUp(const HostEvent& event) {
     if (key_ == 0 || event.key != key_) return;
     key_ = 0;
-    Ask(SB_ENDSCROLL);
+    SendRequest(SB_ENDSCROLL);
 }
 
 void ScrollBar::OnPress(POINT at, std::uint8_t /*modifiers*/) {
-    Ask(grip_.Press(at));
+    SendRequest(grip_.Press(at));
     Changed();
 }
 
 void ScrollBar::OnDrag(POINT at) {
-    Ask(grip_.Drag(at));
+    SendRequest(grip_.Drag(at));
     Changed();
 }
 
@@ -76,12 +76,12 @@ void ScrollBar::OnRelease(POINT /*at*/) {
 
 void ScrollBar::OnDragLost() {
     if (!grip_.IsHeld()) return;
-    Ask(grip_.Release());
-    Ask(SB_ENDSCROLL);
+    SendRequest(grip_.Release());
+    SendRequest(SB_ENDSCROLL);
     Changed();
 }
 
-void ScrollBar::Ask(ScrollGrip::Request request) {
+void ScrollBar::SendRequest(ScrollGrip::Request request) {
     if (request) Parent().Scrolled(*this, *request, grip_.Position());
 }
 

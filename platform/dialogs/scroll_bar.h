@@ -6,7 +6,7 @@
 
 namespace korvane {
 
-/// A horizontal scroll bar, which asks its dialog for every move.
+/// A horizontal scroll bar. It does not move by itself: it sends its dialog requests.
 class ScrollBar final : public Control {
   public:
     using Control::Control;
@@ -14,7 +14,7 @@ class ScrollBar final : public Control {
     const ScrollRange& Range() const { return track_.Range(); }
     void SetRange(const ScrollRange& range);
 
-    void Put(const RECT& place, int scale) override;
+    void SetPlace(const RECT& place, int scale) override;
     bool TakesKeyboard() const override { return true; }
     void Paint(Canvas& canvas, const ControlState& state) const override;
     bool OnKeyDown(const HostEvent& event) override;
@@ -24,14 +24,14 @@ class ScrollBar final : public Control {
     void OnRelease(POINT at) override;
     void OnDragLost() override;
     std::optional<std::uint32_t> TimeToTick() const override { return grip_.TimeToTick(); }
-    void Tick() override { Ask(grip_.Tick()); }
+    void Tick() override { SendRequest(grip_.Tick()); }
 
   private:
-    void Ask(ScrollGrip::Request request);
+    void SendRequest(ScrollGrip::Request request);
 
     ScrollTrack track_{ScrollAxis::Horizontal};
     ScrollGrip grip_{track_};
-    std::uint8_t key_ = 0;  ///< the one that scrolls, while it is held
+    std::uint8_t key_ = 0;  ///< the held key that scrolls; 0 for none
 };
 
 }  // namespace korvane

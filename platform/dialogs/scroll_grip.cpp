@@ -44,7 +44,8 @@ ScrollGrip::Request ScrollGrip::Drag(POINT at) {
 }
 
 ScrollGrip::Request ScrollGrip::Tick() {
-    // The trough stops when the thumb has come to the pointer, an arrow while that is elsewhere.
+    // No repeat while the pointer is not on the held part: it has left the arrow, or the thumb has
+    // come to it in the trough.
     if (!repeat_.TakeDue() || track_.PartAt(at_) != part_) return std::nullopt;
     return RequestOf(part_);
 }

@@ -9,8 +9,8 @@
 
 namespace korvane {
 
-/// The mouse on a scroll bar: what it asks for, as long as it holds the bar. Nothing moves the bar
-/// but its owner.
+/// Follows the mouse while it holds a part of a scroll bar, and turns that into requests. The owner
+/// of the bar carries them out.
 class ScrollGrip {
   public:
     using Request = std::optional<ScrollRequest>;
@@ -19,15 +19,15 @@ class ScrollGrip {
 
     Request Press(POINT at);
     Request Drag(POINT at);
-    /// An arrow or the trough asks again while it is held.
+    /// A held arrow or trough repeats its request.
     Request Tick();
-    /// SB_ENDSCROLL follows in any case.
+    /// The owner adds SB_ENDSCROLL where it is wanted.
     Request Release();
 
     bool IsHeld() const { return part_ != ScrollPart::Nothing; }
-    /// The part that shows as pressed.
+    /// The part to be drawn as pressed.
     ScrollPart Held() const;
-    /// Where the thumb that is dragged would be.
+    /// Where the dragged thumb would be.
     int Position() const { return position_; }
     std::optional<std::uint32_t> TimeToTick() const { return repeat_.TimeLeft(); }
 
@@ -35,12 +35,12 @@ class ScrollGrip {
     const ScrollTrack& track_;
     ScrollPart part_ = ScrollPart::Nothing;
     POINT at_;
-    int grabbedAt_ = 0;  ///< from the thumb's start
+    int grabbedAt_ = 0;  ///< the pointer's distance from the thumb's start
     int position_ = 0;
     RepeatClock repeat_;
 };
 
-/// What the position becomes by a request that names no thumb's position.
+/// The position after a request other than those of the thumb, which name their position.
 int MovedBy(ScrollRequest request, const ScrollRange& range);
 
 }  // namespace korvane

@@ -90,8 +90,6 @@ int ScrollTrack::PositionOf(int thumbStart) const {
     return range_.min + Scaled(offset, std::int64_t{range_.Highest()} - range_.min, way);
 }
 
-// Looks. -----------------------------------------------------------------------------------------
-
 void ScrollTrack::PaintArrow(Canvas& canvas, ScrollPart part, bool enabled, bool held) const {
     const RECT place = PlaceOf(part);
     canvas.Fill(place, kFaceColour);
@@ -105,7 +103,7 @@ void ScrollTrack::PaintArrow(Canvas& canvas, ScrollPart part, bool enabled, bool
     const auto paint = [&](int shift, Colour colour) {
         const int x = place.left + place.Width() / 2 + shift;
         const int y = place.top + place.Height() / 2 + shift;
-        // Lines that grow from the tip, which lies before the middle.
+        // Four lines, the first (the tip) one pixel long, each next one two pixels longer.
         for (int i = 0; i < kArrow; ++i) {
             const int along = forward ? kArrow / 2 - 1 - i : i - kArrow / 2;
             if (axis_ == ScrollAxis::Horizontal) {

@@ -5,7 +5,8 @@
 
 namespace korvane {
 
-/// What a scroll bar scrolls: positions from `min` to Highest(), of which `page` are seen at once.
+/// Positions from `min` to Highest(). The scrolled thing goes from `min` to `max`, and `page` of it
+/// is seen at once.
 struct ScrollRange {
     int min = 0;
     int max = 0;
@@ -13,7 +14,7 @@ struct ScrollRange {
     int position = 0;
 
     int Highest() const;
-    /// With a page and a position that the rest allows.
+    /// The same with page and position limited to what is possible.
     ScrollRange Within() const;
     bool CanMove() const { return Highest() > min; }
 };
@@ -22,23 +23,23 @@ enum class ScrollPart { Nothing, LineBack, PageBack, Thumb, PageForward, LineFor
 
 enum class ScrollAxis { Horizontal, Vertical };
 
-/// Where a scroll bar's parts lie.
+/// Where the parts of a scroll bar lie, and how they look.
 class ScrollTrack {
   public:
     static constexpr int kThickness = 16;
 
     explicit ScrollTrack(ScrollAxis axis) : axis_(axis) {}
 
-    void Put(const RECT& place) { place_ = place; }
+    void SetPlace(const RECT& place) { place_ = place; }
     const RECT& Place() const { return place_; }
     const ScrollRange& Range() const { return range_; }
     void SetRange(const ScrollRange& range) { range_ = range.Within(); }
 
     RECT PlaceOf(ScrollPart part) const;
     ScrollPart PartAt(POINT at) const;
-    /// A point's way along the bar.
+    /// The point's coordinate in the bar's direction.
     int Along(POINT at) const { return axis_ == ScrollAxis::Horizontal ? at.x : at.y; }
-    /// The position of a thumb that begins at a pixel along the bar.
+    /// The position for a thumb that begins at this coordinate.
     int PositionOf(int thumbStart) const;
 
     void Paint(Canvas& canvas, bool enabled, ScrollPart held) const;

@@ -13,12 +13,12 @@
 namespace korvane {
 namespace {
 
-/// A file that grew while it was read is taken further in steps of this many bytes.
+/// A file may grow while it is read; the buffer then grows by this many bytes at a time.
 constexpr std::size_t kGrowth = 64 * 1024;
 
 /// Reads to the end, whatever the size was at first; nothing when that is above `cap`.
 std::optional<std::vector<std::byte>> ReadToEnd(int file, std::size_t size, std::size_t cap) {
-    // One byte more than expected: the end shows as a short read, without growing.
+    // One byte more than expected, so that the end is met before the buffer is full.
     std::vector<std::byte> bytes(size + 1);
     std::size_t used = 0;
     for (;;) {
@@ -44,11 +44,11 @@ bool WriteAll(int file, std::span<const std::byte> bytes) {
     return true;
 }
 
-/// A file beside the one it is to replace; it goes when it was not put in place. The name is fixed
-/// so that what a killed program left is swept away by the next save.
+/// The file that is written beside the one it is to replace; deleted unless it was put in place. It
+/// always has the same name, so that the next save deletes what a killed program has left.
 class TemporaryFile {
   public:
-    explicit TemporaryFile(const Place& target)
+    explicit TemporaryFile(const PathEnd& target)
         : target_(target), name_("." + target.name + ".tmp") {
         unlinkat(Folder(), name_.c_str(), 0);
         file_ = Descriptor(openat(Folder(), name_.c_str(),
@@ -70,23 +70,23 @@ class TemporaryFile {
   private:
     int Folder() const { return target_.folder.Number(); }
 
-    const Place& target_;
+    const PathEnd& target_;
     std::string name_;
     Descriptor file_;
     bool inPlace_ = false;
 };
 
-/// What stands at a place, without following a link; nothing when that cannot be told.
-std::optional<struct stat> StatusOf(const Place& place) {
+/// What is found there, without following a link; nothing when there is none or it cannot be told.
+std::optional<struct stat> StatusOf(const PathEnd& place) {
     struct stat status {};
     if (fstatat(place.folder.Number(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
         return std::nullopt;
     return status;
 }
 
-/// Whether opening the file for writing would have been allowed: replacing it asks only for
-/// rights in the folder, but a file that was made read-only is meant to stay.
-bool MayWrite(const Place& place) {
+/// True when the file could be opened for writing. Replacing it needs rights in the folder only,
+/// but a file that was made read-only is meant to stay.
+bool MayWrite(const PathEnd& place) {
     return faccessat(place.folder.Number(), place.name.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
@@ -99,11 +99,11 @@ void LockForAWhile(int folder) {
     }
 }
 
-bool ReplaceAt(const Place& place, std::span<const std::byte> bytes) {
+bool ReplaceAt(const PathEnd& place, std::span<const std::byte> bytes) {
     const Descriptor folder(openat(place.folder.Number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    // Another instance of the program that saves the same file at this moment uses the same
-    // temporary name; the lock makes it wait, but not for ever: a stopped program must not keep
-    // this one from ending. A file system without locks does without.
+    // Another instance of the program that saves the same file uses the same temporary name, so one
+    // waits for the other; not for ever, as a program that hangs must not keep this one from
+    // ending. Some file systems have no locks.
     if (folder) LockForAWhile(folder.Number());
 
     const std::optional<struct stat> old = StatusOf(place);
@@ -112,11 +112,11 @@ bool ReplaceAt(const Place& place, std::span<const std::byte> bytes) {
 
     TemporaryFile file(place);
     if (!file || !WriteAll(file.Number(), bytes)) return false;
-    // Some file systems know no permissions; the bytes matter more.
+    // Not checked: some file systems have no permissions, and the bytes matter more.
     if (old) static_cast<void>(fchmod(file.Number(), old->st_mode & 0777));
     if (fsync(file.Number()) != 0 || !file.PutInPlace()) return false;
-    // From here on the new bytes stand; the name reaching the disk early only saves them from a
-    // power cut, so a folder that cannot be flushed is no failure.
+    // The file is replaced. Flushing the folder only protects that from a power cut, so that it may
+    // fail.
     if (folder) fsync(folder.Number());
     return true;
 }
@@ -126,9 +126,9 @@ class DiskFiles final : public Files {
     explicit DiskFiles(std::string root) : root_(root.empty() ? "." : std::move(root)) {}
 
     std::optional<std::vector<std::byte>> Read(std::string_view path, std::size_t cap) override {
-        const std::optional<Place> place = Find(path);
+        const std::optional<PathEnd> place = Find(path);
         if (!place) return std::nullopt;
-        // Asked before it is opened: opening a pipe or a device can already do something.
+        // Looked at before it is opened: opening a pipe or a device can already have an effect.
         const std::optional<struct stat> before = StatusOf(*place);
         if (!before || !S_ISREG(before->st_mode)) return std::nullopt;
         const Descriptor file(openat(place->folder.Number(), place->name.c_str(),
@@ -140,13 +140,13 @@ class DiskFiles final : public Files {
     }
 
     bool Replace(std::string_view path, std::span<const std::byte> bytes) override {
-        const std::optional<Place> place = Find(path);
+        const std::optional<PathEnd> place = Find(path);
         return place && ReplaceAt(*place, bytes);
     }
 
     std::optional<std::vector<FolderEntry>> List(std::string_view folder) override {
         std::optional<std::vector<std::string>> path = SplitGamePath(folder);
-        const std::optional<Place> place = path ? Walk(*path) : std::nullopt;
+        const std::optional<PathEnd> place = path ? Walk(*path) : std::nullopt;
         if (!place) return std::nullopt;
         const std::optional<std::vector<std::string>> names = NamesIn(place->folder, place->name);
         if (!names) return std::nullopt;
@@ -164,20 +164,20 @@ class DiskFiles final : public Files {
     }
 
   private:
-    std::optional<Place> Walk(const std::vector<std::string>& names) const {
+    std::optional<PathEnd> Walk(const std::vector<std::string>& names) const {
         Descriptor root(open(root_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
         return root ? WalkBeneath(std::move(root), names) : std::nullopt;
     }
 
-    std::optional<Place> Find(std::string_view path) const {
+    std::optional<PathEnd> Find(std::string_view path) const {
         const std::optional<std::vector<std::string>> names = SplitGamePath(path);
         return names ? Walk(*names) : std::nullopt;
     }
 
-    /// True for a link to a folder beneath the root: it can be used as one.
+    /// True for a link that leads to a folder beneath the root.
     bool LeadsToFolder(std::vector<std::string> names, const std::string& link) const {
         names.push_back(link);
-        const std::optional<Place> place = Walk(names);
+        const std::optional<PathEnd> place = Walk(names);
         const std::optional<struct stat> status = place ? StatusOf(*place) : std::nullopt;
         return status && S_ISDIR(status->st_mode);
     }

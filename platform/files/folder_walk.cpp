@@ -40,8 +40,7 @@ mode_t TypeOf(const Descriptor& folder, const std::string& name) {
     return status.st_mode & S_IFMT;
 }
 
-/// How a name that does not exist as it stands is spelled in a folder; the name itself when it is
-/// not there at all.
+/// How a folder spells a name that differs in letter case only; the name itself when it has none.
 std::string SpelledIn(const Descriptor& folder, const std::string& name) {
     std::string best;
     for (std::string& found : NamesIn(folder, ".").value_or(std::vector<std::string>())) {
@@ -51,7 +50,7 @@ std::string SpelledIn(const Descriptor& folder, const std::string& name) {
     return best.empty() ? name : best;
 }
 
-/// What a link says, nothing when it is none any more (or is longer than any path).
+/// The path in a link; nothing when it is no link any more, or longer than any path.
 std::optional<std::string> LinkText(const Descriptor& folder, const std::string& name) {
     std::array<char, PATH_MAX> text;
     const ssize_t length = readlinkat(folder.Number(), name.c_str(), text.data(), text.size());
@@ -64,7 +63,7 @@ Descriptor OpenFolder(const Descriptor& parent, const std::string& name) {
         openat(parent.Number(), name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
-/// The names still ahead of a walk, the next one last, so that a link's names go on top.
+/// The names that a walk has still to follow, the next one last: those of a link are put behind it.
 class NamesAhead {
   public:
     explicit NamesAhead(std::span<const std::string> names) { Push(names); }
@@ -116,9 +115,9 @@ std::optional<std::vector<std::string>> NamesIn(const Descriptor& parent, const 
     return names;
 }
 
-std::optional<Place> WalkBeneath(Descriptor root, const std::vector<std::string>& names) {
-    // The folders from the root to where we stand: ".." in a link steps back along them and so
-    // cannot climb above the root, even when folders are moved meanwhile.
+std::optional<PathEnd> WalkBeneath(Descriptor root, const std::vector<std::string>& names) {
+    // The folders from the root to the one reached. ".." in a link goes back to the one before and
+    // so never above the root, even when folders are moved meanwhile.
     std::vector<Descriptor> trail;
     trail.push_back(std::move(root));
     NamesAhead ahead(names);
@@ -141,11 +140,11 @@ std::optional<Place> WalkBeneath(Descriptor root, const std::vector<std::string>
             ahead.Push(SplitAt(*link, "/"));
             continue;
         }
-        if (ahead.IsEmpty()) return Place{std::move(trail.back()), std::move(name)};
+        if (ahead.IsEmpty()) return PathEnd{std::move(trail.back()), std::move(name)};
         trail.push_back(OpenFolder(trail.back(), name));
     }
     if (!trail.back()) return std::nullopt;
-    return Place{std::move(trail.back()), "."};
+    return PathEnd{std::move(trail.back()), "."};
 }
 
 }  // namespace korvane

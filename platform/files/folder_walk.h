@@ -26,17 +26,17 @@ class Descriptor {
     int number_;
 };
 
-/// Where a path leads: a folder that is held open, and a name in it that need not exist but is no
-/// link at the time of the walk. A path that ends at a folder's own door has the name ".".
-struct Place {
+/// Where a path leads: an open folder and a name in it. Nothing need exist under that name, but it
+/// is no link at the time of the walk. A path that leads to the folder itself has the name ".".
+struct PathEnd {
     Descriptor folder;
     std::string name;
 };
 
 /// The names in a path of the game, split at slashes and backslashes. Empty names and "." mean
 /// nothing and are left out; blanks belong to the name. Nothing for a path that cannot lie beneath
-/// a folder ("..", a leading separator, a drive letter) or that no system call would take (a zero
-/// byte, more than 1024 bytes).
+/// a folder ("..", a leading separator, a drive letter) or that is none (a zero byte, more
+/// than 1024 bytes).
 std::optional<std::vector<std::string>> SplitGamePath(std::string_view path);
 
 /// The names in a folder but "." and "..", in no particular order; nothing when `name` is no
@@ -48,9 +48,9 @@ std::optional<std::vector<std::string>> NamesIn(const Descriptor& parent, const 
 /// Links are followed as long as every step stays beneath `root`. Nothing when a folder on the way
 /// is missing, or a link leads out or in circles.
 ///
-/// Each step opens one name in the folder before it and never crosses a link by itself, so a link
-/// put in place while we walk cannot lead out either. The kernel's own confined lookup
-/// (openat2) would not spare the walk, which letter case needs, and is missing in many sandboxes.
-std::optional<Place> WalkBeneath(Descriptor root, const std::vector<std::string>& names);
+/// Each step opens one name in the folder before it and follows no link by itself, so a link that
+/// is made during the walk cannot lead out either. The kernel's own confined lookup (openat2) would
+/// not do: letter case needs the walk anyway, and many sandboxes lack that call.
+std::optional<PathEnd> WalkBeneath(Descriptor root, const std::vector<std::string>& names);
 
 }  // namespace korvane

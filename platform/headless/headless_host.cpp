@@ -181,8 +181,8 @@ HRESULT HeadlessHost::Present(const PictureView& picture, const RECT& target,
     if (!fullScreen_)
         place = {target.left * scale, target.top * scale, target.right * scale,
                  target.bottom * scale};
-    // A picture stretched by no whole number is sampled anew as a whole; any other takes only what
-    // changed, so that a change that was not announced shows as a fault in the picture.
+    // Only what is said to have changed is copied, so that a change that was not announced is seen
+    // as a fault. A picture that is not stretched by a whole number is copied whole.
     const RECT all{0, 0, picture.width, picture.height};
     const bool exact = place.Width() % picture.width == 0 && place.Height() % picture.height == 0;
     for (const RECT& part : exact ? changed : std::span(&all, 1))

@@ -24,7 +24,8 @@ class HeadlessHost final : public Host {
   public:
     HeadlessHost();
 
-    // What the caller sets and sees. -------------------------------------------------------------
+    // What the caller sets and sees.
+
     /// Everything as after the program's start: clock 0, no events, no window, no files, no faults.
     void Reset();
     void SetMilliseconds(std::uint32_t now) { milliseconds_ = now; }
@@ -32,23 +33,23 @@ class HeadlessHost final : public Host {
     void SetUnixSeconds(std::int64_t seconds) { unixSeconds_ = seconds; }
     /// The folder that paths are resolved beneath.
     void UseFolder(const std::string& folder);
-    /// Takes all paths to files of the caller's.
+    /// Files of the caller's take the folder's place.
     void UseFiles(std::unique_ptr<Files> files) { files_ = std::move(files); }
     void Push(const HostEvent& event) { events_.push_back(event); }
     void PushKey(std::uint8_t key, bool down, std::uint8_t modifiers = 0);
     /// Typing: one Text event for each character; the program gets those that it accepts.
     void PushText(std::u32string_view text);
-    /// An event that comes when the program has waited so many milliseconds from now.
+    /// An event that comes so many milliseconds from now, if the program waits then.
     void PushLater(std::uint32_t milliseconds, const HostEvent& event);
-    /// Called when the program waits without limit and no event waits; it must push one (a program
-    /// that nobody can wake again is a fault and ends the process).
+    /// Called when the program waits without limit and there is no event. It must push one: a
+    /// program that nothing can wake is a fault, which ends the process.
     void WhenWaiting(std::function<void()> wake) { wake_ = std::move(wake); }
 
     /// The client area as it is shown now, in screen pixels, 0x00RRGGBB, row by row.
     const std::vector<std::uint32_t>& Picture() const { return picture_; }
     SIZE PictureSize() const;
     std::uint32_t PixelAt(int x, int y) const;
-    /// How often something was sent to the display, and how many pixels in all.
+    /// How often something was presented, and how many pixels in all.
     int Presents() const { return presents_; }
     std::uint64_t PresentedPixels() const { return presentedPixels_; }
     bool IsFullScreen() const { return fullScreen_; }
@@ -61,7 +62,8 @@ class HeadlessHost final : public Host {
     std::vector<std::int16_t> Hear(std::size_t frames);
     bool IsSoundOpen() const { return sound_ != nullptr; }
 
-    // Faults on request. -------------------------------------------------------------------------
+    // Faults on request.
+
     /// The results of the next presents, then 0 again. DDERR_SURFACELOST makes the picture black.
     void FailPresents(std::initializer_list<HRESULT> results);
     /// What DisplayState returns from now on.
@@ -75,7 +77,6 @@ class HeadlessHost final : public Host {
     /// shows its picture 1:1.
     void SetScale(int scale) { scale_ = scale; }
 
-    // Host. --------------------------------------------------------------------------------------
     std::uint32_t Milliseconds() override { return milliseconds_; }
     std::uint64_t Counter() override;
     std::uint64_t CounterFrequency() override { return kCounterFrequency; }

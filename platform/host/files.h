@@ -17,7 +17,7 @@ struct FolderEntry {
     bool isFolder = false;
 };
 
-/// The gate to the game's folder. Paths are relative to it, with backslashes or slashes between
+/// Access to the game's folder. Paths are relative to it, with backslashes or slashes between
 /// names and names matched without regard to ASCII letter case (an exact match first). Nothing
 /// outside the folder is opened: no "..", no absolute path, no link that leads out. What is
 /// opened is a regular file; nothing here blocks on a pipe or a device.

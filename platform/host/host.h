@@ -23,7 +23,7 @@ enum class HostEventType : std::uint8_t {
     LeftButtonDown,  ///< x, y
     LeftButtonUp,    ///< x, y
     Wheel,           ///< x, y; amount in notches, positive away from the user
-    Text,            ///< character; only while AcceptText wants it
+    Text,            ///< character; only after AcceptText(true)
     Activated,
     Deactivated,
     Minimized,
@@ -34,13 +34,13 @@ enum class HostEventType : std::uint8_t {
     Terminate,       ///< SIGTERM, SIGINT or SIGHUP: the program is asked to end
 };
 
-/// One thing that happened outside. Points are in layer pixels (the screen's pixels divided by
-/// Host::Scale): in a window from the client area's top left corner, in full screen from the shown
-/// picture's top left corner, so that they name the picture's pixel under the pointer; they may lie
-/// outside.
+/// Something that happened outside the program. Points are in layer pixels (the screen's pixels
+/// divided by Host::Scale): in a window from the client area's top left corner, in full screen from
+/// the shown picture's top left corner, so that they name the picture's pixel under the pointer;
+/// they may lie outside.
 struct HostEvent {
     HostEventType type = HostEventType::KeyDown;
-    std::uint8_t key = 0;        ///< virtual-key code, see platform/virtual_keys.h
+    std::uint8_t key = 0;        ///< virtual-key code, see platform/base/virtual_keys.h
     std::uint8_t modifiers = 0;  ///< kMod... after the event
     bool repeat = false;         ///< the keyboard's automatic repeat
     int x = 0;
@@ -73,7 +73,6 @@ class Host {
   public:
     virtual ~Host() = default;
 
-    // Clock. -------------------------------------------------------------------------------------
     /// Milliseconds since some start; wraps around after 2^32.
     virtual std::uint32_t Milliseconds() = 0;
     /// High-resolution counter, and its frequency in counts per second (0: there is none). Both
@@ -84,13 +83,12 @@ class Host {
     virtual std::int64_t UnixSeconds() = 0;
     virtual void Sleep(std::uint32_t milliseconds) = 0;
 
-    // Window and events. -------------------------------------------------------------------------
     /// Makes the one window, hidden, with a client area of the given size. False: no display.
     virtual bool OpenWindow(const std::string& title, SIZE clientSize) = 0;
     virtual void CloseWindow() = 0;
     virtual void ShowWindow(bool visible) = 0;
     virtual void SetTitle(const std::string& title) = 0;
-    /// The picture that the desktop shows for the window: 0xAARRGGBB, copied.
+    /// The icon that the desktop shows for the window: 0xAARRGGBB pixels, which are copied.
     virtual void SetIcon(const PictureView& icon) = 0;
     virtual void SetClientSize(SIZE size) = 0;
     /// Moves the client area's top left corner to a point of the screen.
@@ -106,15 +104,13 @@ class Host {
     /// Blocks until an event waits or the time has passed; no time means without limit.
     virtual void WaitForEvent(std::optional<std::uint32_t> milliseconds) = 0;
 
-    // Text. --------------------------------------------------------------------------------------
-    /// Whether typing is text: it then also comes as Text events, through an input method if there
-    /// is one. At the start it is not, and no input method takes keys away.
+    /// True: typing also comes as Text events, through an input method if there is one. At the
+    /// start it does not, and no input method takes keys away.
     virtual void AcceptText(bool accept) = 0;
     /// The desktop's clipboard as UTF-8, empty when it holds no text.
     virtual std::string ClipboardText() = 0;
     virtual void SetClipboardText(const std::string& utf8) = 0;
 
-    // Picture out. -------------------------------------------------------------------------------
     /// Full screen shows a picture of the given size at the largest whole-number scale that fits,
     /// centred, with black bars; the monitor's own mode stays. False: it could not be entered.
     virtual bool EnterFullScreen(SIZE pictureSize) = 0;
@@ -129,12 +125,12 @@ class Host {
     virtual HRESULT Present(const PictureView& picture, const RECT& target,
                             std::span<const RECT> changed) = 0;
     /// 0, or DDERR_NOEXCLUSIVEMODE (full screen has lost the screen to somebody else),
-    /// DDERR_EXCLUSIVEMODEALREADYSET, or DDERR_WRONGMODE (the display has changed under us).
+    /// DDERR_EXCLUSIVEMODEALREADYSET, or DDERR_WRONGMODE (somebody else has changed the display's
+    /// mode).
     virtual HRESULT DisplayState() = 0;
     /// Tells the user something when no window can show it.
     virtual void Report(const std::string& caption, const std::string& text) = 0;
 
-    // Sound out. ---------------------------------------------------------------------------------
     /// Opens the sound device, which from then on asks `source` for frames until CloseSound
     /// returns. A device that vanishes meanwhile is looked for again without the caller noticing.
     /// False: there is no device.
@@ -142,7 +138,6 @@ class Host {
     /// The source is not asked any more when this returns; does nothing without a device.
     virtual void CloseSound() = 0;
 
-    // Files. -------------------------------------------------------------------------------------
     virtual Files& GameFiles() = 0;
 };
 

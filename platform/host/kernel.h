@@ -18,7 +18,7 @@ std::uint32_t timeGetTime();
 std::int64_t SecondsSinceEpoch();
 void Sleep(std::uint32_t milliseconds);
 
-/// The one gate to files: the game's own, those of skins, and the listing of folders.
+/// All files are read and written through this: the game's own and those of skins.
 Files& GameFiles();
 
 }  // namespace korvane

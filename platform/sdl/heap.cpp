@@ -17,9 +17,9 @@ void* pictures = nullptr;  ///< where the heap has huge pages, or null
 
 }  // namespace
 
-/// Every page that is touched for the first time costs a trip into the kernel, and on virtual
-/// machines a dear one: they were a fifth of the time to the first picture. Huge pages take one
-/// trip for 512 of them. The heap keeps what is freed, so that each file's buffer serves the next.
+/// The first access to each page of memory goes through the kernel, which is slow on virtual
+/// machines: it took a fifth of the time to the first picture. One huge page stands for 512 of
+/// them. The heap keeps what is freed, so that the buffer of one file serves for the next.
 void PrepareHeap() {
     constexpr int kNeverApart = 64 << 20;
     mallopt(M_MMAP_THRESHOLD, kNeverApart);
@@ -28,12 +28,12 @@ void PrepareHeap() {
     if (block == nullptr) return;
     const auto begin = reinterpret_cast<std::uintptr_t>(block);
     pictures = reinterpret_cast<void*>((begin + kHugePage - 1) / kHugePage * kHugePage);
-    // Refused on systems without huge pages, which then start as fast as they can.
+    // Not checked: systems without huge pages refuse it and only start more slowly.
     static_cast<void>(madvise(pictures, kPictures, MADV_HUGEPAGE));
     std::free(block);
 }
 
-/// Without the huge pages' end the next small piece would bring a whole one back.
+/// Huge pages end first: with them the next small allocation would take a whole one again.
 void TrimHeap() {
     if (pictures != nullptr) static_cast<void>(madvise(pictures, kPictures, MADV_NOHUGEPAGE));
     malloc_trim(0);

@@ -2,11 +2,10 @@
 
 namespace korvane {
 
-/// Prepares the heap for a start that loads some megabytes of pictures: to be called once, before.
+/// Prepares the heap for loading some megabytes of pictures. To be called once, before that.
 void PrepareHeap();
 
-/// Gives back to the system what loading needed and nobody uses now; from then on without huge
-/// pages.
+/// Gives the system back what loading has left unused, and ends the use of huge pages.
 void TrimHeap();
 
 }  // namespace korvane

@@ -45,7 +45,7 @@ bool SdlHost::NextEvent(HostEvent& event) {
 void SdlHost::WaitForEvent(std::optional<std::uint32_t> milliseconds) {
     std::optional<Clock::time_point> end;
     if (milliseconds) end = Clock::now() + std::chrono::milliseconds(*milliseconds);
-    // Not everything that SDL wakes up for is an event of ours.
+    // SDL also returns for events that mean nothing to us.
     for (PumpEvents(); pending_.empty(); PumpEvents()) {
         const int left = MillisecondsUntil(end);
         SDL_Event event;

@@ -6,8 +6,6 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <functional>
-#include <set>
 #include <string_view>
 #include <thread>
 #include <tuple>
@@ -22,29 +20,27 @@ using Clock = std::chrono::steady_clock;
 /// The pixel density that one layer pixel per screen pixel is made for.
 constexpr float kOrdinaryDpi = 96;
 
-/// By then a window that came up, or fills the screen now, has shown its first pictures.
+/// After this time a window that has come up or filled the screen has shown its first pictures.
 constexpr std::uint64_t kFirstPicturesMs = 1000;
 
-/// So long a window manager may take to give a window back its place.
-constexpr std::uint64_t kManagerPatienceMs = 500;
-
 void SetHints() {
-    // The window's surface would go through OpenGL otherwise, ten times as dear without a GPU.
+    // Otherwise SDL sends the window's surface through OpenGL, which takes ten times as long
+    // without a graphics card.
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
-    // SDL asks desktops to switch their effects off, which is for games that fill the screen.
+    // SDL would ask the desktop to switch its effects off, as for a game that fills the screen.
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
     // Closing is one event, not two.
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
-    // No text that is typed has composed letters, and reading how they are composed takes Xlib
-    // two thirds of the time in which it opens the display.
+    // No text of ours needs composed letters, and reading the rules for them is two thirds of the
+    // time that Xlib takes to open the display.
     SDL_setenv("XCOMPOSEFILE", "/dev/null", /*overwrite=*/0);
 }
 
 /// Screen pixels for one layer pixel: by the display's density, as far as the window then fits.
 int FittingScale(SIZE clientSize) {
-    // There all sizes are in points that the compositor scales by itself.
+    // The compositor scales by itself; all sizes there are before that.
     const char* driver = SDL_GetCurrentVideoDriver();
     if (driver != nullptr && std::string_view(driver) == "wayland") return 1;
     float dpi = 0;
@@ -55,17 +51,13 @@ int FittingScale(SIZE clientSize) {
     return std::clamp(static_cast<int>(std::lround(dpi / kOrdinaryDpi)), 1, std::max(1, fitting));
 }
 
-/// Without a display SDL falls back to drivers that show nothing and bring no events; they are only
-/// wanted by somebody who names them.
+/// Without a display SDL falls back to drivers that show nothing and bring no events. They are used
+/// only when the user names one.
 bool DriverShowsNothing() {
     const char* driver = SDL_GetCurrentVideoDriver();
     if (driver == nullptr) return true;
     const std::string_view name = driver;
     return (name == "offscreen" || name == "dummy") && SDL_GetHint(SDL_HINT_VIDEODRIVER) == nullptr;
-}
-
-bool IsSameMode(const SDL_DisplayMode& a, const SDL_DisplayMode& b) {
-    return a.w == b.w && a.h == b.h && a.refresh_rate == b.refresh_rate;
 }
 
 RECT LayerRect(const SDL_Rect& area, int scale) {
@@ -85,13 +77,11 @@ SdlHost::SdlHost() : files_(OpenDiskFiles("")), keys_(LayoutSymbols{}) {
 
 SdlHost::~SdlHost() {
     sound_.Close();
-    signals_.reset();  // its thread talks to SDL
-    // CloseWindow has left the display. A window that is still open here, or was being closed,
-    // belongs to a display that died: to ask anything of it would wait for ever.
+    signals_.reset();  // its thread uses SDL
+    // CloseWindow has closed the window. One that is still here belongs to a display that has died:
+    // any call for it would wait for ever.
     std::ignore = window_.release();
 }
-
-// Clock. -----------------------------------------------------------------------------------------
 
 std::uint32_t SdlHost::Milliseconds() {
     return static_cast<std::uint32_t>(
@@ -118,12 +108,10 @@ void SdlHost::Sleep(std::uint32_t milliseconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
-// Window. ----------------------------------------------------------------------------------------
-
 bool SdlHost::StartVideo() {
     if (SDL_WasInit(SDL_INIT_VIDEO) != 0) return true;
     SetHints();
-    // The queue first, as the signal watch pushes into it; the watch next, as it wants to be there
+    // The queue first, as the signal watch pushes into it; the watch next, as it must be made
     // before any other thread.
     if (SDL_InitSubSystem(SDL_INIT_EVENTS) != 0) return false;
     if (!signals_) {
@@ -235,16 +223,7 @@ SDL_Rect SdlHost::WindowArea() const {
     return area;
 }
 
-/// Whether a window manager has framed the window; without one nobody but us makes it as large as
-/// the screen and small again.
-bool SdlHost::HasFrame() const {
-    int top = 0;
-    int left = 0;
-    return SDL_GetWindowBordersSize(window_.get(), &top, &left, nullptr, nullptr) == 0 &&
-           (top != 0 || left != 0);
-}
-
-/// In full screen the window goes there when that ends.
+/// In full screen the window goes there when full screen ends.
 void SdlHost::MoveWindow(const SDL_Rect& area) {
     windowed_ = area;
     if (!fullScreen_) PlaceWindow(area);
@@ -255,8 +234,6 @@ void SdlHost::PlaceWindow(const SDL_Rect& area) {
     if (now.w != area.w || now.h != area.h) SDL_SetWindowSize(window_.get(), area.w, area.h);
     if (now.x != area.x || now.y != area.y) SDL_SetWindowPosition(window_.get(), area.x, area.y);
 }
-
-// Text. ------------------------------------------------------------------------------------------
 
 void SdlHost::AcceptText(bool accept) {
     if (SDL_WasInit(SDL_INIT_VIDEO) == 0 || (SDL_IsTextInputActive() == SDL_TRUE) == accept) return;
@@ -270,124 +247,6 @@ std::string SdlHost::ClipboardText() {
 
 void SdlHost::SetClipboardText(const std::string& utf8) {
     SDL_SetClipboardText(utf8.c_str());
-}
-
-// Picture out. -----------------------------------------------------------------------------------
-
-bool SdlHost::EnterFullScreen(SIZE pictureSize) {
-    if (!window_) return false;
-    if (!fullScreen_) {
-        windowed_ = WindowArea();
-        isManaged_ = HasFrame();
-        SDL_Rect screen = windowed_;
-        SDL_GetDisplayBounds(DisplayIndex(), &screen);
-        if (!isManaged_) PlaceWindow(screen);
-        if (SDL_SetWindowFullscreen(window_.get(), SDL_WINDOW_FULLSCREEN_DESKTOP) != 0) {
-            PlaceWindow(windowed_);
-            return false;
-        }
-    }
-    fullScreen_ = true;
-    fullScreenPicture_ = pictureSize;
-    fullScreenMode_ = DesktopMode();
-    SDL_DisableScreenSaver();
-    surface_.Forget();
-    TrimSoon();
-    return true;
-}
-
-/// Waits until the manager has taken the window away from where it filled the screen, which it does
-/// in its own time; false when that takes too long. Who takes the old place for the new one moves
-/// the window into the screen's corner.
-bool SdlHost::AwaitReturnFrom(const SDL_Rect& full) const {
-    const auto hasLeft = [&] {
-        const SDL_Rect now = WindowArea();
-        return (now.w != full.w || now.h != full.h) && (now.x != full.x || now.y != full.y);
-    };
-    for (std::uint64_t end = SDL_GetTicks64() + kManagerPatienceMs; SDL_GetTicks64() < end;) {
-        if (hasLeft()) return true;
-        SDL_Delay(1);
-        SDL_PumpEvents();
-    }
-    return hasLeft();
-}
-
-void SdlHost::LeaveFullScreen() {
-    if (!fullScreen_) return;
-    fullScreen_ = false;
-    SDL_EnableScreenSaver();
-    const SDL_Rect full = WindowArea();
-    SDL_SetWindowFullscreen(window_.get(), 0);
-    // A manager puts the window back where it was; its frame, which positions depend on, is not
-    // there again yet.
-    if (isManaged_ && AwaitReturnFrom(full)) {
-        const SDL_Rect now = WindowArea();
-        windowed_.x = now.x;
-        windowed_.y = now.y;
-    }
-    PlaceWindow(windowed_);
-    surface_.Forget();
-    TrimSoon();
-}
-
-/// Where full screen shows its picture: in the middle, as large as whole pixels allow. A screen
-/// smaller than the picture shows its top left corner.
-RECT SdlHost::FullScreenPlace() const {
-    const SDL_Rect screen = WindowArea();
-    const SIZE picture = fullScreenPicture_;
-    const int scale = std::max(1, std::min(screen.w / picture.cx, screen.h / picture.cy));
-    const SIZE shown{picture.cx * scale, picture.cy * scale};
-    const POINT corner{std::max(0, (screen.w - shown.cx) / 2),
-                       std::max(0, (screen.h - shown.cy) / 2)};
-    return RectAt(corner, shown);
-}
-
-std::vector<DisplayMode> SdlHost::DisplayModes() {
-    const int display = DisplayIndex();
-    SDL_DisplayMode mode{};
-    if (SDL_GetDesktopDisplayMode(display, &mode) != 0) return {};
-    std::set<int, std::greater<>> rates = {mode.refresh_rate};
-    for (int i = 0; i < SDL_GetNumDisplayModes(display); ++i)
-        if (SDL_GetDisplayMode(display, i, &mode) == 0) rates.insert(mode.refresh_rate);
-    std::vector<DisplayMode> modes;
-    for (const int rate : rates)
-        for (const int bits : {32, 16})
-            modes.push_back({640, 480, bits, rate});
-    return modes;
-}
-
-SDL_DisplayMode SdlHost::DesktopMode() const {
-    SDL_DisplayMode mode{};
-    SDL_GetDesktopDisplayMode(DisplayIndex(), &mode);
-    return mode;
-}
-
-HRESULT SdlHost::Present(const PictureView& picture, const RECT& target,
-                         std::span<const RECT> changed) {
-    using enum WindowSurface::State;
-    if (!window_) return E_FAIL;
-    const RECT inWindow{target.left * scale_, target.top * scale_, target.right * scale_,
-                        target.bottom * scale_};
-    const WindowSurface::State state =
-        surface_.Draw(window_.get(), picture, fullScreen_ ? FullScreenPlace() : inWindow, changed);
-    if (state == Missing) return DDERR_SURFACELOST;
-    // A hidden window asks for its content when it comes up; sending it before is lost time.
-    if (shown_ && !surface_.Send(window_.get())) return DDERR_SURFACELOST;
-    // On a new surface a part is not enough.
-    const RECT whole{0, 0, picture.width, picture.height};
-    const bool isWhole = std::ranges::find(changed, whole) != changed.end();
-    return state == New && !isWhole ? DDERR_SURFACELOST : S_OK;
-}
-
-HRESULT SdlHost::DisplayState() {
-    if (!window_ || !fullScreen_) return S_OK;
-    const std::uint32_t flags = SDL_GetWindowFlags(window_.get());
-    if ((flags & SDL_WINDOW_INPUT_FOCUS) == 0 || (flags & SDL_WINDOW_MINIMIZED) != 0)
-        return DDERR_NOEXCLUSIVEMODE;
-    const SDL_DisplayMode mode = DesktopMode();
-    if (IsSameMode(mode, fullScreenMode_)) return S_OK;
-    fullScreenMode_ = mode;
-    return DDERR_WRONGMODE;
 }
 
 void SdlHost::Report(const std::string& caption, const std::string& text) {

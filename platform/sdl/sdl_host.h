@@ -21,7 +21,7 @@
 
 namespace korvane {
 
-/// What the signal watch pushes into SDL's queue.
+/// The event that the signal watch pushes into SDL's queue.
 inline constexpr std::uint32_t kTerminateEvent = SDL_USEREVENT;
 
 /// The desktop: one SDL window whose surface takes the picture, the system's clock, and the files
@@ -85,10 +85,10 @@ class SdlHost final : public Host {
     bool HasFrame() const;
     bool AwaitReturnFrom(const SDL_Rect& full) const;
     RECT FullScreenPlace() const;
-    /// All pictures were loaded: much of the heap is spare once they are shown.
+    /// To be called after pictures were loaded: once they are shown, much of the heap is unused.
     void TrimSoon();
 
-    // Events, in sdl_events.cpp.
+    // In sdl_events.cpp.
     void PumpEvents();
     void Translate(const SDL_Event& event);
     void OnWindowEvent(const SDL_WindowEvent& event);
@@ -104,14 +104,14 @@ class SdlHost final : public Host {
     WindowSurface surface_;
     bool shown_ = false;                    ///< the window is on the screen
     std::optional<std::uint64_t> trimDue_;  ///< SDL's milliseconds
-    bool exposed_ = false;                  ///< the screen has forgotten it
+    bool exposed_ = false;                  ///< the screen no longer shows it
 
     bool fullScreen_ = false;
     SIZE fullScreenPicture_;
     SDL_DisplayMode fullScreenMode_{};
     /// Where the window was, or is to be, outside full screen; in screen pixels.
     SDL_Rect windowed_{};
-    bool isManaged_ = false;  ///< a window manager had framed it then
+    bool isManaged_ = false;  ///< it had a window manager's frame there
 
     SdlSound sound_;
 

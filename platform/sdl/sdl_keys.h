@@ -22,8 +22,8 @@ class KeyTable {
   public:
     explicit KeyTable(const LayoutSymbols& symbols);
 
-    /// A code of platform/virtual_keys.h (which lists only the keys that the game names), 0 for
-    /// keys that have none. With NumLock off the keypad's digits are the keys that are printed
+    /// A code of platform/base/virtual_keys.h (which lists only the keys that the game names), 0
+    /// for keys that have none. With NumLock off the keypad's digits are the keys that are printed
     /// below them.
     std::uint8_t CodeOf(SDL_Scancode key, bool numLock) const;
 

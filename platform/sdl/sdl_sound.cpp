@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kQuiet(100);
 
-/// Drivers that nobody hears are only wanted by somebody who names them.
+/// Drivers that play nowhere are used only when the user names one.
 bool DriverIsMute() {
     const char* driver = SDL_GetCurrentAudioDriver();
     if (driver == nullptr) return true;
@@ -36,8 +36,8 @@ void QuietStart::Render(std::span<std::int16_t> samples) {
     std::ranges::fill(samples, std::int16_t{0});
 }
 
-/// An open device, and the thread that opens it again. Shared with the thread that ends it, which
-/// outlives everybody else when the sound system hangs.
+/// An open device, and the thread that opens it again. The thread that ends both shares it, and may
+/// outlive everything else when the sound system hangs.
 class SdlSound::Device {
   public:
     Device(const Opener& opener, const Times& times, SoundSource& source)
@@ -50,9 +50,9 @@ class SdlSound::Device {
     void OnRemoved(SDL_AudioDeviceID removed);
 
     void AskToEnd();
-    /// Waits for thread and device as long as they take.
+    /// Ends thread and device, however long that takes.
     void End();
-    /// False: they take too long.
+    /// False when that takes too long.
     bool AwaitEnd();
 
   private:
@@ -89,7 +89,7 @@ void SdlSound::Device::Keep() {
         if (ending_) return;
         const SDL_AudioDeviceID gone = std::exchange(device_, 0);
         removed_ = 0;
-        // Opening and closing may wait for the system; nobody is to wait for the lock meanwhile.
+        // Opening and closing may take long; nobody must wait for the lock meanwhile.
         lock.unlock();
         if (gone != 0) SDL_CloseAudioDevice(gone);
         const SDL_AudioDeviceID found = opener_(source_);
@@ -150,7 +150,7 @@ void SdlSound::Close() {
     } catch (const std::system_error&) {
         device->End();
     }
-    // What a sound system that hangs has of ours is left to it: the program must be able to end.
+    // A sound system that hangs keeps what it uses: the program must be able to end.
     if (device->AwaitEnd()) SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
 

@@ -13,7 +13,7 @@
 
 namespace korvane {
 
-/// Another source after a time of silence.
+/// Plays silence for some time, then another source.
 class QuietStart final : public SoundSource {
   public:
     using Clock = std::chrono::steady_clock;
@@ -29,11 +29,11 @@ class QuietStart final : public SoundSource {
 
 /// The system's default sound device. SDL asks the source for frames on a thread of its own.
 ///
-/// It plays nothing at first: the program's pictures are read and shown meanwhile, and the first
-/// music, which takes some 20 ms to open, would take the processors from them.
+/// It is silent at first. The program loads and shows its pictures then, and opening the first
+/// music would delay them by some 20 ms.
 ///
 /// When the device vanishes (a plug pulled, a sound server restarted), a second thread opens the
-/// default device again, time after time until there is one; whoever opened the sound never waits.
+/// default device again until there is one; the program never waits for that.
 class SdlSound {
   public:
     /// Opens a device and starts it; 0 when there is none.
@@ -41,9 +41,9 @@ class SdlSound {
     static SDL_AudioDeviceID OpenDefault(SoundSource& source);
 
     struct Times {
-        /// Between two looks for a device: half of the second after which it is to be heard.
+        /// Between two tries to open a device, which is to be heard a second after it has come.
         std::chrono::milliseconds retry{500};
-        /// So long Close waits for a sound system that hangs.
+        /// How long Close waits for a sound system that hangs.
         std::chrono::milliseconds patience{1000};
     };
 

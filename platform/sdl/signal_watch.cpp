@@ -14,7 +14,7 @@ bool IsIgnored(int signal) {
     return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
 }
 
-/// Wakes the waiting thread at the end; always watched, so it must be none of the others.
+/// Ends the waiting thread. It is always watched, so it must be none of the others.
 constexpr int kEndSignal = SIGUSR2;
 
 }  // namespace
@@ -24,8 +24,8 @@ SignalWatch::SignalWatch(std::function<void()> onSignal) : onSignal_(std::move(o
     sigaddset(&signals_, kEndSignal);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         if (!IsIgnored(signal)) sigaddset(&signals_, signal);
-    // A pipe or socket whose other end has gone, and a file that may not grow, are errors of one
-    // call and no end.
+    // A closed pipe or a file that may not grow is an error of one call and must not end the
+    // program.
     for (const int signal : {SIGPIPE, SIGXFSZ})
         std::signal(signal, SIG_IGN);
     pthread_sigmask(SIG_BLOCK, &signals_, nullptr);

@@ -13,10 +13,10 @@ namespace korvane {
 ///
 /// The signals are blocked in all other threads and taken by one that waits for them: nothing is
 /// interrupted halfway, the function may do what a signal handler must not (push an event and wake
-/// the main thread), and further signals never end the process. They stay blocked when the watch
-/// ends, because the settings are saved after that. SIGPIPE and SIGXFSZ are ignored.
+/// the main thread), and further signals never end the process. They stay blocked after the watch
+/// has ended, because the settings are saved then. SIGPIPE and SIGXFSZ are ignored.
 ///
-/// When the system has no thread left the signals end the process.
+/// When no thread can be made, the signals end the process as usual.
 class SignalWatch {
   public:
     /// To be made before any other thread, which inherits the blocked signals.

@@ -36,8 +36,8 @@ WindowSurface::State WindowSurface::Draw(SDL_Window* window, const PictureView& 
                                          const RECT& target, std::span<const RECT> changed) {
     SDL_Surface* const surface = SDL_GetWindowSurface(window);
     if (surface == nullptr) return State::Missing;
-    // SDL hands out a new surface when the window changed size. Our mark tells it from the old
-    // one, which the address would not.
+    // SDL makes a new surface when the window changes size, perhaps at the same address. Ours is
+    // marked.
     const bool isNew = std::exchange(forgotten_, false) || surface->userdata != this;
     if (isNew) {
         SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));

@@ -15,8 +15,8 @@ namespace korvane {
 
 /// Draws on the surface that SDL keeps for a window, and sends it to the screen.
 ///
-/// There is no way through the graphics card: only changed parts are sent, so scaling in software
-/// costs less than a renderer's whole frames do.
+/// It does not use the graphics card: only changed parts are sent, so scaling them in software
+/// costs less than whole frames of a renderer would.
 class WindowSurface {
   public:
     /// What Draw found: the surface as it was left, a new black one (the window has another size
@@ -30,7 +30,7 @@ class WindowSurface {
     /// Sends what was drawn since the last call. False when SDL could not: then all that was drawn
     /// is sent by the next call.
     bool Send(SDL_Window* window);
-    /// The screen has forgotten the window: the next Send sends everything.
+    /// The screen no longer shows the window: the next Send sends everything.
     void SendAll() { sendAll_ = true; }
     /// The next Draw begins with a black surface.
     void Forget() { forgotten_ = true; }

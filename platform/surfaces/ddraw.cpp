@@ -2,7 +2,7 @@
 
 #include "platform/host/host.h"
 #include "platform/surfaces/ddraw_surfaces.h"
-#include "platform/window/full_screen.h"
+#include "platform/window/desktop.h"
 
 namespace korvane {
 namespace {
@@ -69,7 +69,7 @@ void DirectDraw::LeaveFullScreen() {
     if (!share_->fullScreen) return;
     share_->fullScreen = false;
     TheHost().LeaveFullScreen();
-    NoteFullScreen(std::nullopt);
+    SetFullScreenPicture(std::nullopt);
 }
 
 HRESULT DirectDraw::SetDisplayMode(std::uint32_t width, std::uint32_t height,
@@ -83,7 +83,7 @@ HRESULT DirectDraw::SetDisplayMode(std::uint32_t width, std::uint32_t height,
     if (!TheHost().EnterFullScreen(mode_)) return E_FAIL;
     share_->format = FormatOfDepth(static_cast<int>(bitsPerPixel));
     share_->fullScreen = true;
-    NoteFullScreen(mode_);
+    SetFullScreenPicture(mode_);
     return S_OK;
 }
 

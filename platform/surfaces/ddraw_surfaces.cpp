@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "platform/window/shown_picture.h"
+#include "platform/window/desktop.h"
 
 namespace korvane {
 namespace {
@@ -156,7 +156,7 @@ BackSurface::BackSurface(std::shared_ptr<DisplayShare> share, SIZE size)
 }
 
 BackSurface::~BackSurface() {
-    TheShownPicture().ForgetGame(ShownView().pixels);
+    TheDesktop().picture.ForgetGame(ShownView().pixels);
     if (Share().back == this) Share().back = nullptr;
 }
 
@@ -222,7 +222,7 @@ HRESULT BackSurface::Show(const RECT& target) {
     if (target != lastTarget_) unsent_.assign(1, Area());
     if (unsent_.empty()) return S_OK;
     ConvertForHost(unsent_);
-    const HRESULT result = TheShownPicture().ShowGame(ShownView(), target, unsent_);
+    const HRESULT result = TheDesktop().picture.ShowGame(ShownView(), target, unsent_);
     if (Failed(result)) return result;
     lastTarget_ = target;
     unsent_.clear();

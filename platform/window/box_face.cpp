@@ -18,7 +18,7 @@ bool ContinuesCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
-/// Bytes of the longest beginning that fits, at least one character.
+/// The length in bytes of the longest part of a word that fits, at least one character.
 std::size_t FittingCharacters(std::string_view word, int width, int scale) {
     std::size_t fitting = 0;
     for (std::size_t end = 1; end <= word.size(); ++end) {
@@ -54,7 +54,7 @@ void WrapLine(std::vector<std::string>& lines, std::string_view text, int width,
     lines.push_back(line);
 }
 
-/// What a box has round its text.
+/// What surrounds a box's text.
 struct Surroundings {
     int border = 0;
     int top = 0;  ///< border and caption

@@ -17,8 +17,8 @@ struct BoxText {
     bool errorIcon = false;
 };
 
-/// Who draws the box's frame and caption: the box within a window's picture, the desktop when the
-/// box is the window.
+/// Who draws frame and caption: the box itself when it lies over the window's picture, the desktop
+/// when the window shows only the box.
 enum class BoxFrame { Own, Desktop };
 
 /// The look of a message box. All places count from the box's corner.

@@ -11,18 +11,19 @@
 
 #include "platform/host/host.h"
 #include "platform/window/menu.h"
-#include "platform/window/menu_layout.h"
+#include "platform/window/menu_bar.h"
+#include "platform/window/shown_picture.h"
 #include "platform/window/user.h"
 
 namespace korvane {
 
-// What the files of the window side share with each other; no program includes this.
+// Shared by the files of the layer; no program includes this.
 
-// The classic desktop's measures; the real frame belongs to the window manager.
+// The measures that programs are told. The real frame belongs to the window manager.
 inline constexpr int kWindowFrame = 4;
 inline constexpr int kWindowCaption = 19;
 
-/// In the lParam of a key's message: it comes from the keyboard's automatic repeat.
+/// Set in the lParam of a key's message that comes from the keyboard's automatic repeat.
 inline constexpr LPARAM kRepeatedKey = LPARAM{1} << 30;
 
 struct Window {
@@ -33,9 +34,9 @@ struct Window {
     std::span<const std::uint32_t> icon;  ///< of its class
     std::unique_ptr<Menu> menu;
     bool shown = false;
-    bool hiddenAgain = false;  ///< was seen as a box or dialog alone, and has not been shown since
+    bool hiddenAgain = false;  ///< only a box or dialog was seen, and has closed
     bool minimized = false;
-    bool active = false;  ///< has the keyboard, by itself or through a box or dialog
+    bool active = false;  ///< it, or a box or dialog over it, has the keyboard
 };
 
 struct Timer {
@@ -51,8 +52,11 @@ struct QueuedMessage {
 
 class ModalWindow;
 
-/// Everything that the window system of this one-window program remembers.
-struct Desktop {
+/// The whole state of the window system, which has one window.
+struct Desktop final : MenuOwner {
+    void OnPopupOpening(std::size_t popup) override;
+    void OnCommandChosen(std::uint16_t command) override;
+
     std::vector<WNDCLASS> classes;
     std::unique_ptr<Window> window;
     std::deque<QueuedMessage> queue;
@@ -61,7 +65,9 @@ struct Desktop {
     std::uint8_t modifiers = 0;       ///< as of the last message taken
     std::bitset<256> heldAsPlainKey;  ///< keys whose press went out as WM_KEYDOWN
     std::optional<SIZE> fullScreen;   ///< size of the picture shown in full screen
-    ModalWindow* modal = nullptr;     ///< the one that has keys and mouse now
+    ModalWindow* modal = nullptr;     ///< the box or dialog that has keys and mouse now
+    MenuBar menuBar{*this};
+    ShownPicture picture;
 };
 
 Desktop& TheDesktop();
@@ -69,13 +75,14 @@ Desktop& TheDesktop();
 /// Adds a message for the window to the end of the queue.
 void Enqueue(std::uint32_t message, WPARAM wParam, LPARAM lParam, std::uint8_t modifiers = 0);
 
-/// Turns what has happened outside into messages and changes of the window, until a message waits
-/// or nothing more has happened. One at a time, so that whoever handles a message sees menu and
-/// window as they were when it came.
+/// Turns the host's events into messages and changes of the window, until a message waits or no
+/// event is left. Later events stay with the host, so that the message is handled while menu and
+/// window are as they were when it came. Then shows what has changed.
 void TakeHostEvents();
 
-/// The next message ends the program: no box or dialog handles it or stays for anything else.
-bool EndWaits();
+/// True when the next message ends the program. Boxes and dialogs then close and leave that message
+/// to the program.
+bool IsEndWaiting();
 
 /// Milliseconds until the next timer is due; nothing when no timer runs.
 std::optional<std::uint32_t> TimeToNextTimer();
@@ -83,12 +90,14 @@ std::optional<std::uint32_t> TimeToNextTimer();
 /// The height of the window's menu bar as it is shown now; 0 without one.
 int ShownMenuBarHeight();
 
-// The menu in use (window_menu.cpp).
-/// True when the event is the menu's.
-bool MenuTakes(const HostEvent& event);
-/// Lays the window's menu out anew: it, the client area or the way of showing has changed.
+/// Lays the menu bar out again and closes an open popup. To be called when the menu, the client
+/// area or whether the bar is seen has changed.
 void ResetMenuBar();
-/// Hands changes of the bar and the open popup to the shown picture.
+/// Paints the bar and the open popup again if they have changed.
 void RefreshMenu();
+
+/// The display side of the layer calls this when it has taken the whole screen for pictures of this
+/// size, or left it (nothing). Mouse positions, the window's frame and the overlays depend on it.
+void SetFullScreenPicture(std::optional<SIZE> pictureSize);
 
 }  // namespace korvane

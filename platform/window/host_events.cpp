@@ -1,6 +1,5 @@
 #include "platform/window/desktop.h"
 #include "platform/window/modal_window.h"
-#include "platform/window/shown_picture.h"
 
 namespace korvane {
 namespace {
@@ -19,8 +18,8 @@ void OnKey(const HostEvent& event) {
                 event.modifiers);
         return;
     }
-    // A press and its release go out as a pair: a key let go while Alt happens to be down would
-    // otherwise stay held for a program that follows WM_KEYUP.
+    // A press and its release are of one kind. Otherwise a key that is released while Alt happens
+    // to be down would stay held for a program that follows WM_KEYUP.
     const bool system = !heldAsPlainKey[event.key] && IsSystemKey(event);
     heldAsPlainKey[event.key] = false;
     Enqueue(system ? WM_SYSKEYUP : WM_KEYUP, event.key, 0, event.modifiers);
@@ -35,7 +34,7 @@ void OnLeftButtonDown(const HostEvent& event) {
 }
 
 void OnActivation(Window& window, bool active) {
-    // The keyboard belonged to what stood alone in the window.
+    // The box or dialog that was alone in the window got or lost the keyboard, not the window.
     if (window.hiddenAgain) return;
     window.active = active;
     const int low = static_cast<int>(active ? WA_ACTIVE : WA_INACTIVE);
@@ -45,7 +44,7 @@ void OnActivation(Window& window, bool active) {
 void OnResized(Window& window) {
     ResetMenuBar();
     const RECT client = GetClientRect(&window);
-    TheShownPicture().Expose({0, 0, client.right, client.bottom + ShownMenuBarHeight()});
+    TheDesktop().picture.Expose({0, 0, client.right, client.bottom + ShownMenuBarHeight()});
     SendMessage(&window, WM_SIZE, SIZE_RESTORED,
                 static_cast<LPARAM>(MakeParam(client.right, client.bottom)));
 }
@@ -73,7 +72,7 @@ void OnHostEvent(Window& window, const HostEvent& event) {
             window.minimized = false;
             return OnResized(window);
         case HostEventType::Resized:
-            // A size that comes late must not wake a window that is gone from the screen.
+            // A size that is reported late must not restore a minimized window.
             if (!window.minimized) OnResized(window);
             return;
         case HostEventType::Moved:
@@ -95,19 +94,20 @@ void OnHostEvent(Window& window, const HostEvent& event) {
 void TakeHostEvents() {
     Desktop& desktop = TheDesktop();
     HostEvent event;
-    // What comes after a dialog's end is no longer the dialog's.
+    // Events after a dialog's end are not meant for the dialog.
     const auto mayTake = [&] {
         return desktop.queue.empty() && (!desktop.modal || desktop.modal->IsOpen());
     };
     while (mayTake() && TheHost().NextEvent(event)) {
         if (!desktop.window) continue;
-        const bool taken = desktop.modal ? desktop.modal->Takes(event) : MenuTakes(event);
+        const bool taken =
+            desktop.modal ? desktop.modal->Takes(event) : desktop.menuBar.Takes(event);
         if (!taken) OnHostEvent(*desktop.window, event);
     }
     if (!desktop.window) return;
     RefreshMenu();
     if (desktop.modal) desktop.modal->Refresh();
-    if (desktop.window->shown || desktop.modal) TheShownPicture().Update();
+    if (desktop.window->shown || desktop.modal) desktop.picture.Update();
 }
 
 }  // namespace korvane

@@ -14,7 +14,8 @@ std::size_t IndexAt(const std::vector<RECT>& areas, POINT point) {
     return kNoEntry;
 }
 
-/// The entry after (or before) another one in a ring of `count`; from none the first (or last).
+/// The next entry of `count`, or the one before for a negative step; the ends meet. From no entry
+/// to the first or the last.
 std::size_t StepInRing(std::size_t from, int step, std::size_t count) {
     if (from == kNoEntry) return step > 0 ? 0 : count - 1;
     return (from + (step > 0 ? 1 : count - 1)) % count;
@@ -70,8 +71,6 @@ bool MenuBar::Takes(const HostEvent& event) {
     }
 }
 
-// Keys. ------------------------------------------------------------------------------------------
-
 bool MenuBar::OnKeyDown(const HostEvent& event) {
     if (!IsActive()) return OnKeyAtRest(event);
     OnKeyInUse(event);
@@ -98,8 +97,8 @@ void MenuBar::OnKeyInUse(const HostEvent& event) {
     const auto key = event.key;
     if (key == VK_LEFT || key == VK_RIGHT) return StepTitle(key == VK_LEFT ? -1 : 1);
     if (key == VK_UP || key == VK_DOWN) return StepItem(key == VK_UP ? -1 : 1);
-    // What opens, chooses or closes goes by the press alone: a key held a moment too long would
-    // otherwise also act on what the press led to.
+    // Automatic repeat moves, but does not open, choose or close: a key held a moment too long
+    // would act a second time, on what its press has opened.
     if (event.repeat) return;
     switch (key) {
         case VK_ESCAPE:
@@ -129,11 +128,9 @@ void MenuBar::OnLetter(std::uint8_t key) {
     do {
         item = StepInRing(item, 1, Items().size());
     } while (!isNamed(Items()[item]));
-    // A letter of several items goes from one to the next, and Return chooses.
+    // A letter that several items share goes from one to the next; Return then chooses.
     return count == 1 ? Choose(item) : Light(item);
 }
-
-// Mouse. -----------------------------------------------------------------------------------------
 
 bool MenuBar::OnPress(POINT at) {
     const bool wasActive = IsActive();
@@ -147,7 +144,7 @@ bool MenuBar::OnPress(POINT at) {
     } else {
         Close();
     }
-    // The bar itself is no part of the program's client area, even where it has no title.
+    // A press on the bar is never the program's, even where the bar has no title.
     return wasActive || at.y < kMenuBarHeight;
 }
 
@@ -165,12 +162,11 @@ void MenuBar::OnMove(POINT at) {
         return FocusTitle(title);
     }
     if (!popupOpen_) return;
-    // A pointer that rests on an item, or beside the popup, leaves the arrow keys their choice.
+    // Only a pointer that comes to another item lights it: one that rests must not undo what the
+    // arrow keys have lit.
     const std::size_t item = ItemAt(at);
     if (std::exchange(pointed_, item) != item) Light(item);
 }
-
-// What they lead to. -----------------------------------------------------------------------------
 
 void MenuBar::FocusTitle(std::size_t title) {
     if (title >= titles_.size()) return;
@@ -181,7 +177,7 @@ void MenuBar::FocusTitle(std::size_t title) {
 void MenuBar::Open(std::size_t popup, Highlight highlight) {
     const Menu* menu = menu_;
     const bool pressed = pressed_;
-    owner_.BeforePopup(popup);
+    owner_.OnPopupOpening(popup);
     if (menu_ != menu || popup >= titles_.size()) return;  // the owner has replaced the menu
     ClosePopup();
     lit_ = popup;
@@ -224,10 +220,8 @@ void MenuBar::Choose(std::size_t item) {
     if (item == kNoEntry || !Items()[item].IsEnabled()) return;
     const std::uint16_t command = Items()[item].command;
     Close();
-    owner_.Chosen(command);
+    owner_.OnCommandChosen(command);
 }
-
-// Where things are. ------------------------------------------------------------------------------
 
 std::size_t MenuBar::TitleAt(POINT at) const {
     return IndexAt(titles_, at);
@@ -243,8 +237,6 @@ std::size_t MenuBar::ItemAt(POINT at) const {
     const std::size_t item = IndexAt(layout_.items, at);
     return item == kNoEntry || Items()[item].IsSeparator() ? kNoEntry : item;
 }
-
-// What to show. ----------------------------------------------------------------------------------
 
 bool MenuBar::TakeBarChange() {
     return std::exchange(barChanged_, false);

@@ -11,37 +11,37 @@
 
 namespace korvane {
 
-/// Whom a menu bar works for.
+/// Whom a menu bar tells what the user does with it.
 class MenuOwner {
   public:
-    /// A popup is about to show: the moment to check and grey its items.
-    virtual void BeforePopup(std::size_t popup) = 0;
-    virtual void Chosen(std::uint16_t command) = 0;
+    /// A popup is about to open: the moment to check and grey its items, or to replace the menu.
+    virtual void OnPopupOpening(std::size_t popup) = 0;
+    virtual void OnCommandChosen(std::uint16_t command) = 0;
 
   protected:
     ~MenuOwner() = default;
 };
 
-/// A menu bar along the top of the client area, in use by mouse and keyboard.
+/// A menu bar along the top of the client area, used by mouse and keyboard.
 ///
-/// It is at rest, or its titles have the keyboard, or one popup is open. It draws nothing by
-/// itself: whoever shows it asks what has changed.
+/// It is at rest, or its titles have the keyboard, or one popup is open. It does not show itself:
+/// its user asks what has changed, and for pictures of it.
 class MenuBar {
   public:
     explicit MenuBar(MenuOwner& owner) : owner_(owner) {}
 
-    /// From now on serves this menu (null: none) in a client area of this size, bar included. What
-    /// was open closes.
+    /// Uses this menu (null: none) from now on, in a client area of this size, which includes the
+    /// bar. An open popup closes.
     void Attach(const Menu* menu, SIZE area, int scale);
     void Close();
     bool IsActive() const { return lit_ != kNoEntry; }
 
-    /// True when the event is the menu's, and so nobody else's. Releases of keys never are.
+    /// Handles an event. True when nobody else may get it; releases of keys go to everybody.
     bool Takes(const HostEvent& event);
 
-    // What to show. ------------------------------------------------------------------------------
     const Menu* Attached() const { return menu_; }
-    /// True once after every change of the bar's look, and of the popup's or whether one is open.
+    /// True once after the bar's look has changed; likewise for the popup's, or whether one is
+    /// open.
     bool TakeBarChange();
     bool TakePopupChange();
     Canvas PaintBar() const;

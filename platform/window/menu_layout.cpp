@@ -62,7 +62,7 @@ void PaintSeparator(Canvas& canvas, const RECT& row) {
     canvas.Fill({row.left + 1, y + 1, row.right - 1, y + 2}, kLightColour);
 }
 
-/// Greyed text is embossed; on the selection's dark ground that could not be read.
+/// Greyed text is embossed, but not on the selection's dark ground, where it could not be read.
 TextLook LookOf(const MenuItem& item, bool lit) {
     TextLook look;
     look.underlined = item.label.underlined;

@@ -21,11 +21,11 @@ std::vector<RECT> LayOutTitles(const Menu& menu, int scale);
 
 struct PopupLayout {
     RECT place;               ///< with the border
-    std::vector<RECT> items;  ///< one for each item, with all of the popup's width
+    std::vector<RECT> items;  ///< one for each item, as wide as the popup inside its border
 };
 
-/// A popup whose corner is at the given point, or as near as it must be to lie in 0, 0, area; a
-/// popup that is larger than the area sticks out at the right and bottom.
+/// A popup with its corner at the given point, or moved as far as it takes to lie in an area that
+/// begins at 0, 0. A popup that is larger than the area sticks out at the right and bottom.
 PopupLayout LayOutPopup(const MenuPopup& popup, POINT corner, SIZE area, int scale);
 
 /// The bar with one lit title, or kNoEntry.

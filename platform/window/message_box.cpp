@@ -2,20 +2,40 @@
 
 #include <utility>
 
+#include "platform/window/box_face.h"
 #include "platform/window/desktop.h"
+#include "platform/window/modal_window.h"
 
 namespace korvane {
+namespace {
 
-MessageBoxWindow::MessageBoxWindow(Window& window, BoxText text)
-    : ModalWindow(window, Overlay::Box), text_(std::move(text)) {}
+/// A message box, from Run to the answer.
+class MessageBoxWindow final : public ModalWindow {
+  public:
+    MessageBoxWindow(Window& window, BoxText text)
+        : ModalWindow(window, Overlay::Box), text_(std::move(text)) {}
+
+  protected:
+    const std::string& Title() const override { return text_.caption; }
+    SIZE LayOut(bool framed, SIZE limit, int scale) override;
+    Canvas Paint(int scale) const override { return PaintBox(text_, face_, button_, scale); }
+    void OnKeyDown(const HostEvent& event) override;
+    void OnPointer(const HostEvent& event, POINT at) override;
+    void OnInputLost() override;
+    bool OnCloseBox() override;
+
+  private:
+    void SetButton(ButtonLook look);
+
+    BoxText text_;
+    BoxFace face_;
+    ButtonLook button_ = ButtonLook::Up;
+    bool pressed_ = false;  ///< the mouse button went down on the box's button and is held
+};
 
 SIZE MessageBoxWindow::LayOut(bool framed, SIZE limit, int scale) {
     face_ = LayOutBox(text_, framed ? BoxFrame::Own : BoxFrame::Desktop, limit, scale);
     return face_.size;
-}
-
-Canvas MessageBoxWindow::Paint(int scale) const {
-    return PaintBox(text_, face_, button_, scale);
 }
 
 void MessageBoxWindow::OnKeyDown(const HostEvent& event) {
@@ -32,12 +52,12 @@ void MessageBoxWindow::OnPointer(const HostEvent& event, POINT at) {
     if (event.type == HostEventType::LeftButtonDown) pressed_ = inside;
     if (event.type == HostEventType::LeftButtonUp && std::exchange(pressed_, false) && inside)
         Close();
-    Look(pressed_ && inside ? ButtonLook::Down : ButtonLook::Up);
+    SetButton(pressed_ && inside ? ButtonLook::Down : ButtonLook::Up);
 }
 
 void MessageBoxWindow::OnInputLost() {
     pressed_ = false;
-    Look(ButtonLook::Up);
+    SetButton(ButtonLook::Up);
 }
 
 bool MessageBoxWindow::OnCloseBox() {
@@ -45,9 +65,11 @@ bool MessageBoxWindow::OnCloseBox() {
     return true;
 }
 
-void MessageBoxWindow::Look(ButtonLook look) {
+void MessageBoxWindow::SetButton(ButtonLook look) {
     if (std::exchange(button_, look) != look) Changed();
 }
+
+}  // namespace
 
 void MessageBox(HWND /*owner*/, const std::string& text, const std::string& caption,
                 std::uint32_t flags) {

@@ -1,33 +1,19 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
-#include "platform/window/box_face.h"
-#include "platform/window/modal_window.h"
+#include "platform/base/types.h"
 
 namespace korvane {
 
-/// A message box, from Run to the answer.
-class MessageBoxWindow final : public ModalWindow {
-  public:
-    MessageBoxWindow(Window& window, BoxText text);
+inline constexpr std::uint32_t MB_OK = 0x00;
+inline constexpr std::uint32_t MB_ICONERROR = 0x10;
 
-  protected:
-    const std::string& Title() const override { return text_.caption; }
-    SIZE LayOut(bool framed, SIZE limit, int scale) override;
-    Canvas Paint(int scale) const override;
-    void OnKeyDown(const HostEvent& event) override;
-    void OnPointer(const HostEvent& event, POINT at) override;
-    void OnInputLost() override;
-    bool OnCloseBox() override;
-
-  private:
-    void Look(ButtonLook look);
-
-    BoxText text_;
-    BoxFace face_;
-    ButtonLook button_ = ButtonLook::Up;
-    bool pressed_ = false;  ///< the button went down on the box's button and is held
-};
+/// Shows a message over the window's picture and returns when the user has closed it. The owner is
+/// deactivated meanwhile; other messages still reach it, keys and mouse do not. A request to end
+/// the program closes the box, too. Of a window that was never shown only the box is seen.
+void MessageBox(HWND owner, const std::string& text, const std::string& caption,
+                std::uint32_t flags);
 
 }  // namespace korvane

@@ -43,8 +43,8 @@ void Enqueue(std::uint32_t message, WPARAM wParam, LPARAM lParam, std::uint8_t m
     desktop.queue.push_back({{desktop.window.get(), message, wParam, lParam}, modifiers});
 }
 
-bool EndWaits() {
-    // What the host holds is not taken here: it can be meant for whatever opens next.
+bool IsEndWaiting() {
+    // Takes no host events: they may be meant for a box or dialog that opens next.
     MSG waiting;
     if (!FindMessage(waiting, PM_NOREMOVE)) return false;
     return waiting.message == WM_QUIT || waiting.message == WM_CLOSE ||
@@ -63,7 +63,8 @@ std::optional<std::uint32_t> TimeToNextTimer() {
 }
 
 bool PeekMessage(MSG& message, PeekMode mode) {
-    TakeHostEvents();
+    // The one place where host events are taken.
+    if (TheDesktop().queue.empty()) TakeHostEvents();
     return FindMessage(message, mode);
 }
 
@@ -74,7 +75,7 @@ bool GetMessage(MSG& message) {
 }
 
 void WaitMessage() {
-    // What the host holds is not taken here: it could be the very thing that is waited for.
+    // Takes no host events: the host would then wait for another one.
     MSG waiting;
     if (!FindMessage(waiting, PM_NOREMOVE)) TheHost().WaitForEvent(TimeToNextTimer());
 }

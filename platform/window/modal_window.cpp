@@ -8,7 +8,7 @@
 namespace korvane {
 namespace {
 
-/// Where it may lie: the game's picture.
+/// Where a box or dialog may lie: over the game's picture.
 RECT PictureArea() {
     if (const auto& fullScreen = TheDesktop().fullScreen)
         return {0, 0, fullScreen->cx, fullScreen->cy};
@@ -27,7 +27,7 @@ void PlaceWindow(const RECT& area) {
     TheHost().SetClientOrigin({area.left, area.top});
 }
 
-/// The program will not see the releases of the keys that are held now, so it gets them at once.
+/// The program will not see the releases of the keys that are held now, so they are sent at once.
 void ReleaseHeldKeys() {
     auto& held = TheDesktop().heldAsPlainKey;
     for (std::size_t key = 0; key < held.size(); ++key)
@@ -45,10 +45,8 @@ std::optional<std::uint32_t> Sooner(std::optional<std::uint32_t> a,
 ModalWindow::ModalWindow(Window& window, Overlay overlay)
     : window_(window), overlay_(overlay), alone_(!window.shown && !TheDesktop().fullScreen) {}
 
-// From opening to closing. -----------------------------------------------------------------------
-
 void ModalWindow::Run() {
-    if (EndWaits()) return;
+    if (IsEndWaiting()) return;
     Desktop& desktop = TheDesktop();
     outer_ = std::exchange(desktop.modal, this);
     if (outer_) outer_->OnInputLost();
@@ -70,7 +68,7 @@ void ModalWindow::Open() {
         TheHost().SetTitle(Title());
         PlaceWindow(CentredIn(TheHost().WorkArea(), size_));
     }
-    ResetMenuBar();  // closes what is open; one that is alone has no bar
+    ResetMenuBar();  // closes an open popup; without the game's picture there is no bar
     Arrange();
     Refresh();
     UpdateTextInput();
@@ -82,7 +80,7 @@ void ModalWindow::RunLoop() {
         Tick();
         MSG message;
         const bool waits = PeekMessage(message, PM_NOREMOVE);
-        if (!open_ || EndWaits()) return;
+        if (!open_ || IsEndWaiting()) return;
         if (!waits) {
             TheHost().WaitForEvent(Sooner(TimeToNextTimer(), TimeToTick()));
         } else if (PeekMessage(message, PM_REMOVE)) {
@@ -98,18 +96,16 @@ void ModalWindow::Leave() {
         TheHost().SetTitle(window_.title);
         PlaceWindow(areaBefore_);
     }
-    TheShownPicture().Remove(overlay_);
-    if (outer_) outer_->Changed();  // it may have been drawn at the same place
+    TheDesktop().picture.RemoveOverlay(overlay_);
+    if (outer_) outer_->Changed();  // it may use the same overlay
     ResetMenuBar();
     RefreshMenu();
-    if (window_.shown) TheShownPicture().Update();
+    if (window_.shown) TheDesktop().picture.Update();
 }
 
 void ModalWindow::UpdateTextInput() {
     if (TheDesktop().modal == this) TheHost().AcceptText(open_ && WantsText());
 }
-
-// What has happened outside. ---------------------------------------------------------------------
 
 bool ModalWindow::Takes(const HostEvent& event) {
     switch (event.type) {
@@ -148,14 +144,12 @@ bool ModalWindow::OnWindowEvent(const HostEvent& event) {
         case HostEventType::Restored:
             for (ModalWindow* each = this; each; each = each->outer_)
                 each->Arrange();
-            TheShownPicture().Expose(RectAt(corner_, size_));
+            TheDesktop().picture.Expose(Place());
             return alone_;
         default:
             return alone_;
     }
 }
-
-// Where it lies. ---------------------------------------------------------------------------------
 
 void ModalWindow::Arrange() {
     scale_ = TheDesktop().fullScreen ? 1 : TheHost().Scale();
@@ -177,7 +171,7 @@ void ModalWindow::Arrange() {
 void ModalWindow::MoveTo(POINT corner) {
     if (FillsWindow()) return;
     const RECT area = PictureArea();
-    // What is larger than the picture shows its top left corner.
+    // A box that is larger than the picture shows its top left part.
     const POINT nearest{std::max(area.left, std::min(corner.x, area.right - size_.cx)),
                         std::max(area.top, std::min(corner.y, area.bottom - size_.cy))};
     moved_ = true;
@@ -185,9 +179,10 @@ void ModalWindow::MoveTo(POINT corner) {
 }
 
 void ModalWindow::Refresh() {
-    // One of the same kind has lent its place, and gets it back at the end.
+    // One of the same kind uses the same overlay; it is drawn again when this one closes.
     if (outer_ && outer_->overlay_ != overlay_) outer_->Refresh();
-    if (std::exchange(changed_, false)) TheShownPicture().Put(overlay_, Paint(scale_), corner_);
+    if (std::exchange(changed_, false))
+        TheDesktop().picture.SetOverlay(overlay_, Paint(scale_), corner_);
 }
 
 }  // namespace korvane

@@ -11,8 +11,9 @@
 
 namespace korvane {
 
-/// Something over the window's picture that has keys and mouse until it closes; alone in the window
-/// while that is not shown. Derived classes say what it looks like and what input does.
+/// A box or dialog over the window's picture, which gets all keys and mouse events until it closes.
+/// While the window is not shown, the box is alone in it. Derived classes paint it and handle
+/// input.
 class ModalWindow {
   public:
     ModalWindow(Window& window, Overlay overlay);
@@ -20,49 +21,50 @@ class ModalWindow {
     ModalWindow(const ModalWindow&) = delete;
     ModalWindow& operator=(const ModalWindow&) = delete;
 
-    /// Returns when it was closed, or somebody ends the program: that message waits then, and
-    /// nothing opens any more. The window is deactivated meanwhile.
+    /// Returns when it was closed, or the program is asked to end: that message stays in the queue,
+    /// and no further box opens. The window is deactivated meanwhile.
     void Run();
     /// Ends Run.
     void Close() { open_ = false; }
     bool IsOpen() const { return open_; }
-
-    /// It is, perhaps with others over it, all that the window shows.
+    /// True when the window shows only this box, and perhaps others over it.
     bool IsAlone() const { return alone_; }
-    /// Its top left corner in client coordinates, the menu bar included.
-    POINT Corner() const { return corner_; }
-    /// True when the event is this one's, and so nobody else's.
+    /// Where it lies in the client area; its menu bar counts.
+    RECT Place() const { return RectAt(corner_, size_); }
+    /// Handles an event. True when nobody else may get it.
     bool Takes(const HostEvent& event);
-    /// Hands what looks different to the shown picture.
+    /// Paints it again if it has changed.
     void Refresh();
 
   protected:
-    // What it looks like. All places count from its own corner.
+    // All places count from the box's own corner.
+
     virtual const std::string& Title() const = 0;
-    /// Arranges itself within `limit`, with a frame and caption of its own or without.
+    /// Lays the box out, with or without a frame and caption; returns its size. A box that can
+    /// choose its size stays within `limit`.
     virtual SIZE LayOut(bool framed, SIZE limit, int scale) = 0;
     virtual Canvas Paint(int scale) const = 0;
 
-    // What input does.
     virtual void OnKeyDown(const HostEvent& event) = 0;
     virtual void OnKeyUp(const HostEvent& /*event*/) {}
     virtual void OnCharacter(char32_t /*character*/) {}
     /// A move, press or release of the mouse, or a turn of the wheel.
     virtual void OnPointer(const HostEvent& event, POINT at) = 0;
-    /// The pointer's button counts as let go: somebody else has the input now.
+    /// Somebody else gets the input now: a held mouse button counts as released.
     virtual void OnInputLost() {}
-    /// The close box of the window that it is alone in; false: that ends the program.
+    /// The close box of the window was used while the box is alone in it. False: that ends the
+    /// program.
     virtual bool OnCloseBox() = 0;
     virtual bool WantsText() const { return false; }
-    /// Milliseconds until something happens by itself; Tick is called then, and sooner.
+    /// Milliseconds until Tick has something to do; it may also be called sooner.
     virtual std::optional<std::uint32_t> TimeToTick() const { return std::nullopt; }
     virtual void Tick() {}
 
-    /// It looks different from now on.
+    /// To be called when it looks different.
     void Changed() { changed_ = true; }
-    /// Lays it out anew.
+    /// Lays it out again and finds its place.
     void Arrange();
-    /// As near to a point as the picture's edges allow.
+    /// Moves its corner to a point, or as near as the picture's edges allow.
     void MoveTo(POINT corner);
     /// To be called when WantsText has changed.
     void UpdateTextInput();
@@ -77,14 +79,14 @@ class ModalWindow {
     Window& window_;
     const Overlay overlay_;
     const bool alone_;
-    ModalWindow* outer_ = nullptr;  ///< the one below, which waits
+    ModalWindow* outer_ = nullptr;  ///< the box below, which waits until this one closes
     bool open_ = true;
     bool changed_ = true;
     bool moved_ = false;  ///< by the user
     POINT corner_;
     SIZE size_;
     int scale_ = 1;
-    RECT areaBefore_;  ///< of the window that it fills
+    RECT areaBefore_;  ///< the client area before the box was alone in it
 };
 
 }  // namespace korvane

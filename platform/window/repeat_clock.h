@@ -8,17 +8,17 @@
 
 namespace korvane {
 
-/// When something that the mouse holds happens once more: first after a while, then often.
+/// Says when a held mouse button acts again: first after 300 ms, then every 50 ms.
 class RepeatClock {
   public:
     void Start() { Schedule(kFirstDelay); }
     void Stop() { scheduled_ = false; }
-    /// Milliseconds until it is due; nothing while it does not run.
+    /// Milliseconds until then; nothing while the clock does not run.
     std::optional<std::uint32_t> TimeLeft() const {
         if (!scheduled_) return std::nullopt;
         return delay_ - std::min(delay_, GetTickCount() - start_);
     }
-    /// True once every time that it is due.
+    /// True once each time the button is to act.
     bool TakeDue() {
         if (!scheduled_ || GetTickCount() - start_ < delay_) return false;
         Schedule(kDelay);

@@ -8,8 +8,13 @@ namespace {
 
 constexpr RECT kEverywhere = {INT16_MIN, INT16_MIN, INT16_MAX, INT16_MAX};
 
-RECT Moved(const RECT& rect, int dx, int dy) {
-    return {rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
+/// The same place counted from another point.
+RECT CountedFrom(const RECT& place, POINT origin) {
+    return RectAt({place.left - origin.x, place.top - origin.y}, place.Size());
+}
+
+POINT CornerOf(const RECT& place) {
+    return {place.left, place.top};
 }
 
 /// Adds to `rest` what `area` has outside `hole`: at most four rectangles.
@@ -32,26 +37,13 @@ bool IsStretched(const PictureView& picture, const RECT& target) {
 
 }  // namespace
 
-ShownPicture& TheShownPicture() {
-    static ShownPicture picture;
-    return picture;
-}
-
-// The game's side. -------------------------------------------------------------------------------
-
 HRESULT ShownPicture::ShowGame(const PictureView& picture, const RECT& target,
                                std::span<const RECT> changed) {
-    // A stretched picture's changes have no sharp edges in the client area: it is sent whole where
-    // it changed, and the overlays over it once more.
+    // Parts of a stretched picture have no exact edges in the client area: they are sent whole, and
+    // the overlays once more over them.
     const bool stretched = IsStretched(picture, target);
     std::vector<RECT> parts(changed.begin(), changed.end());
-    if (!stretched) {
-        for (RECT& part : parts)
-            part = Moved(part, target.left, target.top);
-        parts = Uncovered(parts);
-        for (RECT& part : parts)
-            part = Moved(part, -target.left, -target.top);
-    }
+    if (!stretched) parts = Uncovered(std::move(parts), CornerOf(target));
     if (!parts.empty()) {
         const HRESULT result = TheHost().Present(picture, target, parts);
         if (result == DDERR_SURFACELOST) ResendSheets(kEverywhere);
@@ -68,17 +60,14 @@ void ShownPicture::ForgetGame(const std::uint32_t* pixels) {
     if (game_.pixels == pixels) game_ = {};
 }
 
-// The layer's side. ------------------------------------------------------------------------------
-
-void ShownPicture::Put(Overlay overlay, Canvas canvas, POINT corner) {
+void ShownPicture::SetOverlay(Overlay overlay, Canvas canvas, POINT corner) {
     auto& sheet = sheets_[static_cast<std::size_t>(overlay)];
-    const SIZE size = canvas.Size();
-    const RECT place{corner.x, corner.y, corner.x + size.cx, corner.y + size.cy};
-    if (sheet && sheet->place != place) Remove(overlay);
+    const RECT place = RectAt(corner, canvas.Size());
+    if (sheet && sheet->place != place) RemoveOverlay(overlay);
     sheet.emplace(Sheet{std::move(canvas), place});
 }
 
-void ShownPicture::Remove(Overlay overlay) {
+void ShownPicture::RemoveOverlay(Overlay overlay) {
     auto& sheet = sheets_[static_cast<std::size_t>(overlay)];
     if (!sheet) return;
     const RECT place = sheet->place;
@@ -103,7 +92,7 @@ void ShownPicture::Update() {
     for (std::size_t i = 0; i < kOverlayCount; ++i) {
         auto& sheet = sheets_[i];
         if (!sheet || sheet->sent) continue;
-        sheet->sent = !Failed(Note(SendSheet(*sheet)));
+        sheet->sent = WasSent(SendSheet(*sheet));
         // What lies over a sheet that was sent must be sent after it.
         for (std::size_t above = i + 1; above < kOverlayCount; ++above)
             if (sheets_[above] && !Intersect(sheets_[above]->place, sheet->place).IsEmpty())
@@ -111,18 +100,16 @@ void ShownPicture::Update() {
     }
 }
 
-// Sending. ---------------------------------------------------------------------------------------
-
-std::vector<RECT> ShownPicture::Uncovered(std::span<const RECT> areas) const {
-    std::vector<RECT> rest(areas.begin(), areas.end());
+/// What no overlay covers of some areas, which count from `origin` in the client area.
+std::vector<RECT> ShownPicture::Uncovered(std::vector<RECT> areas, POINT origin) const {
     for (const auto& sheet : sheets_) {
         if (!sheet) continue;
         std::vector<RECT> outside;
-        for (const RECT& area : rest)
-            AddWithout(outside, area, sheet->place);
-        rest = std::move(outside);
+        for (const RECT& area : areas)
+            AddWithout(outside, area, CountedFrom(sheet->place, origin));
+        areas = std::move(outside);
     }
-    return rest;
+    return areas;
 }
 
 void ShownPicture::ResendSheets(const RECT& area) {
@@ -134,27 +121,23 @@ void ShownPicture::ResendSheets(const RECT& area) {
 bool ShownPicture::SendExposed(const RECT& area) {
     std::vector<RECT> background{area};
     if (game_.pixels) {
-        const RECT ofGame = Intersect(area, gameTarget_);
-        const std::vector<RECT> parts = Uncovered(std::span(&ofGame, ofGame.IsEmpty() ? 0 : 1));
-        if (!parts.empty() && Failed(Note(SendGame(parts)))) return false;
+        const POINT origin = CornerOf(gameTarget_);
+        const RECT ofGame = CountedFrom(Intersect(area, gameTarget_), origin);
+        const std::vector<RECT> parts = Uncovered({ofGame}, origin);
+        if (!ofGame.IsEmpty() && !parts.empty() && !WasSent(SendGame(parts))) return false;
         background.clear();
         AddWithout(background, area, gameTarget_);
     }
-    for (const RECT& part : Uncovered(background))
-        if (Failed(Note(SendBlack(part)))) return false;
+    for (const RECT& part : Uncovered(std::move(background), {0, 0}))
+        if (!WasSent(SendBlack(part))) return false;
     return true;
 }
 
-HRESULT ShownPicture::SendGame(std::span<const RECT> clientAreas) {
-    if (IsStretched(game_, gameTarget_)) {
-        const RECT all{0, 0, game_.width, game_.height};
-        ResendSheets(gameTarget_);
-        return TheHost().Present(game_, gameTarget_, std::span(&all, 1));
-    }
-    std::vector<RECT> parts;
-    for (const RECT& area : clientAreas)
-        parts.push_back(Moved(area, -gameTarget_.left, -gameTarget_.top));
-    return TheHost().Present(game_, gameTarget_, parts);
+HRESULT ShownPicture::SendGame(std::span<const RECT> parts) {
+    if (!IsStretched(game_, gameTarget_)) return TheHost().Present(game_, gameTarget_, parts);
+    const RECT all{0, 0, game_.width, game_.height};
+    ResendSheets(gameTarget_);
+    return TheHost().Present(game_, gameTarget_, std::span(&all, 1));
 }
 
 HRESULT ShownPicture::SendBlack(const RECT& area) {
@@ -168,8 +151,8 @@ HRESULT ShownPicture::SendSheet(const Sheet& sheet) {
         const RECT all{0, 0, view.width, view.height};
         return TheHost().Present(view, place, std::span(&all, 1));
     }
-    // Full screen knows but one place for a picture, the whole: so the sheet goes there as the
-    // changed part of a picture of that size.
+    // In full screen a picture always fills the whole screen. So the overlay is sent as the changed
+    // part of a picture of that size.
     Canvas whole(*fullScreen_, 1);
     whole.Paste(sheet.canvas, {place.left, place.top});
     const RECT part = Intersect(place, {0, 0, fullScreen_->cx, fullScreen_->cy});
@@ -177,13 +160,14 @@ HRESULT ShownPicture::SendSheet(const Sheet& sheet) {
                              std::span(&part, 1));
 }
 
-/// Passes on the host's answer. When it has lost everything, all that was shown is due again.
-HRESULT ShownPicture::Note(HRESULT result) {
+/// True when the host has shown what was sent. When it has lost everything that it showed, all of
+/// that must be sent again.
+bool ShownPicture::WasSent(HRESULT result) {
     if (result == DDERR_SURFACELOST) {
         lost_ = true;
         ResendSheets(kEverywhere);
     }
-    return result;
+    return !Failed(result);
 }
 
 }  // namespace korvane

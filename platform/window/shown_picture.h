@@ -19,10 +19,11 @@ inline constexpr std::size_t kOverlayCount = 4;
 
 /// What the window shows: the game's picture, and the layer's own pictures over it.
 ///
-/// Nothing is mixed in memory. The game's changes are sent without what lies under an overlay, and
-/// what an overlay uncovers is sent again from the game's last picture, so an open popup costs
-/// nothing and its end does not wait for the game's next frame. All places are in client
-/// coordinates, the menu bar included, in full screen in the shown picture's.
+/// The pictures are not combined in memory. Of the game's changes only what no overlay covers is
+/// sent, and what a closing overlay uncovers is sent again from the game's last picture: an open
+/// popup costs nothing, and closing it does not wait for the game's next frame. All places count
+/// from the top left corner of the client area (its menu bar is part of it), in full screen from
+/// that of the shown picture.
 class ShownPicture {
   public:
     /// Shows the changed parts of the game's picture, as Host::Present would, below the overlays.
@@ -31,16 +32,16 @@ class ShownPicture {
     /// The game's picture of this memory is about to die; others stay.
     void ForgetGame(const std::uint32_t* pixels);
 
-    /// Puts a picture over the game's, or in place of the overlay's former one. Update sends it.
-    void Put(Overlay overlay, Canvas canvas, POINT corner);
-    void Remove(Overlay overlay);
-    /// Everything within this area must be sent again.
+    /// Lays a picture over the game's; it replaces the overlay's former one. Update sends it.
+    void SetOverlay(Overlay overlay, Canvas canvas, POINT corner);
+    void RemoveOverlay(Overlay overlay);
+    /// The screen no longer shows this area: Update sends it again.
     void Expose(const RECT& area);
-    /// Full screen shows pictures of this size; nothing: a window. What was exposed is forgotten:
-    /// the other mode begins black.
+    /// Full screen shows pictures of this size; nothing: a window. Exposed areas are forgotten, as
+    /// each mode begins with a black screen.
     void SetFullScreen(std::optional<SIZE> pictureSize);
-    /// Sends what Put, Remove and Expose have left to send. What the host refuses at this moment
-    /// waits for the next call.
+    /// Sends what the calls above have left to send. What the host refuses now is sent by the next
+    /// call.
     void Update();
 
   private:
@@ -50,23 +51,20 @@ class ShownPicture {
         bool sent = false;
     };
 
-    std::vector<RECT> Uncovered(std::span<const RECT> areas) const;
+    std::vector<RECT> Uncovered(std::vector<RECT> areas, POINT origin) const;
     void ResendSheets(const RECT& area);
     bool SendExposed(const RECT& area);
-    HRESULT SendGame(std::span<const RECT> clientAreas);
+    HRESULT SendGame(std::span<const RECT> parts);
     HRESULT SendBlack(const RECT& area);
     HRESULT SendSheet(const Sheet& sheet);
-    HRESULT Note(HRESULT result);
+    bool WasSent(HRESULT result);
 
-    PictureView game_;  ///< as it was shown last; without pixels: never, or it has gone
+    PictureView game_;  ///< as it was shown last; no pixels before the first and after ForgetGame
     RECT gameTarget_;
     std::array<std::optional<Sheet>, kOverlayCount> sheets_;
     std::vector<RECT> exposed_;
-    bool lost_ = false;  ///< the host has lost everything, and the game does not know
+    bool lost_ = false;  ///< the host has lost the game's picture, and the game was not told
     std::optional<SIZE> fullScreen_;
 };
-
-/// That of the one window.
-ShownPicture& TheShownPicture();
 
 }  // namespace korvane

@@ -7,13 +7,9 @@
 
 #include "platform/host/host.h"
 #include "platform/window/desktop.h"
-#include "platform/window/full_screen.h"
-#include "platform/window/shown_picture.h"
 
 namespace korvane {
 namespace {
-
-// Sizes. -----------------------------------------------------------------------------------------
 
 /// What frame and caption add on each side of a client area.
 RECT FrameOf(std::uint32_t style) {
@@ -36,36 +32,18 @@ SIZE WithinTrackSizes(HWND window, SIZE outer) {
             std::clamp(outer.cy, limits.minTrackSize.cy, limits.maxTrackSize.cy)};
 }
 
-}  // namespace
-
-Desktop& TheDesktop() {
-    static Desktop desktop;
-    return desktop;
-}
-
-void NoteFullScreen(std::optional<SIZE> pictureSize) {
-    TheDesktop().fullScreen = pictureSize;
-    ResetMenuBar();
-    RefreshMenu();
-    TheShownPicture().SetFullScreen(pictureSize);
-}
-
-// Windows. ---------------------------------------------------------------------------------------
-
-bool RegisterClass(const WNDCLASS& windowClass) {
-    if (windowClass.className.empty() || !windowClass.procedure) return false;
-    TheDesktop().classes.push_back(windowClass);
-    return true;
-}
-
-namespace {
-
 void ShowIcon(std::span<const std::uint32_t> square) {
     const int side = static_cast<int>(std::lround(std::sqrt(square.size())));
     TheHost().SetIcon({square.data(), side, side, side});
 }
 
 }  // namespace
+
+bool RegisterClass(const WNDCLASS& windowClass) {
+    if (windowClass.className.empty() || !windowClass.procedure) return false;
+    TheDesktop().classes.push_back(windowClass);
+    return true;
+}
 
 HWND CreateWindowEx(std::uint32_t exStyle, const std::string& className, const std::string& title,
                     std::uint32_t style, POINT position, SIZE size) {
@@ -96,7 +74,7 @@ bool DestroyWindow(HWND window) {
     Desktop& desktop = TheDesktop();
     if (!window || window != desktop.window.get()) return false;
     if (desktop.modal) {
-        // Whoever opened it still uses what goes with the window: it ends first.
+        // The code that opened the box or dialog still uses the window, so that must close first.
         PostMessage(window, WM_CLOSE, 0, 0);
         return true;
     }
@@ -106,7 +84,7 @@ bool DestroyWindow(HWND window) {
     desktop.window.reset();
     desktop.heldAsPlainKey.reset();
     ResetMenuBar();
-    TheShownPicture() = {};
+    desktop.picture = {};
     TheHost().CloseWindow();
     return true;
 }

@@ -7,12 +7,12 @@
 
 namespace korvane {
 
-/// The frame and caption that a box or dialog within the window's picture draws by itself.
+/// Measures of the frame and caption that a box or dialog over the window's picture draws itself.
 inline constexpr int kFrameBorder = 3;
 inline constexpr int kFrameCaption = 18;
 inline constexpr int kCaptionPadding = 5;
 
-/// Where the caption lies in a frame of this size, and its close box in that.
+/// Where the caption lies in a frame of this size, and the close box in the caption.
 RECT CaptionOf(SIZE framed);
 RECT CloseBoxOf(const RECT& caption);
 

@@ -10,15 +10,85 @@
 
 namespace korvane {
 
-DialogScript::DialogScript(std::vector<std::function<void()>> steps) : steps_(std::move(steps)) {
+HostEvent Key(std::uint8_t key, bool down, std::uint8_t modifiers, bool repeat) {
+    return {.type = down ? HostEventType::KeyDown : HostEventType::KeyUp,
+            .key = key,
+            .modifiers = modifiers,
+            .repeat = repeat};
+}
+
+HostEvent Mouse(HostEventType type, POINT at) {
+    return {.type = type, .x = at.x, .y = at.y};
+}
+
+void PressKeys(std::initializer_list<std::uint8_t> keys, std::uint8_t modifiers) {
+    for (const std::uint8_t key : keys)
+        for (const bool down : {true, false})
+            Headless().PushKey(key, down, modifiers);
+}
+
+Act::Act(const char32_t* text) : do_([=] { Headless().PushText(text); }) {}
+
+Act Alt(int key) {
+    return {key, kModAlt};
+}
+
+Act Ctrl(int key) {
+    return {key, kModControl};
+}
+
+Act Shift(int key) {
+    return {key, kModShift};
+}
+
+Act Times(int count, int key) {
+    return [=] {
+        for (int i = 0; i < count; ++i)
+            PressKeys({static_cast<std::uint8_t>(key)});
+    };
+}
+
+MousePlace Item(std::uint16_t id) {
+    return [=] {
+        const RECT dialog = ShownDialog()->Place();
+        const RECT& place = GetDlgItem(ShownDialog(), id)->Place();
+        return POINT{dialog.left + (place.left + place.right) / 2,
+                     dialog.top + (place.top + place.bottom) / 2};
+    };
+}
+
+Act ClickOn(const MousePlace& at) {
+    return Drag(at, at);
+}
+
+Act ClickOn(std::uint16_t id) {
+    return ClickOn(Item(id));
+}
+
+Act Drag(const MousePlace& from, const MousePlace& to) {
+    return [=] {
+        Headless().Push(Mouse(HostEventType::LeftButtonDown, from()));
+        Headless().Push(Mouse(HostEventType::MouseMove, to()));
+        Headless().Push(Mouse(HostEventType::LeftButtonUp, to()));
+    };
+}
+
+Act Hold(const MousePlace& at, std::uint32_t time) {
+    return [=] {
+        Headless().Push(Mouse(HostEventType::LeftButtonDown, at()));
+        Headless().PushLater(time, Mouse(HostEventType::LeftButtonUp, at()));
+    };
+}
+
+DialogScript::DialogScript(Acts acts) : acts_(std::move(acts)) {
     Headless().WhenWaiting([this] {
-        if (next_ < steps_.size()) {
-            steps_[next_++]();
+        if (next_ < acts_.size()) {
+            acts_[next_++]();
         } else {
             missed_ = true;
             Headless().Push({.type = HostEventType::Terminate});
         }
-        // A step that only looks has nothing to wake the program by.
+        // An act that only looks has nothing to wake the program by.
         Headless().PushKey(0, /*down=*/false);
     });
 }
@@ -29,28 +99,6 @@ DialogScript::~DialogScript() {
 
 HDLG ShownDialog() {
     return dynamic_cast<Dialog*>(TheDesktop().modal);
-}
-
-POINT CentreOfItem(std::uint16_t id) {
-    const HDLG dialog = ShownDialog();
-    const HCTL control = GetDlgItem(dialog, id);
-    if (!control) return {-1, -1};
-    const RECT& place = control->Place();
-    return {dialog->Corner().x + (place.left + place.right) / 2,
-            dialog->Corner().y + (place.top + place.bottom) / 2};
-}
-
-void ClickItem(std::uint16_t id) {
-    const POINT at = CentreOfItem(id);
-    for (const auto type : {HostEventType::LeftButtonDown, HostEventType::LeftButtonUp})
-        Headless().Push({.type = type, .x = at.x, .y = at.y});
-}
-
-void PressKeys(std::initializer_list<std::uint8_t> keys, std::uint8_t modifiers) {
-    for (const std::uint8_t key : keys) {
-        Headless().PushKey(key, /*down=*/true, modifiers);
-        Headless().PushKey(key, /*down=*/false, modifiers);
-    }
 }
 
 HostEvent RandomDialogEvent(std::mt19937& random) {

@@ -43,7 +43,14 @@ bool Write(const std::string& file, const Picture& picture) {
 }  // namespace
 
 testing::AssertionResult MatchesGolden(const std::string& name) {
-    const Picture now{Headless().PictureSize(), Headless().Picture()};
+    return MatchesGolden(name, RectAt({}, Headless().PictureSize()));
+}
+
+testing::AssertionResult MatchesGolden(const std::string& name, const RECT& part) {
+    Picture now{part.Size(), {}};
+    for (int y = part.top; y < part.bottom; ++y)
+        for (int x = part.left; x < part.right; ++x)
+            now.pixels.push_back(Headless().PixelAt(x, y));
     const std::string golden = std::string(KORVANE_GOLDEN_FOLDER) + "/" + name + ".png";
     const char* rewrite = std::getenv("KORVANE_REWRITE_GOLDEN");
     if (rewrite && std::string(rewrite) == "1")

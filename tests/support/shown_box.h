@@ -19,8 +19,6 @@ class BoxAnswerer {
     const std::vector<std::string>& Read() const { return read_; }
 
   private:
-    void Answer();
-
     std::vector<std::string> texts_;
     std::vector<std::string> read_;
 };

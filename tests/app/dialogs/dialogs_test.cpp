@@ -2,7 +2,6 @@
 #include <sys/stat.h>
 
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,19 +15,18 @@
 #include "game/rules/level_table.h"
 #include "platform/dialogs/dialog_items.h"
 #include "platform/headless/headless_host.h"
+#include "platform/window/desktop.h"
+#include "platform/window/modal_window.h"
 #include "res/commands.h"
 #include "res/dialog_ids.h"
 #include "screens/menu_screen.h"
 #include "tests/support/dialog_script.h"
 #include "tests/support/golden.h"
 #include "tests/support/program_fixture.h"
-#include "tests/support/shown_box.h"
 #include "tests/support/test_audio.h"
 
 namespace korvane {
 namespace {
-
-using Steps = std::vector<std::function<void()>>;
 
 /// The program's dialogs, opened by their commands and used from outside.
 class DialogsTest : public ProgramFixture {
@@ -38,9 +36,9 @@ class DialogsTest : public ProgramFixture {
         Headless().SetDisplayModes({{640, 480, 32, 60}, {640, 480, 16, 60}, {800, 600, 16, 60}});
     }
 
-    /// Opens the dialog of a command and goes through the steps in it.
-    void Use(std::uint16_t command, Steps steps) {
-        const DialogScript script(std::move(steps));
+    /// Opens the dialog of a command and goes through the acts in it.
+    void Use(std::uint16_t command, Acts acts) {
+        const DialogScript script(std::move(acts));
         Command(command);
         EXPECT_TRUE(script.WentAsWritten());
         EXPECT_EQ(ShownDialog(), nullptr);
@@ -87,7 +85,7 @@ TEST_F(DialogsTest, TheFirstStartAsksBeforeTheWindowIsSeen) {
         Cancel();
     };
     {
-        const DialogScript script({isAloneAndCentred, [] { ClickItem(IDCANCEL); }, Ok});
+        const DialogScript script({isAloneAndCentred, ClickOn(IDCANCEL), Ok});
         Start();
         EXPECT_TRUE(script.WentAsWritten());
     }
@@ -172,7 +170,7 @@ TEST_F(DialogsTest, AdvancedTakesEverythingWithOkAndNothingWithCancel) {
         for (const std::uint16_t id :
              {kItemLeftPreview, kItemRightStatistics, kItemCountUpScore, kItemIndividualQuakes,
               kItemScrollingPieces, kItemMagnitude16})
-            ClickItem(id);
+            ClickOn(id)();
         SendScroll(SB_LINERIGHT, 7);
         Select(kItemSkins, "another");
         Select(kItemDisplayModes, "640 x 480 x 32 - 60 Hz");
@@ -200,7 +198,7 @@ TEST_F(DialogsTest, MissingSkinsAndModesAreTold) {
     Headless().SetDisplayModes({{800, 600, 16, 60}});
     const auto read = [](const char* picture) {
         return [picture] {
-            EXPECT_TRUE(MatchesGolden(picture));
+            EXPECT_TRUE(MatchesGolden(picture, TheDesktop().modal->Place()));
             Ok();
         };
     };
@@ -297,7 +295,7 @@ TEST_F(DialogsTest, SoundEffectsAreChosenByEvent) {
         EXPECT_TRUE(IsDlgButtonChecked(ShownDialog(), kItemSfxRotate));
         EXPECT_FALSE(IsDlgButtonChecked(ShownDialog(), kItemSfxRowsDone));
         for (const std::uint16_t id : {kItemSfxRowsDone, kItemSfxRotate, kItemSfxEnabled})
-            ClickItem(id);
+            ClickOn(id)();
     };
     Use(kCmdSfxSettings, {change, Cancel});
     EXPECT_EQ(theSettings.sfxMask, 0xE0 | kSfxRotate);
@@ -315,7 +313,7 @@ TEST_F(DialogsTest, TheAboutBoxEndsWithItsButtonOnlyAndPausesAGame) {
     Press(VK_F3);
     ASSERT_TRUE(rightPlayer->IsJoined());
     const auto stays = [] { EXPECT_NE(ShownDialog(), nullptr); };
-    Use(kCmdAbout, {Cancel, stays, [] { ClickItem(IDOK); }});
+    Use(kCmdAbout, {Cancel, stays, ClickOn(IDOK)});
     EXPECT_TRUE(rightPlayer->IsPaused());
     EXPECT_TRUE(leftPlayer->IsPaused());
 }
@@ -330,7 +328,9 @@ TEST_F(DialogsTest, LookAsTheyAreDrawn) {
         {kCmdAbout, "dialog-about"},
     };
     for (const auto& [command, picture] : kPictures)
-        Use(command, {[name = picture] { EXPECT_TRUE(MatchesGolden(name)); }, Ok});
+        Use(command,
+            {[name = picture] { EXPECT_TRUE(MatchesGolden(name, TheDesktop().modal->Place())); },
+             Ok});
 }
 
 }  // namespace

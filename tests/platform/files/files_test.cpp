@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/temporary_folder.h"
+
 namespace korvane {
 namespace {
 
@@ -50,17 +52,12 @@ bool BecomeNobody() {
 class FilesTest : public testing::Test {
   protected:
     FilesTest() {
-        std::string pattern = (fs::temp_directory_path() / "korvane-files-XXXXXX").string();
-        top_ = mkdtemp(pattern.data());
-        root_ = top_ / "game";
         fs::create_directories(root_ / "data");
         for (const fs::path& folder : {top_, root_, root_ / "data"})
             fs::permissions(folder, fs::perms::all);
-        files_ = OpenDiskFiles(root_.string());
     }
-    ~FilesTest() override { fs::remove_all(top_); }
 
-    void Put(const std::string& path, const std::string& text) {
+    void WriteFile(const std::string& path, const std::string& text) {
         fs::create_directories((root_ / path).parent_path());
         std::ofstream(root_ / path, std::ios::binary) << text;
     }
@@ -92,20 +89,21 @@ class FilesTest : public testing::Test {
         return all;
     }
 
-    fs::path top_;
-    fs::path root_;
-    std::unique_ptr<Files> files_;
+    const TemporaryFolder temporary_;
+    const fs::path top_ = temporary_.Path();
+    const fs::path root_ = top_ / "game";
+    const std::unique_ptr<Files> files_ = OpenDiskFiles(root_.string());
 };
 
 TEST_F(FilesTest, ReadsWhatLiesBeneathTheFolderAndNothingElse) {
-    Put("../secret", "secret");
-    Put("data/menu.dat", "menu");
-    Put("Skins/Original/Game/blocks.bmp", "blocks");
+    WriteFile("../secret", "secret");
+    WriteFile("data/menu.dat", "menu");
+    WriteFile("Skins/Original/Game/blocks.bmp", "blocks");
     for (const char* name : {"a.TXT", "A.txT", "A.Txt", "a.Txt", "A.txt", "a.tXt"})
-        Put(std::string("Skins/Two/") + name, name);
-    Put("Skins/Two/a.txt ", "blank");
-    Put("Skins/Two/B", "B");
-    Put("Skins/Two/b", "b");
+        WriteFile(std::string("Skins/Two/") + name, name);
+    WriteFile("Skins/Two/a.txt ", "blank");
+    WriteFile("Skins/Two/B", "B");
+    WriteFile("Skins/Two/b", "b");
     Link("Graphics/Original", "../Skins/Original");
     Link("Graphics/Chain", "original/../Original//Game/.");
     Link("Graphics/file", "../data/menu.dat");
@@ -119,7 +117,7 @@ TEST_F(FilesTest, ReadsWhatLiesBeneathTheFolderAndNothingElse) {
     ASSERT_EQ(mkfifo((root_ / "pipe").c_str(), 0666), 0);
 
     const std::string longName(255, 'n');
-    Put(longName, "long");
+    WriteFile(longName, "long");
 
     const struct {
         std::string_view path;
@@ -160,12 +158,12 @@ TEST_F(FilesTest, ReadsWhatLiesBeneathTheFolderAndNothingElse) {
 }
 
 TEST_F(FilesTest, ReadsUpToTheCap) {
-    Put("ten", "0123456789");
+    WriteFile("ten", "0123456789");
     EXPECT_EQ(Read("ten", 10), "0123456789");
     EXPECT_EQ(Read("ten", 9), "(none)");
-    Put("empty", "");
+    WriteFile("empty", "");
     EXPECT_EQ(Read("empty", 0), "");
-    Put("huge", "");
+    WriteFile("huge", "");
     fs::resize_file(root_ / "huge", std::uintmax_t{1} << 42);  // a hole; no disk holds it in full
     EXPECT_EQ(Read("huge", kNoCap), "(none)");
 }
@@ -174,23 +172,27 @@ TEST_F(FilesTest, ReplaceMakesOrRewritesAFileUnderItsOwnName) {
     EXPECT_TRUE(Replace("data\\hs.dat", "first"));
     EXPECT_TRUE(Replace("DATA\\HS.DAT", "2nd"));
     EXPECT_TRUE(Replace("data\\empty", ""));
-    Put("data/.hs.dat.tmp", "left by a killed program");
+    WriteFile("data/.hs.dat.tmp", "left by a killed program");
     EXPECT_TRUE(Replace("data\\hs.dat", "third"));
     EXPECT_EQ(Read("data\\hs.dat"), "third");
     EXPECT_EQ(Read("data\\empty"), "");
     EXPECT_EQ(List("data"), "empty hs.dat");
 
-    Put("real", "old");
+    WriteFile("real", "old");
     Link("data/link", "../real");
-    EXPECT_TRUE(Replace("data\\link", "new"));
+    for (const fs::perms mode : {fs::perms(0640), fs::perms(0604)}) {
+        fs::permissions(root_ / "real", mode);
+        EXPECT_TRUE(Replace("data\\link", "new"));
+        EXPECT_EQ(fs::status(root_ / "real").permissions(), mode);
+    }
     EXPECT_EQ(Read("real"), "new");
     EXPECT_TRUE(fs::is_symlink(root_ / "data/link"));
 }
 
 TEST_F(FilesTest, ReplaceRefusesWhatIsNoWritableFileBeneathTheFolder) {
-    Put("../secret", "secret");
-    Put("data/old", "old");
-    Put("data/locked", "locked");
+    WriteFile("../secret", "secret");
+    WriteFile("data/old", "old");
+    WriteFile("data/locked", "locked");
     fs::create_directory(root_ / "data/folder");
     fs::create_directory(root_ / "data/.old.tmp");
     Link("data/out", "../../secret");
@@ -218,7 +220,7 @@ TEST_F(FilesTest, ReplaceRefusesWhatIsNoWritableFileBeneathTheFolder) {
 }
 
 TEST_F(FilesTest, AWriteThatFailsHalfwayLeavesTheOldFileAndNoLitter) {
-    Put("data/hs.dat", "old");
+    WriteFile("data/hs.dat", "old");
     EXPECT_FALSE(InChild([&] {
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{1000, 1000};

@@ -44,7 +44,6 @@ class MenuTest : public MenuWindowTest {
 };
 
 TEST_F(MenuTest, MouseWays) {
-    Start();
     const POINT file = TitleCentre(kFile);
     const POINT edit = TitleCentre(kEdit);
     const auto item = [](std::size_t popup, std::size_t index) { return ItemCentre(popup, index); };
@@ -70,7 +69,6 @@ TEST_F(MenuTest, MouseWays) {
 }
 
 TEST_F(MenuTest, KeyboardWays) {
-    Start();
     const auto press = [](std::uint8_t key, std::uint8_t modifiers = 0) {
         return Key(key, true, modifiers);
     };
@@ -109,6 +107,16 @@ TEST_F(MenuTest, KeyboardWays) {
          {kClose}},
     };
     Try(cases);
+}
+
+TEST_F(MenuTest, AMenuThatIsReplacedWhileItOpensStaysClosed) {
+    replacesMenu_ = true;
+    const Case cases[] = {
+        {"mouse", {Mouse(LeftButtonDown, TitleCentre(kFile))}, kNone, {}},
+        {"key", {Key('F', true, kModAlt), Key(VK_RETURN, true)}, kNone, {}},
+    };
+    Try(cases);
+    replacesMenu_ = false;
 }
 
 }  // namespace

@@ -1,0 +1,146 @@
+#include <SDL.h>
+
+#include <algorithm>
+#include <functional>
+#include <set>
+
+#include "platform/sdl/sdl_host.h"
+
+namespace korvane {
+namespace {
+
+/// How long a window manager may take to give a window back its place.
+constexpr std::uint64_t kManagerPatienceMs = 500;
+
+bool IsSameMode(const SDL_DisplayMode& a, const SDL_DisplayMode& b) {
+    return a.w == b.w && a.h == b.h && a.refresh_rate == b.refresh_rate;
+}
+
+}  // namespace
+
+/// True when a window manager has framed the window. Without one we must make it as large as the
+/// screen ourselves, and small again.
+bool SdlHost::HasFrame() const {
+    int top = 0;
+    int left = 0;
+    return SDL_GetWindowBordersSize(window_.get(), &top, &left, nullptr, nullptr) == 0 &&
+           (top != 0 || left != 0);
+}
+
+bool SdlHost::EnterFullScreen(SIZE pictureSize) {
+    if (!window_) return false;
+    if (!fullScreen_) {
+        windowed_ = WindowArea();
+        isManaged_ = HasFrame();
+        SDL_Rect screen = windowed_;
+        SDL_GetDisplayBounds(DisplayIndex(), &screen);
+        if (!isManaged_) PlaceWindow(screen);
+        if (SDL_SetWindowFullscreen(window_.get(), SDL_WINDOW_FULLSCREEN_DESKTOP) != 0) {
+            PlaceWindow(windowed_);
+            return false;
+        }
+    }
+    fullScreen_ = true;
+    fullScreenPicture_ = pictureSize;
+    fullScreenMode_ = DesktopMode();
+    SDL_DisableScreenSaver();
+    surface_.Forget();
+    TrimSoon();
+    return true;
+}
+
+/// Waits until the window manager has moved the window away from where it filled the screen; false
+/// when that takes too long. Taking the old place for the new one would move the window into the
+/// screen's corner.
+bool SdlHost::AwaitReturnFrom(const SDL_Rect& full) const {
+    const auto hasLeft = [&] {
+        const SDL_Rect now = WindowArea();
+        return (now.w != full.w || now.h != full.h) && (now.x != full.x || now.y != full.y);
+    };
+    for (std::uint64_t end = SDL_GetTicks64() + kManagerPatienceMs; SDL_GetTicks64() < end;) {
+        if (hasLeft()) return true;
+        SDL_Delay(1);
+        SDL_PumpEvents();
+    }
+    return hasLeft();
+}
+
+void SdlHost::LeaveFullScreen() {
+    if (!fullScreen_) return;
+    fullScreen_ = false;
+    SDL_EnableScreenSaver();
+    const SDL_Rect full = WindowArea();
+    SDL_SetWindowFullscreen(window_.get(), 0);
+    // A window manager puts the window back where it was. Its frame, on which positions depend,
+    // comes back later.
+    if (isManaged_ && AwaitReturnFrom(full)) {
+        const SDL_Rect now = WindowArea();
+        windowed_.x = now.x;
+        windowed_.y = now.y;
+    }
+    PlaceWindow(windowed_);
+    surface_.Forget();
+    TrimSoon();
+}
+
+/// Where full screen shows its picture: in the middle, at the largest whole-number scale that fits.
+/// A screen smaller than the picture shows the picture's top left part.
+RECT SdlHost::FullScreenPlace() const {
+    const SDL_Rect screen = WindowArea();
+    const SIZE picture = fullScreenPicture_;
+    const int scale = std::max(1, std::min(screen.w / picture.cx, screen.h / picture.cy));
+    const SIZE shown{picture.cx * scale, picture.cy * scale};
+    const POINT corner{std::max(0, (screen.w - shown.cx) / 2),
+                       std::max(0, (screen.h - shown.cy) / 2)};
+    return RectAt(corner, shown);
+}
+
+std::vector<DisplayMode> SdlHost::DisplayModes() {
+    const int display = DisplayIndex();
+    SDL_DisplayMode mode{};
+    if (SDL_GetDesktopDisplayMode(display, &mode) != 0) return {};
+    std::set<int, std::greater<>> rates = {mode.refresh_rate};
+    for (int i = 0; i < SDL_GetNumDisplayModes(display); ++i)
+        if (SDL_GetDisplayMode(display, i, &mode) == 0) rates.insert(mode.refresh_rate);
+    std::vector<DisplayMode> modes;
+    for (const int rate : rates)
+        for (const int bits : {32, 16})
+            modes.push_back({640, 480, bits, rate});
+    return modes;
+}
+
+SDL_DisplayMode SdlHost::DesktopMode() const {
+    SDL_DisplayMode mode{};
+    SDL_GetDesktopDisplayMode(DisplayIndex(), &mode);
+    return mode;
+}
+
+HRESULT SdlHost::Present(const PictureView& picture, const RECT& target,
+                         std::span<const RECT> changed) {
+    using enum WindowSurface::State;
+    if (!window_) return E_FAIL;
+    const RECT inWindow{target.left * scale_, target.top * scale_, target.right * scale_,
+                        target.bottom * scale_};
+    const WindowSurface::State state =
+        surface_.Draw(window_.get(), picture, fullScreen_ ? FullScreenPlace() : inWindow, changed);
+    if (state == Missing) return DDERR_SURFACELOST;
+    // A hidden window asks for its content when it is shown; sending it before is wasted.
+    if (shown_ && !surface_.Send(window_.get())) return DDERR_SURFACELOST;
+    // A new surface must get the whole picture.
+    const RECT whole{0, 0, picture.width, picture.height};
+    const bool isWhole = std::ranges::find(changed, whole) != changed.end();
+    return state == New && !isWhole ? DDERR_SURFACELOST : S_OK;
+}
+
+HRESULT SdlHost::DisplayState() {
+    if (!window_ || !fullScreen_) return S_OK;
+    const std::uint32_t flags = SDL_GetWindowFlags(window_.get());
+    if ((flags & SDL_WINDOW_INPUT_FOCUS) == 0 || (flags & SDL_WINDOW_MINIMIZED) != 0)
+        return DDERR_NOEXCLUSIVEMODE;
+    const SDL_DisplayMode mode = DesktopMode();
+    if (IsSameMode(mode, fullScreenMode_)) return S_OK;
+    fullScreenMode_ = mode;
+    return DDERR_WRONGMODE;
+}
+
+}  // namespace korvane
