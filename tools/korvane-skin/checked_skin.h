@@ -53,7 +53,7 @@ class CheckedSkin {
 /// Compares names without regard to ASCII letter case.
 bool IsSameName(std::string_view one, std::string_view other);
 
-/// A pixel of a decoded picture; x and y must lie inside.
+/// A pixel of a decoded picture; x and y lie inside.
 inline std::uint32_t PixelOf(const DecodedBitmap& bitmap, int x, int y) {
     return bitmap.pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(bitmap.size.cx) +
                          static_cast<std::size_t>(x)];

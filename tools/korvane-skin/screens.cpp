@@ -197,7 +197,7 @@ void AddHighScores(Stage& stage, std::vector<ScreenPicture>& screens) {
     screens.push_back({"High scores, a name being typed", stage.Show(draw)});
 }
 
-/// All glyphs of keys, sixteen in a row.
+/// All key signs, sixteen in a row from a point down.
 void DrawKeySigns(std::uint32_t left, std::uint32_t top) {
     constexpr std::array kSheets = {"KeyConfig\\alpha1.bmp", "KeyConfig\\alpha2.bmp",
                                     "KeyConfig\\keys1.bmp", "KeyConfig\\keys2.bmp"};
