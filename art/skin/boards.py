@@ -1,23 +1,23 @@
-"""The furniture of the game screen: where the board and its displays have their places."""
+"""The pictures of the game screen round a board: backgrounds, board and frames."""
 
 from .current import craft
 from .picture import Picture
 
-# Room of the walls beside the cells of a board, and of the floor below them.
+# The width of the walls beside the cells of a board, and the height of the floor below them.
 SIDE, FLOOR = 29, 20
 CELL, COLUMNS = 16, 10
-# The column of instruments beside a board, and the display of the values in it.
+# The column beside a board that shows its values.
 PANEL_LEFT, PANEL_WIDTH = 230, 90
-# The two displays above the values, which may be switched off: where each one begins and ends. The
-# row between them is always seen.
+# The top and bottom of the two displays above the values. Each may be switched off; the row
+# between them always shows.
 DISPLAYS = ((2, 62), (63, 129))
 VALUES_LEFT, VALUES_TOP, VALUES_WIDTH, VALUES_HEIGHT = 232, 129, 86, 242
-# Between the values: how far down each rule lies.
+# The lines between the values, from the top.
 RULES = (175, 223, 271, 330)
 
 
 def ground(width, height):
-    """The ground of the menu and of the high scores, in one piece."""
+    """The background of the menu and of the high scores, as one picture."""
     picture = Picture(width, height, "ground")
     picture.cover_all()
     craft().ground(picture)
@@ -25,7 +25,7 @@ def ground(width, height):
 
 
 def half(width, height):
-    """One half of the game screen."""
+    """The background of one half of the game screen."""
     picture = Picture(width, height, "half")
     picture.cover_all()
     craft().half(picture)
@@ -40,10 +40,10 @@ def playboard(width, height):
 
 
 def preview_frame(width, height):
-    """Round the next figure, whose cells lie 9 to 72 right and 14 to 45 down."""
+    """The frame of the next figure, whose cells lie at x 9 to 72 and y 14 to 45."""
     return craft().small_frame(width, height, ((2, 3, 78, height - 6),))
 
 
 def statistics_frame(width, height):
-    """Round the chart of the figures, with a display below it for their number."""
+    """The frame of the chart of the figures, with a display for their number below the chart."""
     return craft().small_frame(width, height, ((2, 3, 78, 36), (2, 42, 78, 21)))

@@ -11,11 +11,11 @@ TEXT_RIGHT = 7
 
 
 def _lettering(picture, x, y, look, draw):
-    """Lets a function draw on a sheet, and lays that on a plate with the relief of the craft."""
+    """Draws lettering with a function, and puts it on a plate with the relief of the craft."""
     ink = letters.Ink(picture)
     ink.cr.translate(x, y)
     draw(ink.cr)
-    if look.enabled or look.sunken:  # what cannot be used and is not on may be faint
+    if look.enabled or look.sunken:  # a disabled button that is not on may be faint
         ink.must_read((look.ink,))
     craft().relief(ink, look)
     ink.pour(0, picture.height, (look.ink, look.ink))

@@ -1,4 +1,4 @@
-"""Sums with colours. A colour is a triple of red, green, blue from 0 to 1."""
+"""Calculations with colours. A colour is a triple of red, green, blue from 0 to 1."""
 
 from functools import lru_cache
 
@@ -20,7 +20,7 @@ def linear(channel):
 
 @lru_cache(maxsize=None)
 def luminance(value):
-    """Relative luminance, as the rules for readable screens define it."""
+    """Relative luminance, as the Web Content Accessibility Guidelines define it."""
     return sum(weight * linear(c) for weight, c in zip((0.2126, 0.7152, 0.0722), value))
 
 

@@ -1,7 +1,7 @@
-"""The skin under work: its name, its palette and the craft that shapes it.
+"""The current skin: its name, its palette and its craft.
 
-The painters are shared by all skins. They ask here for colours by name, and leave to the craft what
-each skin does in its own way.
+All skins share the painters. These take colours by name from here, and leave to the craft what each
+skin does in its own way.
 """
 
 from . import sources
@@ -17,7 +17,7 @@ def from_hex(text):
 
 
 def choose(skin, craft):
-    """Makes a skin the one that is painted from now on."""
+    """Makes a skin the current one."""
     global _skin, _palette, _craft
     words = (line.split() for line in sources.lines(sources.own(skin, "palette.txt")))
     _palette = {name: from_hex(value) for name, value, *_ in words}
@@ -30,7 +30,7 @@ def skin():
 
 
 def craft():
-    """How the skin is made."""
+    """The craft of the skin."""
     return _craft
 
 

@@ -1,4 +1,4 @@
-"""The two pictures of the game's lettering: one cell of 16 by 16 pixels after another."""
+"""The two pictures of the game's characters, in cells of 16 by 16 pixels."""
 
 from . import letters
 from .current import craft
@@ -9,9 +9,9 @@ CELL = 16
 # pixel on each side of a letter belongs to its outline.
 ADVANCE = 14
 WIDEST = ADVANCE - 2
-# Alone in its cell, the I needs serifs to hold its place.
+# In a cell of its own, an I without serifs would look lost.
 CAPITALS = [*"ABCDEFGH", "I-wide", *"JKLMNOPQRSTUVWXYZ"]
-# Letters of so many strokes that a thick pen would close their gaps, and the pen that they get.
+# Characters with so many strokes that a thick pen would close their gaps, with their pens.
 CROWDED = {"W": 2, "@": 1}
 NUMBERS = "0123456789:;<=>?@"
 

@@ -47,7 +47,7 @@ def _gradient(x, y, size, first, second):
 
 
 def _plate(cr, size):
-    """The plate, lit along its edge towards the light where there is room for that."""
+    """The plate. In large sizes its edge is lit."""
     side, radius = size.side, size.radius
     shapes.rounded_rectangle(cr, 0, 0, side, side, radius)
     cr.set_source(_gradient(0, 0, side, colour("frame"), colour("edge")))
@@ -59,7 +59,7 @@ def _plate(cr, size):
 
 
 def _tile(cr, x, y, size, kind):
-    """A tile: an edge of light, an edge of shade, a face, and its mark where it can be seen."""
+    """A tile: a light and a dark edge, a face, and in large sizes its mark."""
     base, cell, bevel = colour(f"tile-{kind}"), size.cell, size.bevel
     _corners(cr, x, y, cell, mix(base, WHITE, 0.6), mix(base, BLACK, 0.5))
     cr.set_source(_gradient(x, y, cell, mix(base, WHITE, 0.22), mix(base, BLACK, 0.14)))

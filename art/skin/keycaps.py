@@ -5,12 +5,12 @@ from .current import craft
 from .picture import Picture
 
 CELL = 29
-# The face of a cap lies in its body as on a real key: the front side is seen, below it.
+# The face of a cap lies in its body as on a real key, whose front side is seen below the face.
 FACE_LEFT, FACE_TOP, FACE_BOTTOM = 6, 4, 10
 # A legend is drawn 10 pixels down in a cap; this is the middle of the face from there.
 MIDDLE = 20
 SPACING = 4
-# Marks that fill but a small part of the height of a letter.
+# Marks that fill only a small part of the height of a letter.
 SMALL_MARKS = ".,;'`-"
 LEGEND_NAMES = ("letter-top", "letter-bottom")
 SIGN, SMALL_SIGN = 24, 18
@@ -66,7 +66,7 @@ def legends(sheet):
     """A painter of the legends of one sheet."""
     def paint(width, height):
         if len(LEGENDS[sheet]) * CELL != width:
-            raise ValueError(f"legends.txt has {len(LEGENDS[sheet])} keys for {width // CELL} cells")
+            raise ValueError(f"legends.txt has {len(LEGENDS[sheet])} keys, not {width // CELL}")
         picture = Picture(width, height, "legend-edge")
         ink = letters.Ink(picture)
         for i, words in enumerate(LEGENDS[sheet]):
@@ -78,7 +78,7 @@ def legends(sheet):
 
 
 def slot(width, height):
-    """The button of a key: at rest without its legend, and lit while it waits for a key."""
+    """The button of a key: normal without its legend, and lit while it waits for a key."""
     frame = width // 2
     picture = Picture(width, height)
     craft().cap(picture, 0, frame, height, plates.REST)
@@ -97,7 +97,7 @@ def slot(width, height):
 
 
 def _require_readable_legends(picture, frame):
-    """The legends lie in pictures of their own; here they meet the cap."""
+    """The legends are pictures of their own that the game draws on the cap."""
     ink = letters.Ink(picture)
     ink.cr.rectangle((frame - CELL) / 2, FACE_TOP + 6, CELL, 30)
     ink.cr.fill()

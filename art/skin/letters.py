@@ -12,7 +12,7 @@ CAPITAL = 10
 
 
 class Type(NamedTuple):
-    """A cut of the letters. Even pens on whole steps give edges that meet the pixels."""
+    """A cut of the letters. Even pens on whole steps give sharp edges."""
 
     across: float  # pixels for each step of the grid to the right
     down: float  # pixels for each step downwards
@@ -69,7 +69,7 @@ def load(path):
 
 
 def letter(name):
-    """A letter as the skin shapes it: some skins have letters of their own."""
+    """A letter, in the form of the skin if it has one."""
     own = sources.own(current.skin(), "letters.txt")
     shared = load(sources.ART / "letters.txt")
     return (load(own) if own.exists() else {}).get(name, shared.get(name))
@@ -146,7 +146,7 @@ def squeezed(text, cut, most):
 
 
 def draw(cr, text, x, y, cut):
-    """Draws a line of text whose bodies begin at x, y, in the source of the context."""
+    """Draws a line of text from its left top corner, in the source of the context."""
     for glyph in _glyphs(text):
         across = _across(glyph, cut)
         step = across / glyph.width if glyph.width else cut.across
@@ -174,7 +174,7 @@ def graded(cr, top, bottom, names):
 
 
 class Ink:
-    """Coverage of some lettering on a sheet as large as the picture it goes to."""
+    """Lettering as a sheet of coverage, as large as the picture that it belongs to."""
 
     def __init__(self, picture):
         self.picture = picture
@@ -182,15 +182,15 @@ class Ink:
         self.cr = cairo.Context(self.sheet)
 
     def must_read(self, names):
-        """Raises ValueError if the lettering would be hard to read in the colours that it gets."""
+        """Raises ValueError if the lettering would be hard to read in these colours."""
         readable.require(self.picture, self.sheet, names)
 
     def outline(self, thickness, name="ink-dark", dx=0, dy=0):
-        """Lays a hard dark line round the lettering, and makes it part of the picture."""
+        """Draws a hard line round the lettering, and makes it part of the picture."""
         self.picture.stencil(grown(self.sheet, thickness), name, dx, dy)
 
     def shade(self, strength, dx=1, dy=1):
-        """Lays a soft shadow of the lettering on the art."""
+        """Draws a soft shadow of the lettering on the art."""
         self.picture.cr.set_source_rgba(0, 0, 0, strength)
         self.picture.cr.mask_surface(self.sheet, dx, dy)
 

@@ -8,7 +8,7 @@ from .picture import Picture
 
 
 class Words(NamedTuple):
-    """One line of an overlay: its text, its size by name and the colours of its gradient."""
+    """One line of an overlay: its text, the name of its size, the colours of its gradient."""
 
     text: str
     size: str
@@ -16,7 +16,7 @@ class Words(NamedTuple):
 
     @property
     def cut(self):
-        """The cut of the line in the skin under work."""
+        """The cut of the line in the current skin."""
         return craft().overlay_cuts[self.size]
 
 
@@ -28,7 +28,7 @@ MARGIN = 9
 
 
 def _announcement(width, height, look, lines):
-    """A plate with lines of large lettering in the middle."""
+    """A plate with centred lines of large lettering."""
     picture = Picture(width, height, "edge")
     plates.plate(picture, 0, 0, width, height, look._replace(enabled=True),
                  thickness=craft().outline)

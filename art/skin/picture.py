@@ -1,7 +1,7 @@
-"""A picture under work: what is seen, and which pixels belong to it at all.
+"""A picture that is being painted: its art, and a mask of the pixels that belong to it.
 
-The two are drawn apart. Art is drawn smoothly, over a dark ground of its own; the mask decides at
-the end, pixel by pixel, between art and the colour key. So an edge never mixes the two.
+The two are drawn separately. Art is drawn with smooth edges over a dark ground. In the end the mask
+chooses for each pixel between art and the colour key, so that an edge never mixes the two.
 """
 
 import math
@@ -11,7 +11,7 @@ from PIL import Image
 
 from . import colours
 
-# In how many directions a sheet spreads.
+# The number of directions in which `spread` moves a sheet.
 SPREAD_STEPS = 32
 
 
@@ -36,7 +36,7 @@ def hardened(surface, least=128):
 
 
 def grown(surface, steps, least=64):
-    """A hard copy of a sheet, grown by some pixels to all sides with the corners cut."""
+    """A hard copy of a sheet, some pixels larger on all sides, with cut corners."""
     result = hardened(surface, least)
     for step in range(steps):
         source = result
@@ -51,7 +51,7 @@ def grown(surface, steps, least=64):
 
 
 def spread(surface, reach):
-    """A smooth copy of a sheet, grown by some pixels to all sides with the corners rounded."""
+    """A smooth copy of a sheet, some pixels larger on all sides, with round corners."""
     result = sheet(surface.get_width(), surface.get_height())
     cr = cairo.Context(result)
     cr.mask_surface(surface)
@@ -62,7 +62,7 @@ def spread(surface, reach):
 
 
 def rim(surface, dx, dy):
-    """What a sheet loses when it is shifted: its edge on the sides that it moves away from."""
+    """The part of a sheet that a shifted copy of it does not cover."""
     result = sheet(surface.get_width(), surface.get_height())
     cr = cairo.Context(result)
     cr.mask_surface(surface)
@@ -80,7 +80,7 @@ def image(surface):
 
 
 class Picture:
-    """One picture, drawn with `cr` (art) and `mask` (the pixels that count)."""
+    """One picture, drawn with the contexts `cr` (art) and `mask`."""
 
     def __init__(self, width, height, ground="edge"):
         self.width, self.height = width, height

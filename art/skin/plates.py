@@ -1,4 +1,4 @@
-"""Plates and bevels: what most things of a skin are made of."""
+"""Plates with bevels, which most pictures of a skin are made of."""
 
 from typing import NamedTuple
 
@@ -27,7 +27,7 @@ OFF = Look("off-top", "off-bottom", "off-light", "off-dark", "off-ink", enabled=
 OFF_ON = Look("ember-top", "ember-bottom", "ember-light", "ember-dark", "ember-ink", True,
               enabled=False)
 FRAME = Look("frame", "frame-face", "frame-light", "frame-dark", "plate-ink")
-# A lit plate that still stands up, for the pictures that announce something good.
+# Lit but not pressed: for pictures that announce something good.
 LIT = ON._replace(sunken=False)
 
 
@@ -66,7 +66,7 @@ def line(cr, name, x, y, width, height, radius, thickness, dash=()):
 
 
 def _sides(x, y, width, height):
-    """The two halves of a rectangle, mitred at the corners: towards the light, and away from it."""
+    """The edges of a rectangle towards the light and those away from it, as two polygons."""
     reach = min(width, height) / 2
     right, bottom = x + width, y + height
     mitre = ((right - reach, y + reach), (x + reach, bottom - reach))
@@ -99,7 +99,7 @@ def bevel(cr, x, y, width, height, look, radius):
 
 
 def plate(picture, x, y, width, height, look, radius=None, thickness=1):
-    """A plate with a dark line round it; it belongs to the picture as a whole."""
+    """A plate with a dark line round it. Both become part of the picture."""
     radius = current.craft().radius if radius is None else radius
     picture.cover(shapes.rounded_rectangle, x, y, width, height, radius)
     current.craft().plate(picture.cr, x, y, width, height, look, radius, thickness)

@@ -1,8 +1,8 @@
-"""Paths that Cairo has no word for."""
+"""Paths that Cairo does not offer: rounded rectangles and polylines with round corners."""
 
 import math
 
-# A Bezier curve whose handles reach this far towards the corner passes for a quarter circle.
+# With handles of this share of the radius, a Bezier curve is nearly a quarter circle.
 ROUND = 0.5523
 
 
@@ -24,7 +24,7 @@ def _towards(start, end, distance):
 
 
 def _corner(cr, before, point, after, radius):
-    """Goes from the side that comes from before into the side that leads to after."""
+    """Adds a round corner at a point between the sides from `before` and to `after`."""
     start, end = _towards(point, before, radius), _towards(point, after, radius)
     cr.line_to(*start)
     if radius:
@@ -50,7 +50,7 @@ def polyline(cr, points, closed):
 
 
 def _inside(inner, outer, width, depth):
-    """The last point inside a box on the way from an inner point to an outer one."""
+    """Where the way from a point inside a box to one outside leaves the box."""
     part = 1.0
     for start, end, most in zip(inner, outer, (width, depth)):
         if end < 0:
@@ -62,7 +62,7 @@ def _inside(inner, outer, width, depth):
 
 
 def shortened(points, width, depth):
-    """A stroke whose ends stop at the sides of a box of a width and a depth."""
+    """A stroke without what lies outside a box."""
     points = list(points)
     for end, inner in ((0, 1), (-1, -2)):
         start = tuple(min(max(value, 0), most)

@@ -1,4 +1,4 @@
-"""Where the text sources and the results lie, and how the text sources are read."""
+"""The places of the text sources and of the results, and the reading of the sources."""
 
 from pathlib import Path
 
@@ -17,10 +17,10 @@ def own(skin, name):
 
 
 def lines(path):
-    """The lines of a source that say something: no remarks, no empty ones.
+    """The lines of a source without comments and empty lines.
 
-    Indentation is kept, for it says what belongs to what; a "#" is a remark only at the start of a
-    line and before a space, for the character grids draw with it.
+    Indentation is kept, as it has a meaning. A "#" begins a comment only at the start of a line and
+    before a space: character grids use it too.
     """
     for line in path.read_text(encoding="ascii").splitlines():
         if line.strip() and not line.startswith("# "):

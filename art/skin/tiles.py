@@ -1,4 +1,4 @@
-"""The cells of the board, and the bars that count them."""
+"""The tiles of the board, and the bars of the chart."""
 
 from .current import craft
 from .picture import Picture
@@ -8,7 +8,7 @@ KINDS = 8
 
 
 def blocks(width, height):
-    """The cells of the board: seven figures and the eighth tile, which belongs to none."""
+    """The tiles: one for each of the seven figures, and the eighth for garbage."""
     picture = Picture(width, height)
     for kind in range(1, KINDS + 1):
         craft().tile(picture, (kind - 1) * SIZE, 0, kind)
@@ -16,7 +16,7 @@ def blocks(width, height):
 
 
 def bars(width, height):
-    """The bars of the statistics, one for each figure, each of them 8 pixels wide with its gap."""
+    """The bars of the chart, one for each figure, each 8 pixels wide with its gap."""
     picture = Picture(width, height)
     step = width // 7
     for i in range(7):

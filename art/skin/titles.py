@@ -6,7 +6,7 @@ from .picture import Picture
 
 CURSOR_LEFT, CURSOR_WIDTH, CURSOR_HEIGHT = 1, 12, 3
 CURSOR_TICK = 3
-# What a heading leaves free, so that it does not run into the one beside it.
+# The least distance between a heading and the one beside it.
 HEADING_GAP = 10
 
 

@@ -40,7 +40,7 @@ class Timeline:
         return self.chords[bar][step >= self.bar // 2]
 
     def put(self, channel, row, note, player, volume, pan=None, slide=False):
-        """Notes down one event."""
+        """Adds an event."""
         pan = self.pans[channel] if pan is None else pan
         loud = max(1, min(FULL, round(volume)))
         self.channels[channel][row] = Event(note, player, loud, pan, slide)
@@ -51,7 +51,7 @@ class Timeline:
 
 
 class Stretch(NamedTuple):
-    """Where a part stands: the timeline, its first row, its length and the part."""
+    """A part and its place: the timeline, the first row and the number of rows."""
 
     line: Timeline
     start: int
@@ -76,7 +76,7 @@ class Stretch(NamedTuple):
 
 
 def melody(stretch, phrases):
-    """A phrase that is written out; up= moves it."""
+    """A written phrase, moved up by up= half tones."""
     line, part = stretch.line, stretch.part
     bars = phrases[part.words[0]]
     if len(bars) * line.bar != stretch.rows:
@@ -174,7 +174,7 @@ def _hit(stretch, channel, row, letter):
 
 
 def echo(line, start, rows, delay):
-    """Lets the echo repeat what the lead plays between two rows, later and softer."""
+    """Adds the echo: what the lead plays between two rows, later and softer."""
     lead, answer = line.channels["lead"], line.channels["echo"]
     for row in sorted(lead):
         if start <= row < start + rows and row + delay < line.rows:
@@ -197,7 +197,7 @@ def _part(stretch, texts):
 
 
 def _silence(line, pattern, start):
-    """Ends at the start of a pattern what was left sounding and nobody goes on with."""
+    """Ends notes at the start of a pattern that no part there goes on with."""
     playing = {part.voice for part in pattern.parts}
     if "chords" in playing:
         playing |= set(CHORD_CHANNELS)

@@ -1,9 +1,9 @@
-"""Finds what would sound wrong or not fit, before anything is written."""
+"""Finds what would sound wrong, or be too large, before anything is written."""
 
 from .texts import Mistake
 
 LARGEST = 400 * 1024
-LONG = 4                        # a note of so many rows is heard as part of the harmony
+LONG = 4                        # a note of so many rows counts as part of the harmony
 RUBBING = 3                     # two voices may be a half tone apart for fewer rows than this
 
 
@@ -14,7 +14,7 @@ def size(made):
 
 
 def _place(line, row):
-    """Pattern, bar and row of a row of the section, for people."""
+    """The pattern, bar and row of a row of the section, in words."""
     for pattern in line.section.patterns:
         rows = line.bar * len(pattern.chords)
         if row < rows:

@@ -1,4 +1,4 @@
-"""How loud a sound is heard: its power after a filter that hears as an ear does."""
+"""The loudness of a sound: its power after a filter with the sensitivity of the ear."""
 
 import math
 
@@ -9,7 +9,7 @@ FLOOR = 0.1                     # frames this far below the loudest peak are sil
 
 
 def _shelf(rate):
-    """The filter that lifts high tones by four dB, as the head in front of the ear does."""
+    """The filter that raises high tones by four dB, which is the effect of the head."""
     turn, lift = math.tan(math.pi * 1681.97 / rate), 10 ** (4.0 / 20)
     wide, middle = turn / 0.7072, lift ** 0.5
     whole = 1 + wide + turn * turn

@@ -1,4 +1,4 @@
-"""Where the texts and the results of the sounds lie, and how the texts are cut up."""
+"""The places of the texts and of the sounds, and the parsing of the texts."""
 
 from skin import sources
 
@@ -16,7 +16,7 @@ def audio(skin):
 
 
 class Mistake(Exception):
-    """Something in a text that cannot be played, said so that its writer finds it."""
+    """A fault in a text, described so that its writer can find it."""
 
 
 def stanzas(folder, name):

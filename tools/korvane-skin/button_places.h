@@ -52,8 +52,8 @@ constexpr bool ShowsPicture(const ButtonPlace& place, std::string_view file) {
     return place.picture == file || place.disabledPicture == file;
 }
 
-/// The rightmost and lowest coordinates at which buttons show a picture. Compiling ends here for a
-/// picture that no button shows.
+/// The greatest x and the greatest y at which buttons show a picture. A picture that no button
+/// shows does not compile.
 constexpr POINT FarthestPlace(std::string_view file) {
     POINT farthest{-1, -1};
     for (const ButtonPlace& place : kButtonPlaces)

@@ -22,16 +22,17 @@ enum class PictureKind : std::uint8_t {
 
 inline constexpr int kNoKey = -1;
 
-/// A picture that a skin may hold. Sizes are pixels; `room` is that of one view or cell.
+/// A picture that a skin may hold. Sizes are in pixels.
 struct PictureRow {
     std::string_view file;  ///< relative to the skin, with a backslash, as the game asks for it
     PictureKind kind;
     int key;  ///< which key colour is left out, 0 to 2, or kNoKey
     int cells;
-    SIZE room;
-    POINT at;  ///< of its places on the screen the one nearest to the right and lower edge
-    std::string_view place;  ///< in words
-    /// For the look of disabled buttons: the file whose views it stands in for.
+    SIZE room;  ///< of one view or cell
+    /// Its left top corner in the frame. Of several places, the greatest x and the greatest y.
+    POINT at;
+    std::string_view place;  ///< for people
+    /// For a picture of a disabled button: the file of the button's usual picture.
     std::string_view standsFor = {};
 
     constexpr SIZE FileSize() const { return {room.cx * cells, room.cy}; }
@@ -48,7 +49,7 @@ constexpr PictureRow Cells(std::string_view file, int key, int cells, SIZE cell,
                            std::string_view place) {
     return {file, PictureKind::Cells, key, cells, cell, {0, 0}, place};
 }
-/// Without `place` it is told by the buttons that show the picture.
+/// Without `place`, PlaceText names the places of the buttons that show the picture.
 constexpr PictureRow TwoViews(std::string_view file, SIZE view, std::string_view place = {}) {
     return {file, PictureKind::Button, 0,     2,
             view, FarthestPlace(file), place, EnabledPicture(file)};
@@ -62,11 +63,11 @@ struct SoundRow {
 
 inline constexpr std::string_view kModuleTextFile = "Audio\\module.txt";
 
-/// The name of a file of the skin as people write it, with slashes.
+/// A file's name with slashes instead of backslashes.
 std::string ShownName(std::string_view file);
-/// What size a picture's file has or may have, as a few words.
+/// The size that a picture's file must or may have, in words.
 std::string SizeText(const PictureRow& row);
-/// Where the game shows a picture, as a few words.
+/// Where the game shows a picture, in words.
 std::string PlaceText(const PictureRow& row);
 /// The table of all files as Markdown, a line for each.
 std::string CatalogueAsMarkdown();

@@ -11,8 +11,8 @@ inline constexpr SIZE kScoreButton{116, 36};
 inline constexpr SIZE kFontCell{16, 16};
 inline constexpr SIZE kKeyGlyph{29, 44};
 
-/// Every picture of a skin. Boards swing by 56 pixels when they quake, which the lowest place of
-/// what lies on them allows for.
+/// Every picture of a skin. A quake moves a board by up to 56 pixels: the places of what lies on a
+/// board are those with the board at its lowest.
 inline constexpr std::array kPictures = {
     PictureRow{
         "colorkey.bmp", PictureKind::Keys, kNoKey, 3, {1, 1}, {0, 0}, "nowhere: key colours"},
@@ -108,14 +108,14 @@ constexpr std::size_t LongestSkinName() {
     return 254 - std::string_view("Skins\\\\").size() - longest;
 }
 
-/// The row of a picture that is known to be in the table.
+/// The row of a picture, which must be in the table.
 constexpr const PictureRow& RowOf(std::string_view file) {
     std::size_t i = 0;
     while (kPictures[i].file != file)
         ++i;
     return kPictures[i];
 }
-/// Where a row stands in the table.
+/// The index of a row of the table.
 constexpr std::size_t IndexOf(const PictureRow& row) {
     return static_cast<std::size_t>(&row - kPictures.data());
 }

@@ -15,11 +15,11 @@ namespace {
 
 constexpr std::string_view kFolder = "Audio\\";
 
-/// An entry of module.txt that stays as it was, told by values that no file can hold.
-const ModuleChoice kUntold = {.fileName = "\n",
-                              .menuPosition = std::numeric_limits<std::int32_t>::min(),
-                              .gamePosition = std::numeric_limits<std::int32_t>::min(),
-                              .highScorePosition = std::numeric_limits<std::int32_t>::min()};
+/// Values that no file can hold: what still has them was not given in module.txt.
+const ModuleChoice kNotGiven = {.fileName = "\n",
+                                .menuPosition = std::numeric_limits<std::int32_t>::min(),
+                                .gamePosition = std::numeric_limits<std::int32_t>::min(),
+                                .highScorePosition = std::numeric_limits<std::int32_t>::min()};
 
 struct Entry {
     std::string_view keyword;
@@ -33,9 +33,9 @@ constexpr std::array kEntries = {
     Entry{"HIGH SCORE START POSITION:", &ModuleChoice::highScorePosition},
 };
 
-bool IsTold(const ModuleChoice& choice, const Entry& entry) {
-    return entry.position ? choice.*entry.position != kUntold.*entry.position
-                          : choice.fileName != kUntold.fileName;
+bool IsGiven(const ModuleChoice& choice, const Entry& entry) {
+    return entry.position ? choice.*entry.position != kNotGiven.*entry.position
+                          : choice.fileName != kNotGiven.fileName;
 }
 
 std::vector<std::string> LinesOf(const std::string& text) {
@@ -47,14 +47,14 @@ std::vector<std::string> LinesOf(const std::string& text) {
     return lines;
 }
 
-/// Whether a keyword stands at the beginning of a line, behind blanks or before its value.
+/// Whether a line begins with a keyword. Blanks may precede it and anything may follow.
 bool Mentions(const std::string& line, std::string_view keyword) {
     const std::size_t start = line.find_first_not_of(" \t");
     return start != std::string::npos &&
            AsciiEqualsIgnoringCase(std::string_view(line).substr(start, keyword.size()), keyword);
 }
 
-void CheckUntold(const std::vector<std::string>& lines, const Entry& entry, Report& report) {
+void CheckMissing(const std::vector<std::string>& lines, const Entry& entry, Report& report) {
     const auto mention = std::ranges::find_if(
         lines, [&](const std::string& line) { return Mentions(line, entry.keyword); });
     if (mention == lines.end()) {
@@ -101,7 +101,7 @@ void CheckPosition(const std::vector<std::string>& lines, const Entry& entry, st
     }
 }
 
-/// The module's count of positions; 0 when it cannot be played, which is told.
+/// The number of the module's positions. When it cannot be played: 0, and a finding is added.
 int CheckModule(const CheckedSkin& skin, const std::string& name, Report& report) {
     const std::string file = std::string(kFolder) + name;
     if (!skin.Has(file)) {
@@ -138,13 +138,14 @@ void CheckMusic(const CheckedSkin& skin, Report& report) {
         return;
     }
     const std::string text(reinterpret_cast<const char*>(bytes->data()), bytes->size());
-    ModuleChoice choice = kUntold;
+    ModuleChoice choice = kNotGiven;
     ApplyModuleText(text, choice);
     const std::vector<std::string> lines = LinesOf(text);
-    const int orders = IsTold(choice, kEntries[0]) ? CheckModule(skin, choice.fileName, report) : 0;
+    const int orders =
+        IsGiven(choice, kEntries[0]) ? CheckModule(skin, choice.fileName, report) : 0;
     for (const Entry& entry : kEntries) {
-        if (!IsTold(choice, entry)) {
-            CheckUntold(lines, entry, report);
+        if (!IsGiven(choice, entry)) {
+            CheckMissing(lines, entry, report);
         } else if (entry.position) {
             CheckPosition(lines, entry, choice.*entry.position, orders, report);
         }

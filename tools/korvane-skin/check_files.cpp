@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kDepthField = 28;
 
-/// What a picture file that the game cannot read is instead, and what to do.
+/// Why the game cannot read a picture file.
 std::string WhatIsWrong(const std::string& file) {
     const auto bytes = TheHost().GameFiles().Read(SkinPath(file), kMaxBitmapBytes);
     if (!bytes) return "cannot be opened, or is larger than 16 MB";
@@ -50,7 +50,8 @@ void CheckPicture(const CheckedSkin& skin, const PictureRow& row, Report& report
     }
 }
 
-/// The game takes the key colours from the file's bytes, three for each.
+/// The game takes the key colours from the bytes of the file, three bytes for each, whatever its
+/// depth.
 void CheckKeyFile(const CheckedSkin& skin, Report& report) {
     const PictureRow& row = RowOf("colorkey.bmp");
     if (!skin.Picture(row).isOwn) return;

@@ -7,7 +7,7 @@
 namespace korvane {
 namespace {
 
-/// How many pixels something is true of, and the first of them.
+/// The pixels for which a condition holds: how many there are, and the first one.
 struct Spots {
     int count = 0;
     POINT first{};
@@ -70,7 +70,7 @@ void CheckFringes(const PictureRow& row, const DecodedBitmap& bitmap, std::uint3
                         "; make each either that or a colour of the art, with a hard brush"));
 }
 
-/// Pixels in one of the other key colours, which shows as it is.
+/// Finds pixels in a key colour that is not the picture's own, and so is not transparent.
 void CheckWrongKey(const CheckedSkin& skin, const PictureRow& row, const DecodedBitmap& bitmap,
                    Report& report) {
     for (int other = 0; other < 3; ++other) {

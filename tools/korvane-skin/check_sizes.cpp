@@ -18,7 +18,7 @@ bool IsSmaller(SIZE size, SIZE room) {
     return size.cx < room.cx || size.cy < room.cy;
 }
 
-/// One view of a picture against its place.
+/// Whether one view of a picture fits its place.
 void CheckRoom(const PictureRow& row, SIZE view, Report& report) {
     if (IsLarger(view, {kScreen.cx - row.at.x, kScreen.cy - row.at.y})) {
         report.Add(Severity::Error, row.file,

@@ -13,16 +13,16 @@
 namespace korvane {
 namespace {
 
-/// The column of a cell from which the next character may cover it.
+/// The next character begins 14 pixels further on and covers the rest of the cell.
 constexpr int kFirstSpareColumn = 14;
 
-/// Characters of one kind, which stand side by side in a picture.
+/// Characters of one kind, side by side in one picture.
 struct Characters {
     unsigned kind;
     const PictureRow& row;
     const SkinPicture& picture;
     std::uint32_t key;
-    std::string_view names;  ///< a character each; empty: they are called by their cells
+    std::string_view names;  ///< one letter for each; empty: their cells are numbered instead
     int firstCell;
     int count;
 
@@ -30,7 +30,6 @@ struct Characters {
         return picture.bitmap && picture.bitmap->size.cx >= row.FileSize().cx &&
                picture.bitmap->size.cy >= row.FileSize().cy;
     }
-    /// The cell of the character with a number.
     RECT Cell(int number) const {
         const int left = (firstCell + number) * row.room.cx;
         return {left, 0, left + row.room.cx, row.room.cy};
@@ -48,7 +47,7 @@ struct Characters {
     }
 };
 
-/// From the first row with ink to the last one; no row when there is none.
+/// The rows of the cells in which any of the characters has ink.
 InkRows InkRowsOf(const Characters& characters) {
     RECT all = characters.Cell(0);
     all.right = characters.Cell(characters.count - 1).right;
@@ -60,7 +59,8 @@ InkRows InkRowsOf(const Characters& characters) {
     return {all.top, all.bottom};
 }
 
-/// The contrast that enough of a character's pixels reach; the highest there is for an empty cell.
+/// The contrast that the share kInkShare of a character's pixels reaches. An empty cell has the
+/// highest.
 double InkContrast(const Characters& characters, int number, const TextGround& ground) {
     const RECT cell = characters.Cell(number);
     std::vector<double> contrasts;
@@ -78,7 +78,7 @@ double InkContrast(const Characters& characters, int number, const TextGround& g
     return contrasts[static_cast<std::size_t>(count) - 1];
 }
 
-/// In all places on the same picture.
+/// Checks the characters in all places on one picture.
 void CheckContrast(const Characters& characters, std::span<const TextGround> places,
                    Report& report) {
     double worst = kLeastContrast;
@@ -102,7 +102,7 @@ void CheckContrast(const Characters& characters, std::span<const TextGround> pla
                     " to 1 is wanted); make them lighter or the ground darker, or the reverse"));
 }
 
-/// The characters that reach into columns where the next one may be drawn over them.
+/// Finds characters that reach into the columns that the next one covers.
 void CheckSpareColumns(const Characters& characters, Report& report) {
     std::string wide;
     for (int number = 0; number < characters.count; ++number) {

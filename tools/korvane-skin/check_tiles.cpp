@@ -8,7 +8,7 @@
 namespace korvane {
 namespace {
 
-/// A tile's pixels as an eye sees them; what is transparent shows the dark of a board.
+/// A tile's pixels as an eye sees them. Transparent ones are black, nearly as boards are.
 using SeenTile = std::vector<Lab>;
 
 SeenTile SeeTile(const DecodedBitmap& strip, int tile, SIZE size, std::uint32_t key, Sight sight) {
@@ -40,7 +40,7 @@ Lab MeanOf(const SeenTile& tile) {
     return mean;
 }
 
-/// What is too small between two tiles, and what to do; empty when nothing is.
+/// Why two tiles are too much alike, and what to do; empty when they are not.
 std::string CheckPair(const SeenTile& one, const SeenTile& other, Sight sight) {
     const auto tell = [&](const char* fault, double distance, double least, const char* advice) {
         return Text(fault, kSightNames[static_cast<std::size_t>(sight)], " (",

@@ -44,7 +44,7 @@ CheckedSkin::Keys CheckedSkin::LoadKeys() {
     return {FromGdi(keys.Key(0)), FromGdi(keys.Key(1)), FromGdi(keys.Key(2))};
 }
 
-/// Skins have no folders in folders.
+/// One level is enough: a skin's folders hold no folders.
 void CheckedSkin::ListFolder(const std::string& folder) {
     const auto entries = TheHost().GameFiles().List(SkinPath(folder));
     if (!entries) return;

@@ -16,19 +16,19 @@ namespace korvane {
 struct SkinPicture {
     bool isThere = false;  ///< the skin has a file for it
     bool isOwn = false;    ///< the picture is the skin's, not the Original's
-    /// Nothing when neither has one that can be read.
+    /// Nothing when neither skin has one that can be read.
     std::optional<DecodedBitmap> bitmap;
 };
 
-/// All that the checks look at: the files and pictures of the skin that theSettings name, read
-/// through the machine's files, and its key colours.
+/// What the checks look at: files, pictures and key colours of the skin that theSettings name.
+/// Everything is read through the GameFiles of the host.
 class CheckedSkin {
   public:
     CheckedSkin();
 
     /// Relative names with backslashes, spelled as on the disk.
     const std::vector<std::string>& FileNames() const { return fileNames_; }
-    /// Whether there is such a file or folder, in whatever letter case.
+    /// Whether there is such a file or folder. Letter case does not matter.
     bool Has(std::string_view name) const;
     const SkinPicture& Picture(const PictureRow& row) const { return pictures_[IndexOf(row)]; }
     /// 0x00RRGGBB.

@@ -5,23 +5,23 @@
 
 namespace korvane {
 
-// Each looks at one side of a skin and adds what it finds. Pictures that fall back to the Original
-// are the Original's business, but for how they go together with the skin's own.
+// Each checks one side of a skin and adds what it finds. A picture that the Original lends is only
+// checked together with pictures of the skin itself: nobody can mend the Original here.
 
-/// What is there, what falls back, what no place uses, and what the game cannot read.
+/// Files that are missing, unreadable or never used.
 void CheckFiles(const CheckedSkin& skin, Report& report);
-/// Pictures and strips against the places on the screen.
+/// Sizes that do not fit the places on the screen.
 void CheckSizes(const CheckedSkin& skin, Report& report);
-/// What is transparent by mistake, or not transparent by mistake.
+/// Pixels that are transparent, or are not, by mistake.
 void CheckKeys(const CheckedSkin& skin, Report& report);
-/// Whether letters, numbers and the glyphs of keys can be read where they stand.
+/// Letters, numbers and glyphs of keys that are hard to read where the game shows them.
 void CheckText(const CheckedSkin& skin, Report& report);
-/// Whether eyes of all kinds can tell the eight tiles apart.
+/// Tiles that look alike, also to people who see fewer colours.
 void CheckTiles(const CheckedSkin& skin, Report& report);
-/// module.txt, the module that it names, and the sounds.
+/// Faults in module.txt, in the module that it names and in the sounds.
 void CheckAudio(const CheckedSkin& skin, Report& report);
 
-/// All of them, for the skin that theSettings name in the machine's files.
+/// All of these checks, for the skin that theSettings name.
 Report CheckSkin();
 
 }  // namespace korvane

@@ -16,7 +16,7 @@ constexpr Matrix kSrgbToXyz = {{{0.4124564, 0.3575761, 0.1804375},
                                 {0.0193339, 0.1191920, 0.9503041}}};
 constexpr Light kWhite = {0.95047, 1.0, 1.08883};
 
-// What linear sRGB becomes for eyes without one kind of cones, by Machado, Oliveira and Fernandes,
+// How linear sRGB looks to eyes without one kind of cones, from Machado, Oliveira and Fernandes,
 // "A Physiologically-based Model for Simulation of Color Vision Deficiency" (2009), severity 1.
 constexpr Matrix kProtanopia = {{{0.152286, 1.052583, -0.204868},
                                  {0.114503, 0.786281, 0.099216},

@@ -17,12 +17,12 @@ double Luminance(std::uint32_t colour);
 /// Ratio of two luminances, 1 to 21.
 double Contrast(double oneLuminance, double otherLuminance);
 
-/// What is left of a colour on a display of 5, 6 and 5 bits.
+/// The bits of a colour that a display with 5 bits of red, 6 of green and 5 of blue shows.
 std::uint32_t ReducedTo565(std::uint32_t colour);
-/// Straight distance in 8-bit steps, 0 to 441.
+/// Euclidean distance of two colours in 8-bit steps of their channels, 0 to 441.
 double ChannelDistance(std::uint32_t one, std::uint32_t other);
 
-/// How eyes may see: all light alike, or without one of the three kinds of cones.
+/// Kinds of sight: no colours at all, or without one of the three kinds of cones.
 enum class Sight : std::uint8_t { Greyscale, Protanopia, Deuteranopia, Tritanopia, Count };
 inline constexpr std::array kSightNames = {"in greyscale", "with protanopia", "with deuteranopia",
                                            "with tritanopia"};

@@ -15,7 +15,7 @@ const char* NameOf(Severity severity) {
     return kNames[static_cast<std::size_t>(severity)];
 }
 
-/// What comes from files may hold anything; a finding is one line, and no command to a terminal.
+/// Texts from files may hold control characters. They would break the line, or steer a terminal.
 std::string Printable(std::string text) {
     const auto isControl = [](char character) {
         return static_cast<unsigned char>(character) < ' ' || character == '\x7F';

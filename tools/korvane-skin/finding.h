@@ -9,19 +9,19 @@
 
 namespace korvane {
 
-/// An error is lost on the screen or to the ear; a warning looks or sounds wrong; a note is worth
+/// Error: the game does not show or play something. Warning: it looks or sounds wrong. Note: worth
 /// knowing.
 enum class Severity { Error, Warning, Note };
 
 struct Finding {
     Severity severity;
     std::string file;  ///< relative to the skin, with slashes
-    std::string text;  ///< what is wrong, and what to do
+    std::string text;  ///< what is wrong, and how to mend it
 
     bool operator==(const Finding&) const = default;
 };
 
-/// All that a check has found.
+/// The findings of a check.
 class Report {
   public:
     /// `file` may have backslashes.
@@ -35,7 +35,7 @@ class Report {
     std::vector<Finding> findings_;
 };
 
-/// Puts values together as they are written to a stream.
+/// The values as a stream prints them, one after the other.
 template <typename... Parts>
 std::string Text(const Parts&... parts) {
     std::ostringstream text;

@@ -14,7 +14,7 @@ namespace {
 constexpr int kFoundErrors = 1;
 constexpr int kWrongUse = 2;
 
-/// What the user asks for.
+/// The arguments of all subcommands.
 struct Request {
     std::string skin;
     std::string original;

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A name that every system takes, and the game's paths with it.
+/// Whether a name is allowed on every system, and short enough for the game's paths.
 bool IsFolderName(const std::string& name) {
     constexpr std::string_view kForbidden = "/\\:*?\"<>|";
     if (name.empty() || name.size() > LongestSkinName() || name.front() == '.') return false;

@@ -21,12 +21,12 @@ namespace korvane {
 namespace {
 
 constexpr int kBoardTop = 50;
-/// As far down as a quake takes a board.
+/// The lowest place that a quake moves a board to.
 constexpr int kLowestTop = 106;
 
 using Rows = std::span<const std::string_view>;
 
-// Positions from a game's middle: a digit is a tile, the last row lies on the floor.
+// Boards in the middle of a game: a digit is a tile, the last row lies on the floor.
 constexpr std::array<std::string_view, 9> kRightRows = {"1.........", "1.......4.", "1.77...44.",
                                                         "177.5664..", "22335566.8", ".2233556.1",
                                                         "7.4466.221", "7744.66221", "57.4433881"};
@@ -47,7 +47,7 @@ Board BoardOf(Rows rows) {
     return board;
 }
 
-/// Four rows that the next figure completes, for some lines and points.
+/// A board with four complete rows, for some lines and points.
 Board FourFullRows() {
     Board board;
     for (int row = kBoardRows - 4; row < kBoardRows; ++row)
@@ -75,7 +75,7 @@ void Play(Player& player, int figures) {
     }
 }
 
-/// A game under way on that position, with a figure in the air.
+/// Starts a game, plays some figures and leaves it on that board with a figure in the air.
 void PlayInto(Player& player, bool timed, int figures, Rows rows) {
     player.StartGame(timed);
     Play(player, figures);
@@ -95,19 +95,19 @@ void EndGame(Player& player) {
 
 void DrawPlayers(Player& right, Player& left, int rightTop = kBoardTop, int leftTop = kBoardTop) {
     for (const auto& [player, top] : {std::pair(&right, rightTop), std::pair(&left, leftTop)}) {
-        // The shown score climbs with each drawing; here it has arrived.
+        // Each frame lets the shown score climb a step: take all steps at once.
         while (player->ShownScore() != player->Score())
             player->StepShownScore();
         DrawPlayer(*player, top);
     }
 }
 
-/// The menu as the settings have it now, after something was done to it.
+/// A picture of a new menu with the present settings, after a change was made to it.
 template <typename Change>
 std::vector<std::uint32_t> ShowMenu(Stage& stage, Change change) {
     theMenuScreen = std::make_unique<MenuScreen>();
     change(*theMenuScreen);
-    // Only now: making the menu would load its sound.
+    // Not before: with audio ready, the menu would load its sound.
     audioReady = theSettings.players == 2;
     const auto picture = stage.Show([] { theMenuScreen->Draw(); });
     audioReady = false;

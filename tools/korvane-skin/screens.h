@@ -12,8 +12,7 @@ struct ScreenPicture {
     std::vector<std::uint32_t> pixels;  ///< 640 x 480, 0x00RRGGBB; empty when it failed
 };
 
-/// Every picture of the skin that is in use on the screens it belongs to. The settings are others
-/// afterwards.
+/// Screens of the game that together show every picture of the skin in use. Changes theSettings.
 std::vector<ScreenPicture> DrawScreens();
 
 }  // namespace korvane

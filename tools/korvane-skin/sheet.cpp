@@ -20,7 +20,7 @@ constexpr int kCaptionHeight = 22;
 constexpr std::uint32_t kPaper = 0x2B2D33;
 constexpr std::uint32_t kInk = 0xE8E8E8;
 
-/// Where the picture of a number goes; its caption stands above it.
+/// The place of a screen on the sheet by its index. Its caption stands above it.
 POINT PlaceOf(int index) {
     return {kGap + index % kColumns * (kFrame.cx + kGap),
             kTitleHeight + kCaptionHeight + index / kColumns * (kFrame.cy + kCaptionHeight + kGap)};
@@ -38,7 +38,7 @@ void Fill(PixelBuffer& sheet, std::uint32_t colour) {
             sheet.SetPixel({x, y}, colour);
 }
 
-void Place(PixelBuffer& sheet, const ScreenPicture& screen, POINT at) {
+void DrawScreen(PixelBuffer& sheet, const ScreenPicture& screen, POINT at) {
     constexpr auto kRow = static_cast<std::size_t>(kFrame.cx);
     for (int y = 0; y < kFrame.cy; ++y)
         std::memcpy(sheet.At({at.x, at.y + y}),
@@ -57,7 +57,7 @@ bool WriteSheet(const std::string& file) {
     Fill(sheet, kPaper);
     TypefaceOf(2).Draw(sheet, {kGap, kTitleHeight - 10}, title, kInk);
     for (std::size_t i = 0; i < screens.size(); ++i)
-        Place(sheet, screens[i], PlaceOf(static_cast<int>(i)));
+        DrawScreen(sheet, screens[i], PlaceOf(static_cast<int>(i)));
     return WritePng(file, sheet.Size(), [&](POINT at) { return sheet.Pixel(at); });
 }
 

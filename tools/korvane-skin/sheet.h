@@ -4,9 +4,8 @@
 
 namespace korvane {
 
-/// Draws the screens of the game in the skin that theSettings name, on the headless machine and
-/// from its files, and writes them into one PNG file with a caption each. False when the file
-/// cannot be written or nothing can be drawn.
+/// Draws the screens of the game in the skin that theSettings name and writes them, each with a
+/// caption, into one PNG file. False when they cannot be drawn or the file cannot be written.
 bool WriteSheet(const std::string& file);
 
 }  // namespace korvane

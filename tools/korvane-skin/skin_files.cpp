@@ -18,7 +18,7 @@ char Folded(char character) {
     return character == '/' ? '\\' : AsciiLower(character);
 }
 
-/// What follows in a path behind a folder; nothing when it lies elsewhere.
+/// The part of a path below a folder; nothing when the path is not below it.
 std::optional<std::string> Behind(std::string_view path, const std::string& folder) {
     const std::string_view start = path.substr(0, folder.size());
     if (!std::ranges::equal(start, folder, {}, Folded, Folded)) return std::nullopt;
@@ -50,7 +50,7 @@ SkinFiles::SkinFiles(SkinPlace skin, SkinPlace original)
 std::optional<SkinFiles::RealPath> SkinFiles::Find(std::string_view path) const {
     std::string ownFolder = "Skins\\";
     ownFolder += skin_.place.name;
-    // The skin comes first, so that one that is called Original stands in for ours.
+    // The skin first: when its name is Original, it is meant and not the one of the game.
     const std::array<std::pair<std::string, const Root*>, 3> folders = {{
         {ownFolder, &skin_},
         {"Skins\\Original", &original_},

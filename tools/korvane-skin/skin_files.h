@@ -8,21 +8,21 @@
 
 namespace korvane {
 
-/// A skin's folder anywhere on the disk.
+/// The place of a skin's folder on the disk.
 struct SkinPlace {
-    std::string parent;  ///< the folder that it lies in
+    std::string parent;  ///< the folder that holds it
     std::string name;
 };
 
-/// The place of an existing folder; nothing when there is none.
+/// The place of a folder; nothing when it does not exist.
 std::optional<SkinPlace> FindSkin(const std::string& folder);
 
-/// The Original that fills the gaps of a skin: the named folder if one is given, else the skin's
-/// neighbour, else the one of the working directory. Nothing when there is none.
+/// The Original that lends what a skin lacks: the given folder if any, else the one beside the
+/// skin, else Skins/Original of the working directory. Nothing when there is none.
 std::optional<SkinPlace> FindOriginal(const SkinPlace& skin, const std::string& given);
 
-/// The game's folder as it would be with one skin installed beside the Original: what the game
-/// asks for comes from their real folders. Nothing can be written.
+/// The files that the game would find with one skin installed beside the Original. They are read
+/// from the real folders of both; nothing can be written.
 class SkinFiles final : public Files {
   public:
     SkinFiles(SkinPlace skin, SkinPlace original);
@@ -36,7 +36,7 @@ class SkinFiles final : public Files {
         SkinPlace place;
         std::unique_ptr<Files> parent;
     };
-    /// Where a path of the game really lies.
+    /// The file behind a path of the game.
     struct RealPath {
         Files& files;
         std::string path;
@@ -48,8 +48,8 @@ class SkinFiles final : public Files {
     Root original_;
 };
 
-/// Makes a skin's folder the one that the game on the headless machine shows, with the Original of
-/// `FindOriginal` behind it and default settings. Empty, or why it cannot be done.
+/// Lets the game on the headless machine use a skin's folder, with the Original of `FindOriginal`
+/// and default settings. Returns an empty text, or why it cannot be done.
 std::string UseSkin(const std::string& folder, const std::string& original);
 
 }  // namespace korvane

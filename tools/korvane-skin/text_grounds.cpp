@@ -18,7 +18,7 @@ class Scenery {
   public:
     explicit Scenery(const CheckedSkin& skin) : skin_(skin), pixels_(kScreen.PixelCount()) {}
 
-    /// Covers an area with a background, side by side from its left top.
+    /// Covers an area with copies of a background, beginning at its left top corner.
     void Tile(std::string_view file, const RECT& area) {
         const auto& tile = skin_.Picture(RowOf(file)).bitmap;
         if (!tile) return;
@@ -27,8 +27,8 @@ class Scenery {
                 At({x, y}) =
                     PixelOf(*tile, (x - area.left) % tile->size.cx, (y - area.top) % tile->size.cy);
     }
-    /// Lays a picture over it, all but its key colour.
-    void Lay(std::string_view file, POINT at) {
+    /// Draws a picture, all but its key colour.
+    void Draw(std::string_view file, POINT at) {
         const PictureRow& row = RowOf(file);
         const auto& picture = skin_.Picture(row).bitmap;
         if (!picture) return;
@@ -41,7 +41,7 @@ class Scenery {
         }
     }
 
-    /// Widens the range of a ground by what lies in an area.
+    /// Widens the range of a ground by the pixels of an area.
     void Measure(const RECT& area, TextGround& ground) {
         std::vector<double> luminances;
         for (int y = area.top; y < area.bottom; ++y)
@@ -76,7 +76,7 @@ TextGround KeySlotGround(const CheckedSkin& skin, int width, const InkRows& rows
     const POINT slot = KeySlotPlace(Action::Rotate, Side::Right);
     const POINT glyph{slot.x + kGlyphInSlot.x, slot.y + kGlyphInSlot.y};
     Scenery menu = EmptyMenu(skin);
-    menu.Lay(kKeySlotFile, slot);
+    menu.Draw(kKeySlotFile, slot);
     TextGround ground{kKeySlotFile, skin.Picture(RowOf(kKeySlotFile)).isOwn, 1, 0};
     menu.Measure({glyph.x, glyph.y + rows.top, glyph.x + width, glyph.y + rows.bottom}, ground);
     return ground;
@@ -86,9 +86,9 @@ std::vector<TextGround> TextGroundsOf(const CheckedSkin& skin, unsigned kind, co
     Scenery menu = EmptyMenu(skin);
     Scenery game(skin);
     game.Tile(kGameGround, kLeftHalf);
-    game.Lay("Game\\playboard.bmp", {16, 50});
-    game.Lay("Game\\previewframe.bmp", {234, 52});
-    game.Lay("Game\\statisticsframe.bmp", {234, 113});
+    game.Draw("Game\\playboard.bmp", {16, 50});
+    game.Draw("Game\\previewframe.bmp", {234, 52});
+    game.Draw("Game\\statisticsframe.bmp", {234, 113});
 
     std::vector<TextGround> grounds;
     for (const TextPlace& place : kTextPlaces) {

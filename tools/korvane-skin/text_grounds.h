@@ -7,25 +7,25 @@
 
 namespace korvane {
 
-/// What a text stands on: the darkest and the lightest of it that counts.
+/// What a text stands on: the darkest and the lightest luminance that counts.
 struct TextGround {
     std::string_view file;  ///< of the ground
-    bool isOwn;             ///< the skin has a part in it
+    bool isOwn;             ///< some of it comes from the skin, not from the Original
     double darkest;         ///< relative luminance
     double lightest;
 };
 
-/// Which rows of their cells characters fill, from the top on and up to before the bottom.
+/// The rows of a cell that characters fill; `bottom` is the first one below them.
 struct InkRows {
     int top;
     int bottom;
 };
 
-/// The grounds of all texts with characters of a kind (kLetters and so on) on the screens of the
-/// game: what the backgrounds and the frames laid over them show where these rows come to lie.
+/// The grounds of all texts with characters of a kind (kLetters and so on): the backgrounds, with
+/// the frames on them, where a screen of the game draws these rows of the characters.
 std::vector<TextGround> TextGroundsOf(const CheckedSkin& skin, unsigned kind, const InkRows& rows);
 
-/// What a slot of the key configuration shows under these rows of a glyph.
+/// The ground of these rows of a key's glyph: a slot of the key configuration.
 TextGround KeySlotGround(const CheckedSkin& skin, int width, const InkRows& rows);
 
 }  // namespace korvane

@@ -8,14 +8,14 @@
 namespace korvane {
 
 // The pictures that texts stand on.
-inline constexpr std::string_view kMenuGround = "Background.bmp";  ///< of the high scores too
+inline constexpr std::string_view kMenuGround = "Background.bmp";  ///< also of the high scores
 inline constexpr std::string_view kGameGround = "Game\\Background.bmp";
 inline constexpr std::string_view kCountGround = "Game\\statisticsframe.bmp";
 
 /// The kinds of characters, as bits.
 inline constexpr unsigned kLetters = 1;
 inline constexpr unsigned kDigits = 2;
-inline constexpr unsigned kSigns = 4;  ///< those that stand beside the digits
+inline constexpr unsigned kSigns = 4;  ///< : ; < = > ? @
 inline constexpr unsigned kAll = kLetters | kDigits | kSigns;
 
 /// Texts of one kind on the screen, row under row.
@@ -28,7 +28,7 @@ struct TextPlace {
     int rows = 1;
     int pitch = 0;  ///< from row to row, in pixels
 
-    /// What the pixels of a row's cells from `from` to before `to` down cover.
+    /// The area of a row of text, of the lines from `from` to before `to` in its cells.
     constexpr RECT Row(int row, int from, int to) const {
         const int top = at.y + row * pitch;
         return {at.x, top + from, at.x + step * (length - 1) + 16, top + to};
@@ -41,7 +41,7 @@ constexpr TextPlace Wide(unsigned kinds, POINT at, int length) {
 constexpr TextPlace Rows(unsigned kinds, POINT at, int length, int step, int pitch, int rows) {
     return {kMenuGround, kinds, at, length, step, rows, pitch};
 }
-/// Beside the left board at rest; the right one's lie 320 pixels further on, on the same.
+/// Beside the left board. The right board's texts stand 320 pixels further on, on the same picture.
 constexpr TextPlace Label(int y, int length) {
     return {kGameGround, kLetters, {234, y}, length, 16};
 }
@@ -49,7 +49,7 @@ constexpr TextPlace Value(int y) {
     return {kGameGround, kDigits, {238, y}, 5, 14};
 }
 
-/// Wherever a screen of the game writes; numbers with up to five digits.
+/// Every place where a screen of the game writes. Numbers count with five digits.
 inline constexpr std::array kTextPlaces = {
     // Credits.
     Wide(kAll, {110, 116}, 20),

@@ -29,7 +29,8 @@ class Settings:
     drop_magnitude: int = 8
 
     def record(self):
-        """What the tour does not set is the default, but the score does not count up."""
+        """The bytes of the file. Everything else has its default, except that the score does not
+        count up."""
         skin = self.skin.encode() + b"\0"
         return (struct.pack("<Bii", self.players, *self.difficulty)
                 + bytes([*self.clockwise, 0, 0])                   # time based
@@ -42,11 +43,11 @@ class Settings:
                 + struct.pack("<i", self.drop_magnitude))
 
     def take_full_screen(self, record):
-        """The full-screen mode of a record: which one there is to choose is the display's affair."""
+        """Takes the full-screen mode from a file: which modes there are depends on the display."""
         self.full_screen = struct.unpack_from("<II", record, FULL_SCREEN_OFFSET)
 
     def pressed_buttons(self):
-        """The buttons of the menu that these settings keep pressed."""
+        """The buttons of the menu that are pressed with these settings."""
         pressed = {"OnePlayer" if self.players == 1 else "TwoPlayers"}
         for side, name in ((RIGHT, "Right"), (LEFT, "Left")):
             pressed.add(name + DIFFICULTIES[self.difficulty[side]])

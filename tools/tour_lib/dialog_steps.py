@@ -27,7 +27,7 @@ def leave_dialog(tour, key):
 
 
 def accept_first_settings(tour):
-    """At the first start the settings stand alone, and there is no way but OK."""
+    """At the first start the settings are a window of their own, which only OK closes."""
     tour.start_program()
     tour.save("first-start", tour.game.see_box(TITLE_ADVANCED))
     tour.game.press("Escape")
@@ -50,7 +50,7 @@ def cancel_advanced_settings(tour):
 
 
 def change_advanced_settings(tour):
-    """From the list of skins to the modes, the delay and the magnitude."""
+    """Changes the skin, the mode, the delay and the magnitude, in this order."""
     open_dialog(tour, "alt+s", "d")
     change_dialog(tour, NEXT_SKIN[0].lower(), "Tab", "Home", "Tab", *5 * ["Right"], "Tab", "Right")
     tour.keep_picture("advanced-settings")
@@ -64,7 +64,7 @@ def change_advanced_settings(tour):
 
 
 def change_sound_effects(tour):
-    """The fifth and the last box are unchecked."""
+    """Unchecks the fifth and the last box."""
     open_dialog(tour, "ctrl+shift+s")
     change_dialog(tour, *4 * ["Tab"], "space", "Tab", "space")
     tour.keep_picture("sound-effects")

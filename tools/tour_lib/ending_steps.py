@@ -1,4 +1,4 @@
-"""Steps to the program's end, and through a second run that is to find what the first one left."""
+"""Steps that end the program, and see in a second run what the first one has kept."""
 
 import signal
 
@@ -11,7 +11,7 @@ DATA_FILES = {"menu.dat": 54, "sync.dat": 324, "hs.dat": 260, "keys.dat": 10}
 
 
 def quit_program(tour):
-    # Some were read at the start: what is there afterwards was written at the end.
+    # Some were there at the start: only without them is it sure that the program writes them.
     for name in DATA_FILES:
         tour.data(name).unlink(missing_ok=True)
     tour.game.click_button("Quit")

@@ -1,8 +1,8 @@
 """Steps through a battle, a game alone and the high scores after it."""
 
-from .game import BOARD_X, COLUMNS
 from .hearing import GAME, HIGH_SCORES, MENU
 from .tour import check, see_menu
+from .view import BOARD_X, COLUMNS
 from .waiting import TourFailure
 
 LEFT_KEYS = {"left": "a", "right": "d", "drop": "s", "turn": "w", "pause": "t"}
@@ -12,9 +12,8 @@ NAME = "TOUR 7"
 MOST_SQUARES = 30  # one figure in seven is a square
 
 
-# Two players, without music, so that every effect is heard alone. ---------------------------------
-
 def start_battle(tour):
+    """Without music, so that every effect is heard alone."""
     with tour.hearing.effect("Button"):
         tour.game.click_button("Start")
     tour.game.see("two boards with a figure each",
@@ -28,8 +27,8 @@ def score_of(game, side):
 
 
 def drop(game, side, keys):
-    """Takes a figure down, which is so slow that it would not be there in time by itself. The key
-    is held: one that goes up again within a frame does nothing."""
+    """Drops a figure and waits until it has landed. By itself it would fall for minutes. The key is
+    held, as a key that goes up again within the same frame moves nothing."""
     score = score_of(game, side)
     with game.held(keys["drop"]):
         game.see(f"score for the {side} figure on the ground",
@@ -50,8 +49,9 @@ def steer(side, keys):
 
 
 def figure_that_turns(game, side, keys):
-    """A square looks the same when it is turned: then other figures come with a new battle. The
-    drop before it makes a score, whose end shows that the new battle has begun."""
+    """Returns a view of a figure that looks different when it is turned. A square does not: then a
+    new battle brings another figure. The square is dropped before that for its points: that the
+    score is 0 again shows that the new battle has begun."""
     for _ in range(MOST_SQUARES):
         view = game.see(f"{side} figure", lambda view: view.figure(side))
         if view.figure(side) != "square":
@@ -63,7 +63,7 @@ def figure_that_turns(game, side, keys):
 
 
 def turn(side, keys):
-    """A figure is three or four columns wide when it comes, and one or two when it is turned."""
+    """A figure comes in three or four columns wide; turned it is one or two columns wide."""
     def step(tour):
         game = tour.game
         figure_that_turns(game, side, keys)
@@ -76,7 +76,7 @@ def turn(side, keys):
 
 
 def pause_both(tour):
-    """In battle the pause key of one player is for both, and so is the other one's."""
+    """In battle each player's pause key pauses both boards, and resumes both."""
     game = tour.game
     game.press(RIGHT_KEYS["pause"])
     game.see("both boards paused",
@@ -118,8 +118,6 @@ def back_to_menu(tour):
     tour.game.press("Escape")
     see_menu(tour)
 
-
-# One player. --------------------------------------------------------------------------------------
 
 def start_alone(tour):
     with tour.hearing.music(GAME):

@@ -1,12 +1,12 @@
-"""Finding music and sound effects in what the program plays."""
+"""Finds music and sound effects in what the program plays."""
 
 import contextlib
 
 from .sounds import RATE, Recording, effect, likeness, music
 from .waiting import wait_for
 
-# What begins while something else still sounds is a little less like itself than in silence; what
-# is not there stays well below.
+# The least likeness of a sound that counts as heard. Over another sound it is about 0.8; where the
+# sound is missing, the likeness stays far lower.
 LIKE = 0.7
 MENU, GAME, HIGH_SCORES = (f"{screen} START POSITION:" for screen in ("MENU", "GAME", "HIGH SCORE"))
 MUSIC_SECONDS = 1
@@ -25,26 +25,26 @@ class Hearing:
         return music(self.folder / entries["FILENAME:"], int(entries[screen]), MUSIC_SECONDS)
 
     def start_of_music(self, screen):
-        """The music of the program's start."""
+        """Waits for the music that begins when the program starts."""
         self.wait_for(f"{screen} music", self.tune(screen), 0)
 
     def music(self, screen):
-        """The music of a screen is to begin meanwhile, or soon afterwards."""
+        """The music of a screen must begin during this block, or soon afterwards."""
         return self.sound(f"{screen} music", self.tune(screen))
 
     def effect(self, name):
-        """An effect is to be heard meanwhile, or soon afterwards."""
+        """An effect must be heard during this block, or soon afterwards."""
         return self.sound(name, effect(self.folder / f"{name}.wav"))
 
     @contextlib.contextmanager
     def sound(self, what, sound):
-        # The step before may have made the same sound.
+        # The previous step may have made the same sound.
         first = wait_for(f"end of {what} from before", lambda: self.end_without(sound))
         yield
         self.wait_for(what, sound, first)
 
     def end_without(self, sound):
-        """The end of the recording, when the sound has not begun for a while; else none."""
+        """The length of the recording if the sound is not near its end, else none."""
         last = self.recording.length()
         return None if self.has(sound, max(0, last - 2 * len(sound)), last) else last
 

@@ -9,8 +9,6 @@ BOUND_KEYS = DEFAULT_KEYS.replace(b"P", b"O")
 TITLE_MAIN = (20, -10)  # in the window's menu bar, above the picture
 
 
-# Menu. --------------------------------------------------------------------------------------------
-
 def open_menu(picture):
     def step(tour):
         tour.start_program()
@@ -72,10 +70,8 @@ def switch_music_on(tour):
         see_menu(tour)
 
 
-# Window menu. -------------------------------------------------------------------------------------
-
 def show_frame_rate(tour):
-    """Opens a popup with the mouse and goes to an item with a letter, which two items share."""
+    """Opens a popup with the mouse. Two of its items have the letter that is pressed."""
     game = tour.game
     check("There is a frame rate at the start", game.view().frame_rate() is None)
     game.click(*TITLE_MAIN)
@@ -100,7 +96,7 @@ def hide_frame_rate(tour):
 
 
 def choose_difficulty_by_arrows(tour):
-    """From the first item of the right player's popup to the third and back to the second."""
+    """Goes from the first item of the right player's popup to the third, and back to the second."""
     tour.game.press("alt+r")
     tour.game.see("right player's popup", lambda view: view.has_popup())
     tour.game.press("Down", "Down", "Down", "Up", "Return")
@@ -108,8 +104,6 @@ def choose_difficulty_by_arrows(tour):
     see_menu(tour)
     tour.keep_picture("menu-for-battle")
 
-
-# Key configuration and credits. -------------------------------------------------------------------
 
 def open_key_configuration(tour):
     tour.game.click_button("ConfigureKeys")

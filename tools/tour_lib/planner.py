@@ -1,6 +1,6 @@
 """Plays figures as a person would: looks at the board, chooses turn and place, and drops."""
 
-from .game import BOARD_X, BOARD_Y, CELL, COLUMNS, GAME_KEY, ROWS, TILES
+from .view import BOARD_X, BOARD_Y, CELL, COLUMNS, GAME_KEY, ROWS, TILES
 from .waiting import TourFailure, wait_for
 
 SKY = 8  # rows from the top in which only the falling figure may be
@@ -32,8 +32,8 @@ def cells_of(view, side):
 
 
 def cost_of(stack):
-    """Lower is better: few cells high, few holes, an even surface. Full rows are no aim: a board
-    with tiles on it is the nicer picture."""
+    """How bad a board is: high stacks, holes and an uneven surface count. To complete rows is no
+    aim, as a board with tiles on it makes the better picture."""
     tops = [min((row for row, column in stack if column == at), default=ROWS)
             for at in range(COLUMNS)]
     height = sum(ROWS - top for top in tops)
@@ -43,7 +43,7 @@ def cost_of(stack):
 
 
 def landed(cells, stack):
-    """The cells of a figure that falls on a stack, as rows and columns."""
+    """The cells of a figure after it has fallen on a stack, as (row, column)."""
     while all(row + 1 < ROWS and (row + 1, column) not in stack for row, column in cells):
         cells = [(row + 1, column) for row, column in cells]
     return cells
@@ -62,7 +62,7 @@ def best_plan(kind, origin, stack):
 
 
 class Planner:
-    """One player's hands and eyes. Figures must turn counter-clockwise and fall by rows, slowly."""
+    """Plays one board. Figures must turn counter-clockwise, and fall slowly and row by row."""
 
     def __init__(self, game, side, keys):
         self.game, self.side, self.keys = game, side, keys
@@ -79,7 +79,7 @@ class Planner:
         return wait_for(f"{self.side} figure", see)
 
     def press(self, *names):
-        """Holds each key for some frames, but too short for the game to repeat it."""
+        """Holds each key for some frames, but not so long that it repeats."""
         keys = [self.keys[name] for name in names]
         self.game.screen.xdotool("key", "--clearmodifiers", "--delay", 100, *keys)
 

@@ -1,5 +1,5 @@
-"""What the program plays, as SDL's driver for a file on the disk writes it down, and the sounds to
-find in it."""
+"""The recording of what the program plays, and the sounds to find in it. SDL's "disk" driver writes
+the recording."""
 
 import ctypes
 import functools
@@ -12,7 +12,7 @@ FRAME_BYTES = 2 * CHANNELS
 
 
 def one_side(samples):
-    """Both sides of interleaved samples as one."""
+    """The mean of both channels of interleaved samples."""
     return samples.reshape(-1, CHANNELS).mean(axis=1, dtype=float)
 
 
@@ -21,7 +21,7 @@ def numbers(data):
 
 
 class Recording:
-    """What was heard so far: raw 16-bit frames in a file that grows as fast as time passes."""
+    """What has been played so far: raw 16-bit frames in a file that grows as time passes."""
 
     def __init__(self, file):
         self.file = file
@@ -49,7 +49,7 @@ def effect(file):
 
 @functools.cache
 def music(file, order, seconds):
-    """How a module begins at one of its orders, rendered by the module player's own library."""
+    """The first seconds of a module from one of its orders on, as libopenmpt renders them."""
     player = ctypes.CDLL("libopenmpt.so.0")
     player.openmpt_module_create_from_memory2.restype = ctypes.c_void_p
     player.openmpt_module_read_interleaved_float_stereo.restype = ctypes.c_size_t
@@ -67,8 +67,8 @@ def music(file, order, seconds):
 
 
 def likeness(heard, sound):
-    """How like the sound is what was heard from each frame on: 1 for the same shape at any
-    loudness, about 0 for something else."""
+    """How much the recording resembles the sound, from each frame on: 1 for the same shape at any
+    loudness, about 0 for another sound."""
     if len(heard) < len(sound):
         return numpy.zeros(1)
     size = 1 << (len(heard) + len(sound)).bit_length()

@@ -12,7 +12,7 @@ PICTURES = ROOT / "build" / "tour"
 
 
 class Tour:
-    """What one step leaves to the next ones."""
+    """The state that the steps share."""
 
     def __init__(self, screen, program, folder):
         self.screen, self.program, self.folder = screen, program, folder
@@ -38,7 +38,7 @@ class Tour:
         self.game.has_sound = False
 
     def wear(self, skin):
-        """The program shows and plays this skin from now on."""
+        """Tells what skin the program shows and plays from now on."""
         self.settings.skin = skin
         self.game.wear(skin)
         self.hearing.folder = self.game.skin.folder / "Audio"

@@ -1,4 +1,4 @@
-"""An X server without a monitor, its keyboard and mouse, and what stands on it."""
+"""An X server without a monitor: its picture, windows, keyboard and mouse."""
 
 import contextlib
 import os
@@ -27,12 +27,10 @@ class VirtualScreen:
         self.has_manager = shutil.which("openbox") is not None
         self.folder = tempfile.TemporaryDirectory(prefix="korvane-screen-")
 
-    # Processes. -----------------------------------------------------------------------------------
-
     def open(self):
         reader, writer = os.pipe()
-        # Without -noreset the server forgets everything each time its last client goes. The cursor
-        # would stand in the pictures.
+        # Without -noreset the server resets itself whenever its last client leaves. The mouse
+        # cursor would spoil the pictures.
         self.start(["Xvfb", "-displayfd", str(writer), "-noreset", "-nolisten", "tcp", "-nocursor",
                     "-fbdir", self.folder.name, "-screen", "0", f"{WIDTH}x{HEIGHT}x24"],
                    pass_fds=[writer], stderr=subprocess.DEVNULL)
@@ -47,8 +45,8 @@ class VirtualScreen:
             self.start_manager()
 
     def start_manager(self):
-        # A window that appears while openbox is still starting can stay unmapped for good, so wait
-        # for the command that it runs at the end of that.
+        # A window that appears while openbox starts can stay unmapped for ever. Openbox runs this
+        # command when it has started.
         ready = Path(self.folder.name, "ready")
         self.start(["openbox", "--startup", f"touch {ready}"],
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -70,8 +68,6 @@ class VirtualScreen:
                 process.wait()
         self.folder.cleanup()
 
-    # Picture. -------------------------------------------------------------------------------------
-
     def map_memory(self):
         """The server keeps its screen in a file: a header of big-endian numbers, the colour map,
         the rows of pixels."""
@@ -90,8 +86,6 @@ class VirtualScreen:
         bgrx = self.memory[top : top + height, left : left + width]
         return Picture(numpy.array(bgrx[:, :, 2::-1]))
 
-    # Windows, keyboard and mouse. -----------------------------------------------------------------
-
     def xdotool(self, *arguments):
         return self.run("xdotool", *arguments)
 
@@ -100,7 +94,7 @@ class VirtualScreen:
                               capture_output=True, timeout=PATIENCE).stdout.decode().strip()
 
     def place_of(self, window):
-        """x, y, width and height of a window's inside; none when there is no such window."""
+        """x, y, width and height of a window without its frame; none if there is no such window."""
         # xdotool counts the window manager's frame twice.
         told = self.run("xwininfo", "-id", window)
         values = [re.search(rf"{name}: *(-?\d+)$", told, re.MULTILINE) for name in

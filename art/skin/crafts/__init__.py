@@ -1,4 +1,4 @@
-"""How each skin is made. Skins differ here and in their texts; all else they share."""
+"""The crafts: how each skin paints. Everything else is shared, apart from the skins' texts."""
 
 from .bold import Bold
 from .enamel import Enamel

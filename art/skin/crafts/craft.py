@@ -1,4 +1,4 @@
-"""What every craft has to know, with the values and the ways that most skins share."""
+"""The base of all crafts: measures and drawing that most skins share."""
 
 from .. import letters, plates, shapes
 from ..colours import colour, mix
@@ -14,7 +14,7 @@ class Lettering:
 
 
 class Craft:
-    """The measures of a skin. Its painters come with the crafts that are built on this one."""
+    """The measures of a skin. Derived crafts add the drawing."""
 
     radius = 5         # of the corners of plates
     wall = 20          # thickness of the walls of a board, as far as they are seen
@@ -41,10 +41,10 @@ class Craft:
     }
 
     def relief(self, ink, look):
-        """Lays what lettering casts on its plate, before the lettering itself."""
+        """Draws the shadow or edge that lettering has on its plate, before the lettering."""
 
     def banner_relief(self, ink, look):
-        """The same for the large lettering that lies over a board."""
+        """The same for the large lettering over a board."""
 
     def cap(self, picture, x, width, height, look):
         """A key cap: its body, and on it the face that carries the legend."""
