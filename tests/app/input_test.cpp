@@ -111,8 +111,6 @@ TEST_F(InputTest, ALaterPressReplacesTheOneThatWaits) {
         ClickAt(c.later);
         Run(2 * kPressedLookPassed);
         EXPECT_EQ(Shows(), c.shows);
-        End();
-        menuShowing = true;
     }
 }
 
@@ -151,8 +149,6 @@ TEST_F(InputTest, WinsLastUntilAMatchBeginsOrTheirPlayerIsReset) {
         Run(kPressedLookPassed);
         EXPECT_EQ(rightPlayer->Wins(), c.rightWins) << c.what;
         EXPECT_EQ(leftPlayer->Wins(), c.leftWins) << c.what;
-        End();
-        menuShowing = true;
     }
 }
 
@@ -205,8 +201,6 @@ TEST_F(InputTest, APauseKeyIsItsOwnersButInBattleBoths) {
         Press(c.key);
         EXPECT_EQ(rightPlayer->IsPaused(), c.right) << c.what;
         EXPECT_EQ(leftPlayer->IsPaused(), c.left) << c.what;
-        End();
-        menuShowing = true;
     }
 }
 

@@ -27,33 +27,18 @@ class RandomInputTest : public ProgramFixture {
     int Below(int limit) { return std::uniform_int_distribution(0, limit - 1)(random_); }
 
     void SendAnything() {
-        switch (Below(8)) {
-            case 0:
-                SendClick();
-                break;
-            case 1:
-                SendMessage(mainWindow, WM_KEYDOWN, static_cast<WPARAM>(Below(256)), 0);
-                break;
-            case 2:
-                SendMessage(mainWindow, WM_KEYUP, static_cast<WPARAM>(Below(256)), 0);
-                break;
-            case 3:
-                SendCommand();
-                break;
-            case 4:
-                // Not while Quit waits: that would be the end of it.
-                if (pendingClick != kMenuQuit) SendMessage(mainWindow, WM_TIMER, 3, 0);
-                break;
-            case 5:
-                if (Below(20) == 0) SendMessage(mainWindow, WM_ACTIVATE, MakeParam(Below(3), 0), 0);
-                break;
-            case 6:
-                if (Below(100) == 0) PlayAGame();
-                break;
-            default:
-                if (Below(20) == 0) LetTimePass(20);
-                break;
-        }
+        const int what = Below(8);
+        if (what == 0) SendClick();
+        if (what == 1 || what == 2)
+            SendMessage(mainWindow, what == 1 ? WM_KEYDOWN : WM_KEYUP,
+                        static_cast<WPARAM>(Below(256)), 0);
+        if (what == 3) SendCommand();
+        // While Quit waits, the timer would end the program.
+        if (what == 4 && pendingClick != kMenuQuit) SendMessage(mainWindow, WM_TIMER, 3, 0);
+        if (what == 5 && Below(20) == 0)
+            SendMessage(mainWindow, WM_ACTIVATE, MakeParam(Below(3), 0), 0);
+        if (what == 6 && Below(100) == 0) PlayAGame();
+        if (what == 7 && Below(20) == 0) LetTimePass(20);
     }
 
     void SendClick() {

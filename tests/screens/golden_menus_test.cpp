@@ -34,14 +34,12 @@ TEST_F(GoldenMenus, ViewsThatPressesLeadTo) {
         {"keys", {kConfigureKeys, kRightDropSlot}},  // the slot waits
     };
     for (const auto& [picture, presses] : kViews) {
-        SetUp();
         Start();
         for (const POINT& press : presses) {
             Click(press.x, press.y);
             Run(kPressedLookPassed);
         }
         EXPECT_TRUE(MatchesGolden(picture));
-        End();
     }
 }
 

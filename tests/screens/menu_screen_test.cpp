@@ -80,7 +80,6 @@ TEST_F(MenuScreenTest, NonsenseInTheSettingsGivesOnePlayerAndNoDifficulty) {
 TEST_F(MenuScreenTest, ADifficultyOutOfRangeIsPlayedAsTheNearest) {
     std::vector<std::string> games;
     for (const int difficulty : {7, 2, -1, 0}) {
-        SetUp();
         theSettings.difficulty = {difficulty, difficulty};
         Start();
         SeedRandom(1);  // garbage comes before the game seeds anew
@@ -94,7 +93,6 @@ TEST_F(MenuScreenTest, ADifficultyOutOfRangeIsPlayedAsTheNearest) {
                     game += static_cast<char>('0' + player->GameBoard().At(row, column));
         }
         games.push_back(game);
-        End();
     }
     EXPECT_EQ(games[0], games[1]);
     EXPECT_EQ(games[2], games[3]);

@@ -35,8 +35,7 @@ void ProgramFixture::SetUp() {
     theLevelTable.SetDefaults();
     theMusic = MusicPlayer();
     theMatch = {};
-    menuShowing = true;
-    highScoresShowing = showFps = audioReady = appActive = false;
+    showFps = audioReady = appActive = false;
     pendingClick = -1;
 }
 
@@ -45,6 +44,9 @@ void ProgramFixture::TearDown() {
 }
 
 void ProgramFixture::Start() {
+    if (Headless().IsOpen()) End();
+    menuShowing = true;
+    highScoresShowing = false;
     ASSERT_TRUE(StartUp());
     running_ = true;
     Frame();

@@ -20,7 +20,7 @@ class ProgramFixture : public testing::Test {
     void SetUp() override;
     void TearDown() override;
 
-    /// Brings the program up to its first frame.
+    /// Brings the program up to its first frame, after the end of one that still runs.
     void Start();
     /// The end of the program as the user brings it about: the window is destroyed.
     void End();
