@@ -87,7 +87,6 @@ TEST_F(MenuScreenTest, ADifficultyOutOfRangeIsPlayedAsTheNearest) {
         Run(5000);
         std::string game;
         for (const Player* player : BothPlayers()) {
-            game += std::to_string(player->CurrentFigure()->Row()) + ":";
             for (int row = 0; row < kBoardRows; ++row)
                 for (int column = 0; column < kBoardColumns; ++column)
                     game += static_cast<char>('0' + player->GameBoard().At(row, column));

@@ -92,7 +92,6 @@ TEST_F(SdlSoundTest, ARemovedDeviceIsOpenedAgainAndAClosedOneStaysClosed) {
     for (int openings = 0; openings < 2; ++openings) {
         ASSERT_TRUE(sound.Open(source));
         ASSERT_TRUE(source.WaitForDevices(++devices));
-        EXPECT_EQ(source.AskedSize(), std::size_t{kSoundBufferFrames} * kSoundChannels);
         ReportAnyRemoved(sound, /*recorder=*/true);
         ReportAnyRemoved(sound, /*recorder=*/false);
         ASSERT_TRUE(source.WaitForDevices(++devices));
