@@ -212,8 +212,9 @@ TEST_F(SkinChecks, SeeWhereTheOriginalCannotHelp) {
 
 /// Which kinds of characters are hard to read somewhere, and what else is found.
 std::string HardToRead() {
+    const Report report = CheckSkin();
     std::string kinds;
-    for (const Finding& finding : CheckSkin().Findings()) {
+    for (const Finding& finding : report.Findings()) {
         const auto isOf = [&](const char* count) {
             return finding.text.find(Text("of ", count, " characters are hard")) !=
                    finding.text.npos;
