@@ -13,9 +13,9 @@
 namespace korvane {
 namespace {
 
-/// What makes a good picture another one.
+/// Changes a good picture.
 using Paint = std::function<void(BmpRecipe&)>;
-/// What becomes of a file: it goes, or holds a text, bytes or another picture.
+/// What a file becomes: missing, a text, bytes or another picture.
 using Change = std::variant<std::monostate, std::string, std::vector<std::byte>, Paint>;
 
 class SkinChecks : public SkinToolFixture {
@@ -37,7 +37,7 @@ class SkinChecks : public SkinToolFixture {
         }
     }
 
-    /// The one thing that is found, or several of the same kind.
+    /// Whether there are just so many findings, all with this severity, file and text.
     static testing::AssertionResult Finds(Severity severity, const std::string& file,
                                           const std::string& text, std::size_t count = 1) {
         const Report report = CheckSkin();
@@ -200,7 +200,7 @@ TEST_F(SkinChecks, AcceptWhatIsJustGoodEnough) {
     }
 }
 
-TEST_F(SkinChecks, SeeWhereTheOriginalCannotHelp) {
+TEST_F(SkinChecks, MissingPicturesThatTheOriginalCannotReplace) {
     Make("Game/pause.bmp", kMissing);
     Make("colorkey.bmp", Dotted(1, 0, 0x00C0C0));
     EXPECT_TRUE(Finds(kWarning, "Game/pause.bmp", "Original's shows its key colour #00FF00 here"));
@@ -224,7 +224,7 @@ std::string HardToRead() {
     return kinds;
 }
 
-TEST_F(SkinChecks, GroundsWhereTextStands) {
+TEST_F(SkinChecks, TextIsHardToReadOnSomeGrounds) {
     struct Case {
         const char* file;
         RECT area;           ///< of the ground, where it is too light for white

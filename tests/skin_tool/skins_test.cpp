@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Keeps what the game asks for.
+/// Keeps the names of the files that the game reads.
 class RecordingFiles final : public Files {
   public:
     RecordingFiles(const std::string& folder, std::set<std::string>& asked)
@@ -45,7 +45,7 @@ class SkinTool : public SkinToolFixture {
     }
 };
 
-TEST_F(SkinTool, TheGameAsksForJustThePicturesOfTheCatalogue) {
+TEST_F(SkinTool, CatalogueListsExactlyThePicturesThatTheGameLoads) {
     std::set<std::string> asked;
     Headless().UseFiles(std::make_unique<RecordingFiles>(folder.Path(), asked));
     DrawScreens();
@@ -83,7 +83,7 @@ TEST_F(SkinTool, ANewSkinIsACopyUnderAFreeName) {
                   folder.Read(Text("Skins/Original/", file)));
 }
 
-TEST_F(SkinTool, TellsByItsResultHowItWent) {
+TEST_F(SkinTool, ExitStatusTellsHowItWent) {
     const std::string skins = folder.Path() + "/Skins/";
     const std::pair<std::string, int> kCases[] = {
         {"check " + skins + "Mine", 0},
@@ -134,7 +134,7 @@ bool AddPlacesAt(bool inMenu, unsigned kind, POINT point, std::set<std::size_t>&
     return isInOne;
 }
 
-TEST_F(SkinTool, TheGameWritesJustInTheTextPlaces) {
+TEST_F(SkinTool, TextPlacesAreExactlyWhereTheGameWrites) {
     WriteSolidCharacters(folder);
     std::set<std::size_t> used;
     for (const auto& [caption, pixels] : ScreensOf(folder.Path() + "/Skins/Mine")) {
@@ -165,7 +165,7 @@ TEST(ShippedSkins, HaveNoFaults) {
     EXPECT_GE(skins, 3);
 }
 
-TEST(SkinGuide, HasTheTableOfAllFiles) {
+TEST(SkinGuide, HasTheTableOfTheCatalogue) {
     std::ifstream file(KORVANE_SOURCE_FOLDER "/docs/skins.md");
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     EXPECT_NE(text.find(CatalogueAsMarkdown()), std::string::npos)
