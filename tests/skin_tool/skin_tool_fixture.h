@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 
 #include "tests/support/bmp_writer.h"
@@ -11,11 +10,11 @@
 
 namespace korvane {
 
-/// What a faultless small picture for a row of the catalogue is made of.
+/// A small picture without a fault for a row of the catalogue.
 BmpRecipe GoodPicture(const PictureRow& row);
 
-/// A game's folder with two faultless skins of plain pictures: the Original, and Mine, which a test
-/// breaks. Mine is in use.
+/// A game's folder with two skins without a fault: the Original, and Mine, which a test changes and
+/// which is in use.
 class SkinToolFixture : public testing::Test {
   protected:
     void SetUp() override;
@@ -23,10 +22,6 @@ class SkinToolFixture : public testing::Test {
 
     /// Makes Mine a copy of the Original again.
     void Restore() const;
-    void Use(const std::string& skin) const;
-    void Remove(const std::string& name) const {
-        std::filesystem::remove_all(folder.Path() + "/" + name);
-    }
 
     TemporaryFolder folder;
 };

@@ -1,8 +1,6 @@
 #include <stdlib.h>
 #include <sys/wait.h>
 
-#include <algorithm>
-#include <array>
 #include <fstream>
 #include <set>
 #include <sstream>
@@ -22,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Keeps what the game asks for.
+/// Keeps the names of the files that the game reads.
 class RecordingFiles final : public Files {
   public:
     RecordingFiles(const std::string& folder, std::set<std::string>& asked)
@@ -47,7 +45,7 @@ class SkinTool : public SkinToolFixture {
     }
 };
 
-TEST_F(SkinTool, TheGameAsksForJustThePicturesOfTheCatalogue) {
+TEST_F(SkinTool, CatalogueListsExactlyThePicturesThatTheGameLoads) {
     std::set<std::string> asked;
     Headless().UseFiles(std::make_unique<RecordingFiles>(folder.Path(), asked));
     DrawScreens();
@@ -66,7 +64,7 @@ TEST_F(SkinTool, AnEmptySkinAnywhereShowsTheOriginal) {
     ASSERT_EQ(original.size(), fallen.size());
     for (std::size_t i = 0; i < original.size(); ++i) {
         EXPECT_EQ(original[i].pixels.size(), 640u * 480u) << original[i].caption;
-        EXPECT_EQ(original[i].pixels, fallen[i].pixels) << original[i].caption;
+        EXPECT_TRUE(original[i].pixels == fallen[i].pixels) << original[i].caption;
     }
 }
 
@@ -85,7 +83,7 @@ TEST_F(SkinTool, ANewSkinIsACopyUnderAFreeName) {
                   folder.Read(Text("Skins/Original/", file)));
 }
 
-TEST_F(SkinTool, TellsByItsResultHowItWent) {
+TEST_F(SkinTool, ExitStatusTellsHowItWent) {
     const std::string skins = folder.Path() + "/Skins/";
     const std::pair<std::string, int> kCases[] = {
         {"check " + skins + "Mine", 0},
@@ -107,45 +105,50 @@ TEST_F(SkinTool, TellsByItsResultHowItWent) {
     EXPECT_GT(folder.Read("sheet.png").size(), 1000u);
 }
 
-TEST_F(SkinTool, TheGameWritesJustInTheTextPlaces) {
-    constexpr std::array kKinds = {kLetters, kDigits, kSigns};
-    constexpr std::uint32_t kInk = 0xF00000;  // and the kind
+constexpr std::uint32_t kInk = 0xF00000;  // and the kind
+
+/// The characters of a skin as solid cells whose colour tells their kind.
+void WriteSolidCharacters(const TemporaryFolder& folder) {
     for (const char* file : {"Letters.bmp", "Numbers.bmp"}) {
         BmpRecipe solid = GoodPicture(RowOf(file));
-        const bool isLetters = file[0] == 'L';
-        solid.pixel = [=](int x, int) {
+        solid.pixel = [isLetters = file[0] == 'L'](int x, int) {
             return kInk | (isLetters ? kLetters : x < 10 * 16 ? kDigits : kSigns);
         };
         folder.Write(Text("Skins/Mine/", file), MakeBmp(solid));
     }
-    std::array<bool, kTextPlaces.size()> isUsed{};
-    const auto hasPlace = [&](bool inMenu, unsigned kind, POINT point) {
-        bool has = false;
-        for (std::size_t i = 0; i < kTextPlaces.size(); ++i) {
-            const TextPlace& place = kTextPlaces[i];
-            if ((place.ground == kMenuGround) != inMenu || (place.kinds & kind) == 0) continue;
-            for (int row = 0; row < place.rows; ++row) {
-                if (!Contains(place.Row(row, 0, 16), point)) continue;
-                has = isUsed[i] = true;
-            }
+}
+
+/// Adds the text places that a point lies in; false without any. Right boards count as left ones.
+bool AddPlacesAt(bool inMenu, unsigned kind, POINT point, std::set<std::size_t>& places) {
+    bool isInOne = false;
+    if (!inMenu && point.x >= 320) point.x -= 320;
+    for (std::size_t i = 0; i < kTextPlaces.size(); ++i) {
+        const TextPlace& place = kTextPlaces[i];
+        if ((place.ground == kMenuGround) != inMenu || (place.kinds & kind) == 0) continue;
+        for (int row = 0; row < place.rows; ++row) {
+            if (!Contains(place.Row(row, 0, 16), point)) continue;
+            places.insert(i);
+            isInOne = true;
         }
-        return has;
-    };
+    }
+    return isInOne;
+}
+
+TEST_F(SkinTool, TextPlacesAreExactlyWhereTheGameWrites) {
+    WriteSolidCharacters(folder);
+    std::set<std::size_t> used;
     for (const auto& [caption, pixels] : ScreensOf(folder.Path() + "/Skins/Mine")) {
         if (caption.starts_with("Boards apart") || caption.starts_with("Letters")) continue;
-        const bool inMenu = caption.starts_with("Menu") || caption.starts_with("Credits") ||
-                            caption.starts_with("Keys") || caption.starts_with("High");
-        std::string strays;
-        for (int i = 0; i < 640 * 480 && strays.empty(); ++i) {
-            const std::uint32_t pixel = pixels[static_cast<std::size_t>(i)];
-            if (std::ranges::find(kKinds, pixel ^ kInk) == kKinds.end()) continue;
-            const int x = inMenu || i % 640 < 320 ? i % 640 : i % 640 - 320;
-            if (!hasPlace(inMenu, pixel ^ kInk, {x, i / 640})) strays = Text(x, ", ", i / 640);
+        constexpr std::string_view kMenus = "MCKH";  // menu, credits, keys, high scores
+        const bool inMenu = kMenus.find(caption[0]) != kMenus.npos;
+        for (int i = 0; i < 640 * 480 && !HasFailure(); ++i) {
+            const unsigned kind = pixels[static_cast<std::size_t>(i)] ^ kInk;
+            if (kind != kLetters && kind != kDigits && kind != kSigns) continue;
+            EXPECT_TRUE(AddPlacesAt(inMenu, kind, {i % 640, i / 640}, used))
+                << caption << ' ' << i % 640 << ", " << i / 640;
         }
-        EXPECT_EQ(strays, "") << caption;
     }
-    for (std::size_t i = 0; i < kTextPlaces.size(); ++i)
-        EXPECT_TRUE(isUsed[i]) << kTextPlaces[i].at.x << ", " << kTextPlaces[i].at.y;
+    EXPECT_EQ(used.size(), kTextPlaces.size());
 }
 
 TEST(ShippedSkins, HaveNoFaults) {
@@ -157,13 +160,12 @@ TEST(ShippedSkins, HaveNoFaults) {
         const Report report = CheckSkin();
         std::ostringstream all;
         report.Print(all);
-        EXPECT_EQ(report.Count(Severity::Error), 0u) << entry.path() << '\n' << all.str();
-        EXPECT_EQ(report.Count(Severity::Warning), 0u) << entry.path() << '\n' << all.str();
+        EXPECT_EQ(report.Count(Severity::Note), report.Findings().size()) << all.str();
     }
     EXPECT_GE(skins, 3);
 }
 
-TEST(SkinGuide, HasTheTableOfAllFiles) {
+TEST(SkinGuide, HasTheTableOfTheCatalogue) {
     std::ifstream file(KORVANE_SOURCE_FOLDER "/docs/skins.md");
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     EXPECT_NE(text.find(CatalogueAsMarkdown()), std::string::npos)
