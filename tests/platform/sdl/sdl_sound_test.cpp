@@ -22,7 +22,7 @@
 namespace korvane {
 namespace {
 
-/// Silence; counts the threads that asked for it.
+/// Silence; counts the threads that have asked for it: each device has its own.
 class CountingSource final : public SoundSource {
   public:
     void Render(std::span<std::int16_t> samples) override {
@@ -60,7 +60,7 @@ void ReportRemoved(SdlSound& sound, SDL_AudioDeviceID device, bool recorder = fa
     sound.OnEvent(event);
 }
 
-/// Whichever number SDL gave it.
+/// Reports all numbers that SDL may have given the device.
 void ReportAnyRemoved(SdlSound& sound, bool recorder) {
     for (SDL_AudioDeviceID device = 0; device <= 16; ++device)
         ReportRemoved(sound, device, recorder);
