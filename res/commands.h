@@ -32,7 +32,7 @@ enum Command : std::uint16_t {
     kCmdTwoPlayers = 40021,
     kCmdAdvancedSettings = 40024,
     kCmdShowFps = 40025,
-    kCmdLevelSettings = 40026,  ///< for whoever sends it: neither menu nor key does
+    kCmdLevelSettings = 40026,  ///< neither the menu nor a key gives it
     kCmdSfxSettings = 40027,
 };
 

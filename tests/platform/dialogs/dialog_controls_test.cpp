@@ -68,10 +68,13 @@ TEST_F(DialogTest, ListBox) {
     };
     const auto row = [](int number) { return In(kList, 10, 2 + 15 * number + 7); };
     const auto bar = [](int fromBottom) { return In(kList, -8, -2 - fromBottom); };
-    const auto heldBelow = [&] {
-        Headless().Push(Mouse(HostEventType::LeftButtonDown, row(1)()));
-        Headless().Push(Mouse(HostEventType::MouseMove, row(9)()));
-        Headless().PushLater(360, Mouse(HostEventType::LeftButtonUp, row(9)()));
+    const auto heldOff = [&](int down) {
+        return [=] {
+            const POINT off{row(0)().x, row(0)().y + down};
+            Headless().Push(Mouse(HostEventType::LeftButtonDown, row(1)()));
+            Headless().Push(Mouse(HostEventType::MouseMove, off));
+            Headless().PushLater(360, Mouse(HostEventType::LeftButtonUp, off));
+        };
     };
     const auto wheel = [&] {
         HostEvent event = Mouse(HostEventType::Wheel, row(1)());
@@ -92,7 +95,8 @@ TEST_F(DialogTest, ListBox) {
         {"letter of none", 1, {'Z'}, 1, 0},
         {"click", LB_ERR, {ClickOn(row(2))}, 2, 0},
         {"drag", LB_ERR, {Drag(row(0), row(3))}, 3, 0},
-        {"held below", 0, {heldBelow}, 6, 2},
+        {"held below", 0, {heldOff(135)}, 6, 2},
+        {"held just above", 6, {heldOff(-12)}, 0, 0},
         {"wheel", 0, {wheel}, 0, 2},
         {"arrow", 0, {ClickOn(bar(8))}, 0, 1},
         {"thumb", 0, {Drag(bar(55), bar(0))}, 0, 2},

@@ -219,7 +219,7 @@ TEST_F(FilesTest, ReplaceRefusesWhatIsNoWritableFileBeneathTheFolder) {
     EXPECT_FALSE(fs::exists(top_ / "new"));
 }
 
-TEST_F(FilesTest, AWriteThatFailsHalfwayLeavesTheOldFileAndNoLitter) {
+TEST_F(FilesTest, AWriteThatFailsHalfwayLeavesTheOldFileAndNothingElse) {
     WriteFile("data/hs.dat", "old");
     EXPECT_FALSE(InChild([&] {
         std::signal(SIGXFSZ, SIG_IGN);
@@ -261,15 +261,14 @@ TEST_F(FilesTest, AKillAtAnyMomentLeavesTheOldOrTheNewBytes) {
     int newSeen = 0;
     for (int stop = 1; stop < 500; ++stop) {
         ASSERT_TRUE(Replace("data\\hs.dat", older));
-        ASSERT_EQ(List("data"), "hs.dat") << "the last kill's litter was not swept away";
+        ASSERT_EQ(List("data"), "hs.dat") << "what the last kill left was not deleted";
         const bool killed = KilledAtStop(stop, [&] { Replace("data\\hs.dat", newer); });
         const std::string now = Read("data\\hs.dat");
         ASSERT_TRUE(now == older || now == newer) << "torn at stop " << stop;
         ++(now == older ? oldSeen : newSeen);
         if (!killed) break;
     }
-    // Ten stops lie between the first look at the target and its being replaced, and the flush of
-    // the folder comes after it.
+    // At least ten stops come before the file is replaced, and the flush of the folder after that.
     EXPECT_GE(oldSeen, 10);
     EXPECT_GE(newSeen, 3);
 }

@@ -76,35 +76,29 @@ TEST_F(MenuTest, KeyboardWays) {
     const HostEvent altUp = Key(VK_MENU, false);
     const HostEvent altF = press('F', kModAlt);
     const HostEvent enter = press(VK_RETURN);
+    const HostEvent down = press(VK_DOWN);
+    const HostEvent esc = press(VK_ESCAPE);
+    const auto rest = [](int x) { return Mouse(MouseMove, {x, kOnGame.y}); };
     const Case cases[] = {
-        {"Alt, Down, Return", {altDown, altUp, press(VK_DOWN), enter}, kNone, {kOpen}},
+        {"Alt, Down, Return", {altDown, altUp, down, enter}, kNone, {kOpen}},
         {"Alt, letter", {altDown, altUp, press('E')}, kEdit, {}},
-        {"F10, Right, Return, Return",
-         {press(VK_F10), press(VK_RIGHT), enter, enter},
-         kNone,
-         {kUndo}},
+        {"F10, Right, Return", {press(VK_F10), press(VK_RIGHT), enter, enter}, kNone, {kUndo}},
         {"Alt+letter, letter", {altDown, altF, altUp, press('C')}, kNone, {kClose}},
         {"Alt+other letter", {altDown, press('Q', kModAlt), altUp, enter}, kNone, {}},
         {kPressedBetween, {altDown, Mouse(LeftButtonDown, kOnGame), altUp, enter}, kNone, {}},
-        {"Down past the separator", {altF, press(VK_DOWN), enter}, kNone, {kClose}},
+        {"Down past the separator", {altF, down, enter}, kNone, {kClose}},
         {"Up wraps to the greyed end", {altF, press(VK_UP), enter}, kFile, {}},
         {"its letter", {altF, press('G')}, kFile, {}},
         {"a letter of two", {press('E', kModAlt), press('U'), enter}, kNone, {kUndoAll}},
         {"twice", {press('E', kModAlt), press('U'), press('U'), enter}, kNone, {kUndo}},
-        {"Down wraps",
-         {altF, press(VK_DOWN), press(VK_DOWN), press(VK_DOWN), enter},
-         kNone,
-         {kOpen}},
+        {"Down wraps", {altF, down, down, down, enter}, kNone, {kOpen}},
         {"Left wraps, first item", {altF, press(VK_LEFT), enter}, kNone, {kUndo}},
-        {"Esc goes to the bar", {altF, press(VK_ESCAPE), press('E')}, kEdit, {}},
-        {"Esc, Esc", {altF, press(VK_ESCAPE), press(VK_ESCAPE), enter}, kNone, {}},
+        {"Esc goes to the bar", {altF, esc, press('E')}, kEdit, {}},
+        {"Esc, Esc", {altF, esc, esc, enter}, kNone, {}},
         {"Alt closes", {altF, altDown, altUp, enter}, kNone, {}},
         {"held Down", {altF, Key(VK_DOWN, true, 0, true), enter}, kNone, {kClose}},
         {"held Return", {altF, Key(VK_RETURN, true, 0, true)}, kFile, {}},
-        {"pointer at rest",
-         {Mouse(MouseMove, kOnGame), altF, press(VK_DOWN), Mouse(MouseMove, {401, 300}), enter},
-         kNone,
-         {kClose}},
+        {"pointer at rest", {rest(400), altF, down, rest(401), enter}, kNone, {kClose}},
     };
     Try(cases);
 }

@@ -101,7 +101,7 @@ TEST_F(UserTest, ActivationAndSizeAreSentWhilePeeking) {
 }
 
 TEST_F(UserTest, KeysWithAltAreSystemKeysAndPressAndReleaseArePaired) {
-    SetMenu(window_, nullptr);  // which would use F10 up
+    SetMenu(window_, nullptr);  // a menu would use F10
     struct Case {
         HostEvent event;
         std::uint32_t message;
@@ -138,7 +138,7 @@ TEST_F(UserTest, AcceleratorsWantExactlyTheirModifiersAndOneCommandAPress) {
             Headless().Push(Key(c.key, true, c.modifiers, repeat));
             MSG message;
             ASSERT_TRUE(GetMessage(message));
-            // What comes in behind it does not change what was held with it.
+            // A later event does not change the modifiers of this one.
             Headless().PushKey(c.key, false, 0);
             MSG next;
             ASSERT_TRUE(PeekMessage(next, PM_NOREMOVE));
