@@ -14,12 +14,12 @@
 namespace korvane {
 namespace {
 
-/// Large enough for pictures that hide what is worth leaving out.
+/// Large enough for pictures with a core.
 constexpr SIZE kScreen = {280, 200};
 constexpr RECT kWholeScreen = {0, 0, kScreen.cx, kScreen.cy};
 constexpr std::uint32_t kKey = 0;
 
-/// A picture that has the room has a large part without holes.
+/// A picture that is large enough has a large part without transparent pixels.
 PixelBuffer PictureWithSlab(Random& random, SIZE size, int depth) {
     PixelBuffer pixels = RandomPicture(random, size, depth, kKey);
     if (size.cx < 140 || size.cy < 130) return pixels;
@@ -138,7 +138,7 @@ class RandomFrames {
                 .keyed = Between(random_, 0, 3) != 0};
     }
 
-    /// Tiles that only together hide what is worth leaving out, with calls between their rows.
+    /// Tiles too small to hide anything alone, with calls between their rows.
     void AddTiles() {
         constexpr SIZE kTile = {60, 45};
         for (int y = 10; y + kTile.cy <= kScreen.cy; y += kTile.cy) {
@@ -175,7 +175,7 @@ class RandomFrames {
         picture = Picture(random_, picture.pixels.Size(), depth_, ++versions_);
     }
 
-    /// What may happen in the middle of a frame, before its call `next` is recorded.
+    /// Flushes the list, replaces a picture or loses the buffer before the call `next` is recorded.
     void Interrupt(std::size_t next) {
         const bool isFlushed = Between(random_, 0, 3) != 0;
         if (isFlushed) {
@@ -187,7 +187,7 @@ class RandomFrames {
         if (!isFlushed || Between(random_, 0, 2) == 0) LoseBuffer(next);
     }
 
-    /// The calls that wait are carried out on what the buffer holds from now on.
+    /// Gives the buffer other contents. The calls that wait will be drawn on these.
     void LoseBuffer(std::size_t next) {
         target_ = RandomPicture(random_, kScreen, depth_, kKey);
         NaiveCopy(wanted_, {0, 0}, target_, kWholeScreen, std::nullopt);
