@@ -220,23 +220,30 @@ class RandomFrames {
     PixelBuffer shown_;   ///< the target after the last Compose
 };
 
-// Tiles hide together only what was drawn before the first of them.
-TEST(FrameListTest, KeepsWhatIsDrawnBetweenTwoTiles) {
+TEST(FrameListTest, WhatIsNotHiddenIsDrawn) {
     Random random(1);
-    Picture letters(random, {200, 120}, 4, 1);  // without a core
-    const std::vector<Call> frame = {
-        {.area = kWholeScreen, .fill = 1},
-        {.area = {0, 0, kScreen.cx, 120}, .fill = 2},
-        {.area = {40, 0, 240, 120}, .picture = &letters, .keyed = true},
-        {.area = {0, 120, kScreen.cx, kScreen.cy}, .fill = 3},
+    const Picture letters(random, {200, 120}, 4, 1);  // without a core
+    const Picture slab(random, {270, 150}, 4, 2);     // its core ends two columns before its edge
+    const std::vector<Call> frames[] = {
+        // Between two tiles, which hide together only what was drawn before both.
+        {{.area = {0, 0, kScreen.cx, 120}, .fill = 2},
+         {.area = {40, 0, 240, 120}, .picture = &letters, .keyed = true},
+         {.area = {0, 120, kScreen.cx, kScreen.cy}, .fill = 3}},
+        // Beside the lower of two areas of different widths.
+        {{.area = {0, 100, 100, 200}, .fill = 2}, {.area = {0, 0, 200, 100}, .fill = 3}},
+        // At the edge of a part of a picture.
+        {{.area = {0, 0, 170, 150}, .picture = &slab, .from = {100, 0}, .keyed = true}},
     };
-    PixelBuffer wanted(kScreen, 4);
-    for (const Call& call : frame)
-        call.DrawNaively(wanted);
-    FrameList list;
-    PixelBuffer target(kScreen, 4);
-    Show(list, target, frame);
-    EXPECT_EQ(FirstDifference(target, wanted), std::nullopt);
+    for (std::vector<Call> frame : frames) {
+        frame.insert(frame.begin(), {.area = kWholeScreen, .fill = 1});
+        PixelBuffer wanted(kScreen, 4);
+        for (const Call& call : frame)
+            call.DrawNaively(wanted);
+        FrameList list;
+        PixelBuffer target(kScreen, 4);
+        Show(list, target, frame);
+        EXPECT_EQ(FirstDifference(target, wanted), std::nullopt) << frame.size();
+    }
 }
 
 TEST(FrameListTest, EveryRandomFrameEqualsAFullRedraw) {
