@@ -142,7 +142,7 @@ TEST_F(MusicPlayerTest, TheSameScreenOrANegativePositionPlaysOn) {
     EXPECT_EQ(HeardOrder(), 0) << "a start takes it for 0";
 }
 
-TEST_F(MusicPlayerTest, PlayTellsWhenTheLibraryRefuses) {
+TEST_F(MusicPlayerTest, PlayFailsWhenTheLibraryRefuses) {
     WriteSkin("Mine", kMine, "mine.xm");
     ASSERT_TRUE(music.Load());
     music.Free();

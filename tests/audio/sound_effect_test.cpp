@@ -18,7 +18,7 @@ class SoundEffectTest : public AudioFixture {
     static int Level() { return PeakOf(Headless().Hear(1)); }
 };
 
-TEST_F(SoundEffectTest, ComesFromTheSkinOrTheOriginalOrIsTold) {
+TEST_F(SoundEffectTest, ComesFromTheSkinOrTheOriginalOrABoxIsShown) {
     WriteWav("Skins/Original/Audio/Rotate.wav", 0.25);
     {
         SoundEffect fallback("Rotate.wav");

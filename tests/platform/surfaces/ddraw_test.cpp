@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <initializer_list>
+#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/headless/headless_host.h"
@@ -122,15 +125,17 @@ class DisplayTest : public DirectDrawTest, public testing::WithParamInterface<in
     }
 
     /// Begins a frame: the picture on black.
-    void Begin(std::uint32_t x) {
+    void Begin(std::uint32_t x, std::uint32_t y = 0) {
         const DDBLTFX effects;
         EXPECT_EQ(back->Blt(nullptr, nullptr, nullptr, DDBLT_COLORFILL, &effects), S_OK);
-        EXPECT_EQ(Copy(x, 0), S_OK);
+        EXPECT_EQ(Copy(x, y), S_OK);
     }
 
-    HRESULT Show() {
+    HRESULT Show(std::int32_t moved = 0) {
         if (!IsWindowed()) return front->Flip(nullptr, 0);
-        const RECT client = Headless().ClientArea();
+        RECT client = Headless().ClientArea();
+        client.left += moved;
+        client.right += moved;
         return front->Blt(&client, back.get(), nullptr, DDBLT_WAIT, nullptr);
     }
 
@@ -163,20 +168,27 @@ TEST_P(DisplayTest, ShowsWhatWasDrawnInTheOrderOfDrawing) {
 
 TEST_P(DisplayTest, PixelsOfTheKeyAreNotDrawn) {
     Paint(*picture, {0, 0, 4, 8}, RGB(0, 0, 255));
-    DDSURFACEDESC2 locked;
-    ASSERT_EQ(picture->Lock(locked, DDLOCK_WAIT), S_OK);
-    EXPECT_EQ(locked.format.bits, IsWindowed() ? 32 : GetParam());
-    std::uint32_t blue = 0;
-    std::copy_n(locked.pixels, locked.format.BytesPerPixel(), reinterpret_cast<std::byte*>(&blue));
-    ASSERT_EQ(picture->Unlock(), S_OK);
-    ASSERT_EQ(picture->SetColorKey(DDCKEY_SRCBLT, {blue, blue}), S_OK);
+    struct Case {
+        std::size_t keyColumn;
+        Colours wanted;
+    };
+    for (const Case& c : {Case{0, {kBlack, kRed, kBlue, kBlack, kRed}},
+                          Case{7, {kBlue, kBlack, kBlue, kBlue, kBlack}}}) {
+        DDSURFACEDESC2 locked;
+        ASSERT_EQ(picture->Lock(locked, DDLOCK_WAIT), S_OK);
+        EXPECT_EQ(locked.format.bits, IsWindowed() ? 32 : GetParam());
+        const auto bytes = static_cast<std::size_t>(locked.format.BytesPerPixel());
+        std::uint32_t key = 0;
+        std::memcpy(&key, locked.pixels + c.keyColumn * bytes, bytes);
+        ASSERT_EQ(picture->Unlock(), S_OK);
+        ASSERT_EQ(picture->SetColorKey(DDCKEY_SRCBLT, {key, key}), S_OK);
 
-    Begin(20);
-    EXPECT_EQ(Copy(0, 0, {0, 0, 8, 8}, DDBLTFAST_SRCCOLORKEY), S_OK);
-    EXPECT_EQ(Copy(40, 0, {3, 0, 8, 8}, DDBLTFAST_SRCCOLORKEY), S_OK);
-    EXPECT_EQ(Show(), S_OK);
-    EXPECT_EQ(Seen({{3, 0}, {4, 0}, {20, 0}, {40, 0}, {41, 0}}),
-              (Colours{kBlack, kRed, kBlue, kBlack, kRed}));
+        Begin(20);
+        EXPECT_EQ(Copy(0, 0, {0, 0, 8, 8}, DDBLTFAST_SRCCOLORKEY), S_OK);
+        EXPECT_EQ(Copy(40, 0, {3, 0, 8, 8}, DDBLTFAST_SRCCOLORKEY), S_OK);
+        EXPECT_EQ(Show(), S_OK);
+        EXPECT_EQ(Seen({{3, 0}, {4, 0}, {20, 0}, {40, 0}, {41, 0}}), c.wanted);
+    }
 }
 
 TEST_P(DisplayTest, CopiesThatDoNotFitAreRefusedWhole) {
@@ -207,13 +219,15 @@ TEST_P(DisplayTest, CopiesThatDoNotFitAreRefusedWhole) {
 }
 
 TEST_P(DisplayTest, OnlyWhatChangedIsSent) {
-    for (const std::uint32_t x : {0u, 0u, 8u}) {
-        Begin(x);
+    for (const POINT at : {POINT{0, 0}, POINT{0, 0}, POINT{56, 40}}) {
+        Begin(static_cast<std::uint32_t>(at.x), static_cast<std::uint32_t>(at.y));
         EXPECT_EQ(Show(), S_OK);
     }
     EXPECT_EQ(Headless().Presents(), 2) << "nothing for a frame that is the same";
     EXPECT_LE(Headless().PresentedPixels(), kWidth * kHeight + 2u * 8u * 8u);
-    EXPECT_EQ(Seen({{0, 0}, {8, 0}}), (Colours{kBlack, kRed}));
+    EXPECT_EQ(Seen({{0, 0}, {56, 40}}), (Colours{kBlack, kRed}));
+    EXPECT_EQ(Show(/*moved=*/-8), S_OK);
+    EXPECT_EQ(Seen({{48, 40}}), Colours{IsWindowed() ? kRed : kBlack}) << "at its new place";
 }
 
 TEST_P(DisplayTest, APictureThatIsDestroyedAfterItWasDrawnIsShown) {
@@ -242,10 +256,39 @@ TEST_P(DisplayTest, ALostPictureIsSentAgainInFull) {
 
 TEST_P(DisplayTest, WhatCouldNotBeSentIsSentWithTheNextFrame) {
     Begin(0);
+    EXPECT_EQ(Show(), S_OK);
+    Begin(8);
     Headless().FailPresents({DDERR_WASSTILLDRAWING, DDERR_WASSTILLDRAWING});
     for (const HRESULT result : {DDERR_WASSTILLDRAWING, DDERR_WASSTILLDRAWING, S_OK})
         EXPECT_EQ(Show(), result);
-    EXPECT_EQ(Seen({{0, 0}}), Colours{kRed});
+    EXPECT_EQ(Seen({{0, 0}, {8, 0}}), (Colours{kBlack, kRed}));
+}
+
+/// Pixels in memory, row by row.
+class Grid final : public DeviceContext {
+  public:
+    Grid(SIZE size, std::vector<std::uint32_t> cells) : pixels(std::move(cells)), size_(size) {}
+    SIZE Size() const override { return size_; }
+    void ReadRow(int y, std::span<std::uint32_t> row) const override {
+        std::copy_n(pixels.begin() + y * size_.cx, row.size(), row.begin());
+    }
+    void WriteRow(int y, std::span<const std::uint32_t> row) override {
+        std::ranges::copy(row, pixels.begin() + y * size_.cx);
+    }
+
+    std::vector<std::uint32_t> pixels;
+
+  private:
+    SIZE size_;
+};
+
+TEST(GdiTest, APartIsStretchedByNearestPixels) {
+    Grid source({3, 3}, {0, 1, 2, 3, 4, 5, 6, 7, 8});
+    Grid target({5, 3}, Colours(15, 9));
+    EXPECT_TRUE(StretchBlt(&target, {1, 0, 5, 3}, &source, {1, 1, 3, 3}));
+    EXPECT_EQ(target.pixels, (Colours{9, 4, 4, 5, 5, 9, 4, 4, 5, 5, 9, 7, 7, 8, 8}));
+    EXPECT_FALSE(StretchBlt(&target, {1, 0, 6, 3}, &source, {1, 1, 3, 3}));
+    EXPECT_FALSE(StretchBlt(&target, {1, 0, 5, 3}, &source, {1, 1, 3, 4}));
 }
 
 TEST_F(DirectDrawTest, SurfacesOutliveTheirDisplayObject) {

@@ -14,12 +14,12 @@
 namespace korvane {
 namespace {
 
-/// Large enough for pictures that hide what is worth leaving out.
+/// Large enough for pictures with a core.
 constexpr SIZE kScreen = {280, 200};
 constexpr RECT kWholeScreen = {0, 0, kScreen.cx, kScreen.cy};
 constexpr std::uint32_t kKey = 0;
 
-/// A picture that has the room has a large part without holes.
+/// A picture that is large enough has a large part without transparent pixels.
 PixelBuffer PictureWithSlab(Random& random, SIZE size, int depth) {
     PixelBuffer pixels = RandomPicture(random, size, depth, kKey);
     if (size.cx < 140 || size.cy < 130) return pixels;
@@ -138,7 +138,7 @@ class RandomFrames {
                 .keyed = Between(random_, 0, 3) != 0};
     }
 
-    /// Tiles that only together hide what is worth leaving out, with calls between their rows.
+    /// Tiles too small to hide anything alone, with calls between their rows.
     void AddTiles() {
         constexpr SIZE kTile = {60, 45};
         for (int y = 10; y + kTile.cy <= kScreen.cy; y += kTile.cy) {
@@ -175,7 +175,7 @@ class RandomFrames {
         picture = Picture(random_, picture.pixels.Size(), depth_, ++versions_);
     }
 
-    /// What may happen in the middle of a frame, before its call `next` is recorded.
+    /// Flushes the list, replaces a picture or loses the buffer before the call `next` is recorded.
     void Interrupt(std::size_t next) {
         const bool isFlushed = Between(random_, 0, 3) != 0;
         if (isFlushed) {
@@ -187,7 +187,7 @@ class RandomFrames {
         if (!isFlushed || Between(random_, 0, 2) == 0) LoseBuffer(next);
     }
 
-    /// The calls that wait are carried out on what the buffer holds from now on.
+    /// Gives the buffer other contents. The calls that wait will be drawn on these.
     void LoseBuffer(std::size_t next) {
         target_ = RandomPicture(random_, kScreen, depth_, kKey);
         NaiveCopy(wanted_, {0, 0}, target_, kWholeScreen, std::nullopt);
@@ -220,23 +220,30 @@ class RandomFrames {
     PixelBuffer shown_;   ///< the target after the last Compose
 };
 
-// Tiles hide together only what was drawn before the first of them.
-TEST(FrameListTest, KeepsWhatIsDrawnBetweenTwoTiles) {
+TEST(FrameListTest, WhatIsNotHiddenIsDrawn) {
     Random random(1);
-    Picture letters(random, {200, 120}, 4, 1);  // without a core
-    const std::vector<Call> frame = {
-        {.area = kWholeScreen, .fill = 1},
-        {.area = {0, 0, kScreen.cx, 120}, .fill = 2},
-        {.area = {40, 0, 240, 120}, .picture = &letters, .keyed = true},
-        {.area = {0, 120, kScreen.cx, kScreen.cy}, .fill = 3},
+    const Picture letters(random, {200, 120}, 4, 1);  // without a core
+    const Picture slab(random, {270, 150}, 4, 2);     // its core ends two columns before its edge
+    const std::vector<Call> frames[] = {
+        // Between two tiles, which hide together only what was drawn before both.
+        {{.area = {0, 0, kScreen.cx, 120}, .fill = 2},
+         {.area = {40, 0, 240, 120}, .picture = &letters, .keyed = true},
+         {.area = {0, 120, kScreen.cx, kScreen.cy}, .fill = 3}},
+        // Beside the lower of two areas of different widths.
+        {{.area = {0, 100, 100, 200}, .fill = 2}, {.area = {0, 0, 200, 100}, .fill = 3}},
+        // At the edge of a part of a picture.
+        {{.area = {0, 0, 170, 150}, .picture = &slab, .from = {100, 0}, .keyed = true}},
     };
-    PixelBuffer wanted(kScreen, 4);
-    for (const Call& call : frame)
-        call.DrawNaively(wanted);
-    FrameList list;
-    PixelBuffer target(kScreen, 4);
-    Show(list, target, frame);
-    EXPECT_EQ(FirstDifference(target, wanted), std::nullopt);
+    for (std::vector<Call> frame : frames) {
+        frame.insert(frame.begin(), {.area = kWholeScreen, .fill = 1});
+        PixelBuffer wanted(kScreen, 4);
+        for (const Call& call : frame)
+            call.DrawNaively(wanted);
+        FrameList list;
+        PixelBuffer target(kScreen, 4);
+        Show(list, target, frame);
+        EXPECT_EQ(FirstDifference(target, wanted), std::nullopt) << frame.size();
+    }
 }
 
 TEST(FrameListTest, EveryRandomFrameEqualsAFullRedraw) {
