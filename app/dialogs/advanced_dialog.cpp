@@ -104,8 +104,8 @@ void ShowModes(HDLG dialog) {
     if (ListBox_GetCurSel(list) == LB_ERR) ListBox_SetCurSel(list, 0);
 }
 
-/// Not a skin: a hidden folder, a name that is too long for the settings file, a name that would be
-/// a path.
+/// Every folder is a skin but a hidden one and one whose name would be a path or is too long for
+/// the settings file.
 bool IsSkin(const FolderEntry& entry) {
     return entry.isFolder && !entry.name.starts_with('.') && entry.name.size() <= kSkinNameLimit &&
            entry.name.find('\\') == std::string::npos;

@@ -16,7 +16,7 @@ namespace {
 
 class CommandTest : public ProgramFixture {
   protected:
-    /// Flags and running games as "menu", "scores" or "game right left".
+    /// The screen that shows, a game with the players who play: "game right left".
     static std::string Shows() {
         if (menuShowing) return highScoresShowing ? "menu and scores" : "menu";
         if (highScoresShowing) return "scores";
@@ -87,7 +87,7 @@ TEST_F(CommandTest, CommandsAndPressesChangeTheirSettingAlone) {
     }
 }
 
-TEST_F(CommandTest, KeysGiveCommands) {
+TEST_F(CommandTest, AcceleratorKeysGiveTheirCommandsUnlessTheseAreGreyed) {
     constexpr std::uint8_t kBoth = kModControl | kModShift;
     struct Case {
         std::uint16_t first;  ///< a command from the menu; 0: none
@@ -121,7 +121,7 @@ TEST_F(CommandTest, KeysGiveCommands) {
     EXPECT_FALSE(IsRunning());
 }
 
-TEST_F(CommandTest, AnInactiveWindowStaysOutOfFullScreen) {
+TEST_F(CommandTest, FullScreenIsToggledOnlyWhileTheWindowIsActive) {
     Start();
     for (const bool active : {false, true}) {
         appActive = active;
@@ -131,7 +131,7 @@ TEST_F(CommandTest, AnInactiveWindowStaysOutOfFullScreen) {
     }
 }
 
-TEST_F(CommandTest, TheLeftPlayerComesInUntilTheMenuShows) {
+TEST_F(CommandTest, ALeftPlayerWhoJoinsByCommandLeavesWithTheGame) {
     Start();
     Command(kCmdRightRestart);
     EXPECT_EQ(theSettings.players, 1);
@@ -150,7 +150,7 @@ TEST_F(CommandTest, TheLeftPlayerComesInUntilTheMenuShows) {
     EXPECT_EQ(Shows(), "menu") << "battles start for both at once";
 }
 
-TEST_F(CommandTest, OtherCommandsAreNobodys) {
+TEST_F(CommandTest, OtherIdsDoNothing) {
     Start();
     const SettingsValues before = theSettings;
     for (const int id : {0, 999, 1003, 40000, 40109, 65535})

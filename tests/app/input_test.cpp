@@ -55,7 +55,7 @@ TEST_F(InputTest, APressedButtonIsSeenForAWhileBeforeItActs) {
     const POINT kCreditsBack{280, 445};
     const POINT kKeysBack{190, 450};
     const std::vector<std::uint16_t> kToScores = {kCmdGotoMenu, kCmdHighScores};
-    // All twice: a button has let go of its pressed look by the second time.
+    // Every button twice: by the second time its look must be the normal one again.
     const Case kCases[] = {
         {kKeysButton, "menu/confbutt", "keys"},
         {kKeysBack, "menu/backbutt", "menu"},
@@ -80,14 +80,14 @@ TEST_F(InputTest, APressedButtonIsSeenForAWhileBeforeItActs) {
         EXPECT_EQ(Seen(c.button.x, c.button.y), std::string(c.picture) + " 0");
         const std::string before = Shows();
         ClickAt(c.button);
-        SendMessage(mainWindow, WM_TIMER, 4, 0);  // a timer of nobody's
+        SendMessage(mainWindow, WM_TIMER, 4, 0);  // not the timer of the presses
         Run(150);
         EXPECT_EQ(Seen(c.button.x, c.button.y), std::string(c.picture) + " 1");
         EXPECT_EQ(Shows(), before);
         Run(80);
         EXPECT_EQ(Shows(), c.leadsTo);
         Run(1000);
-        EXPECT_EQ(Shows(), c.leadsTo) << "once";
+        EXPECT_EQ(Shows(), c.leadsTo) << "done once";
         for (const std::uint16_t command : c.leave)
             Command(command);
         Frame();
@@ -95,7 +95,7 @@ TEST_F(InputTest, APressedButtonIsSeenForAWhileBeforeItActs) {
     EXPECT_EQ(currentDisplay, nullptr);
 }
 
-TEST_F(InputTest, ALaterPressReplacesTheOneThatWaits) {
+TEST_F(InputTest, ALaterPressTakesThePlaceOfOneThatWaits) {
     struct Case {
         const char* what;
         POINT later;
@@ -114,13 +114,14 @@ TEST_F(InputTest, ALaterPressReplacesTheOneThatWaits) {
     }
 }
 
-TEST_F(InputTest, AnyOtherNumberOfPlayersStartsNothing) {
+TEST_F(InputTest, NoMatchStartsForAnyOtherNumberOfPlayers) {
     theSettings.players = 3;
     Start();
     ClickAt(kStartButton);
     Run(kPressedLookPassed);
     EXPECT_TRUE(menuShowing);
-    EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::Start)) << "it is let go all the same";
+    EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::Start))
+        << "back to its normal look all the same";
 }
 
 TEST_F(InputTest, WinsLastUntilAMatchBeginsOrTheirPlayerIsReset) {
@@ -163,14 +164,14 @@ TEST_F(InputTest, DuringAGamePressesDoNothing) {
     EXPECT_EQ(Shows(), "game");
 }
 
-TEST_F(InputTest, PressesCountFromInsideTheFrame) {
+TEST_F(InputTest, PressesAreShiftedInFullScreen) {
     Start();
     struct Case {
         bool windowed;
         int x, y;
         int click;
     };
-    // In full screen 4 and 23 pixels further: the very first pixel of the button.
+    // In full screen 4 pixels are added to x and 23 to y; Start is hit from (157, 404) on.
     for (const Case& c :
          {Case{true, -1, -1, kMenuNothing}, Case{true, -32768, 32767, kMenuNothing},
           Case{true, 32767, -32768, kMenuNothing}, Case{true, 640, 480, kMenuNothing},
@@ -182,7 +183,7 @@ TEST_F(InputTest, PressesCountFromInsideTheFrame) {
     }
 }
 
-TEST_F(InputTest, APauseKeyIsItsOwnersButInBattleBoths) {
+TEST_F(InputTest, APauseKeyPausesItsPlayerAndInBattleBoth) {
     struct Case {
         const char* what;
         bool battle;
@@ -191,7 +192,7 @@ TEST_F(InputTest, APauseKeyIsItsOwnersButInBattleBoths) {
     };
     for (const Case& c :
          {Case{"right", false, 'T', 'P', true, false}, Case{"left", false, 'T', 'T', false, true},
-          Case{"a key of both is the left one's first", false, 'P', 'P', false, true},
+          Case{"a key of both: the left player", false, 'P', 'P', false, true},
           Case{"battle, right", true, 'T', 'P', true, true},
           Case{"battle, left", true, 'T', 'T', true, true}}) {
         theSettings.battle = c.battle;
@@ -204,7 +205,7 @@ TEST_F(InputTest, APauseKeyIsItsOwnersButInBattleBoths) {
     }
 }
 
-TEST_F(InputTest, HomeIsACheatExceptInTheKeyConfiguration) {
+TEST_F(InputTest, HomeTogglesTheCheatExceptInTheKeyConfiguration) {
     Start();
     Press(VK_HOME);
     EXPECT_TRUE(nextFigureCheat);
@@ -220,21 +221,21 @@ TEST_F(InputTest, HomeIsACheatExceptInTheKeyConfiguration) {
     EXPECT_TRUE(nextFigureCheat);
 }
 
-TEST_F(InputTest, ASlotThatWaitsTakesKeysDuringAGameToo) {
+TEST_F(InputTest, AnArmedSlotTakesKeysDuringAGameToo) {
     Start();
     theMenuScreen->ToggleKeyConfigView();
     Click(340, 110);
     Press(VK_F3);
     ASSERT_EQ(Shows(), "game");
     Press('P');
-    EXPECT_TRUE(rightPlayer->IsPaused()) << "a pause key goes no further";
+    EXPECT_TRUE(rightPlayer->IsPaused()) << "a pause key is not bound";
     EXPECT_FALSE(theMenuScreen->IsEnabled(MenuButton::Reset));
     Press('J');
     EXPECT_EQ(keyBindings.Key(Action::Rotate, Side::Right), 'J');
     EXPECT_TRUE(theMenuScreen->IsEnabled(MenuButton::Reset));
 }
 
-TEST_F(InputTest, ActivationAndDeactivationPauseGames) {
+TEST_F(InputTest, GamesArePausedWhenTheWindowLosesAndGetsTheFocus) {
     Start();
     Command(kCmdNewGame);
     Press('P');
@@ -247,8 +248,8 @@ TEST_F(InputTest, ActivationAndDeactivationPauseGames) {
     EXPECT_FALSE(leftPlayer->IsPaused());
 }
 
-TEST_F(InputTest, NamesAreTypedOneAfterTheOtherAndKept) {
-    folder.Write("data/hs.dat", std::vector<std::byte>(260));  // every result reaches this table
+TEST_F(InputTest, BothNamesAreTypedAndWrittenToTheFile) {
+    folder.Write("data/hs.dat", std::vector<std::byte>(260));  // zeros: every result gets in
     Start();
     Command(kCmdNewGame);
     EndGame(*leftPlayer, 1);
@@ -274,7 +275,7 @@ TEST_F(InputTest, NamesAreTypedOneAfterTheOtherAndKept) {
     EXPECT_EQ(file[22], static_cast<std::byte>(score));
 }
 
-TEST_F(InputTest, ARefusedResultKeepsTheOtherOutAndTheTableAsItWas) {
+TEST_F(InputTest, WhenTheFirstResultIsRefusedTheSecondIsNotOffered) {
     Start();
     Command(kCmdNewGame);
     EndGame(*leftPlayer, 1);
@@ -287,7 +288,7 @@ TEST_F(InputTest, ARefusedResultKeepsTheOtherOutAndTheTableAsItWas) {
     EXPECT_EQ(pendingClick, kHighScoreToMenu) << "nobody types a name";
 }
 
-TEST_F(InputTest, WhatEndsOnADisplayErrorLeavesScoresAndKeysAsTheyWere) {
+TEST_F(InputTest, AFatalDisplayErrorLeavesTheFilesAsTheyWere) {
     Start();
     theHighScoreScreen->Submit(Side::Right, 5000, 1, 1);
     const BoxAnswerer answerer({"Displaying the next frame failed. Korvane will now exit. "});
@@ -300,7 +301,7 @@ TEST_F(InputTest, WhatEndsOnADisplayErrorLeavesScoresAndKeysAsTheyWere) {
     EXPECT_TRUE(folder.Read("data/keys.dat").empty());
 }
 
-TEST_F(InputTest, AProcessThatIsEndedFromWithinKeepsScoresAndKeys) {
+TEST_F(InputTest, ExitFromWithinALibraryWritesScoresAndKeys) {
     Start();
     theHighScoreScreen->Submit(Side::Right, 5000, 1, 1);
     EXPECT_EXIT(std::exit(1), testing::ExitedWithCode(1), "");

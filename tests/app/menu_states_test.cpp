@@ -16,7 +16,7 @@ using Commands = std::set<std::uint16_t>;
 
 class MenuStatesTest : public ProgramFixture {
   protected:
-    /// The commands of the items that are greyed (checked) after all were so, or none.
+    /// The commands of the items that are greyed (or checked). `before`: all were, or none.
     static Commands Items(bool MenuItem::*state, bool before = false) {
         Menu menu(kWindowMenu);
         for (MenuPopup& popup : menu.popups)
@@ -36,13 +36,13 @@ constexpr std::uint16_t kLeftGame[] = {kCmdLeftEasy, kCmdLeftMedium, kCmdLeftHar
 constexpr std::uint16_t kRightGame[] = {kCmdRightEasy, kCmdRightMedium, kCmdRightHard,
                                         kCmdRightTimeBased};
 
-TEST_F(MenuStatesTest, GreysWhatCannotBeChosenNow) {
+TEST_F(MenuStatesTest, ItemsThatCannotBeChosenAreGreyed) {
     struct Case {
         int players;
         bool menu;
         bool rightJoined;
         bool leftJoined;
-        bool battle;  ///< greyed, as the following
+        bool battle;  ///< greyed, like those that follow
         bool rightGame;
         bool leftGame;
         bool leftClockwise;
@@ -72,7 +72,8 @@ TEST_F(MenuStatesTest, GreysWhatCannotBeChosenNow) {
         for (const auto& [command, greyedIt] : {std::pair{kCmdBattle, c.battle},
                                                 {kCmdRightEasy, c.rightGame},
                                                 {kCmdLeftClockwise, c.leftClockwise}})
-            EXPECT_EQ(Items(&MenuItem::greyed, true).contains(command), greyedIt) << "ungreyed";
+            EXPECT_EQ(Items(&MenuItem::greyed, true).contains(command), greyedIt)
+                << "when all were greyed";
     }
     for (const bool has : {false, true}) {
         theSettings.fullscreenBpp = has ? 16 : 0;
@@ -82,10 +83,11 @@ TEST_F(MenuStatesTest, GreysWhatCannotBeChosenNow) {
     }
     rightPlayer.reset();
     leftPlayer.reset();
-    EXPECT_FALSE(Items(&MenuItem::greyed, true).contains(kCmdRightEasy)) << "before they exist";
+    EXPECT_FALSE(Items(&MenuItem::greyed, true).contains(kCmdRightEasy))
+        << "before the players exist";
 }
 
-TEST_F(MenuStatesTest, ChecksWhatIsChosen) {
+TEST_F(MenuStatesTest, ItemsOfWhatIsChosenAreChecked) {
     theSettings.players = 2;
     theSettings.difficulty = {2, 1};
     theSettings.clockwise = {true, false};

@@ -57,7 +57,7 @@ class RandomInputTest : public ProgramFixture {
         Command(static_cast<std::uint16_t>(id));
     }
 
-    /// Somebody starts; the one or the other locks a figure perhaps and finds no more room.
+    /// A game or two; a figure may lock before the boards are full and the games end.
     void PlayAGame() {
         constexpr std::array kStarts = {kCmdRightRestart, kCmdLeftRestart, kCmdNewGame};
         SendMessage(mainWindow, WM_ACTIVATE, WA_ACTIVE, 0);
@@ -71,7 +71,8 @@ class RandomInputTest : public ProgramFixture {
         LetTimePass(1500);
     }
 
-    /// What wakes a dialog or message box, and now and then ends it; without one the game waits.
+    /// Called while the program waits: sends a dialog or message box anything, which ends it now
+    /// and then, and activates the window when there is none.
     void WakeWithAnything() {
         if (!TheDesktop().modal) {
             Headless().Push({.type = HostEventType::Activated});
@@ -80,13 +81,13 @@ class RandomInputTest : public ProgramFixture {
         ++wakings_;
         const HostEvent event = RandomDialogEvent(random_);
         Headless().Push(event);
-        // What is held repeats for as long.
+        // A held button of a scroll bar repeats until the release.
         if (event.type == HostEventType::LeftButtonDown)
             Headless().PushLater(static_cast<std::uint32_t>(Below(700)),
                                  {.type = HostEventType::LeftButtonUp, .x = event.x, .y = event.y});
     }
 
-    /// When time goes on, a Quit that waits would end it all.
+    /// A press on Quit that waits would end the program when time goes on.
     static void CallOffQuit() {
         if (pendingClick == kMenuQuit) pendingClick = kMenuNothing;
     }
@@ -125,7 +126,7 @@ class RandomInputTest : public ProgramFixture {
             ASSERT_GE(table.Row(row - 1).score, table.Row(row).score);
     }
 
-    /// One key is enough to end the waiting, so that there never was more than one slot.
+    /// After one key no slot waits any more: another can be armed.
     static void ExpectAtMostOneSlotWaits() {
         if (!theMenuScreen->IsKeyConfigView()) return;
         theMenuScreen->OnKeyConfigKey('K');
@@ -161,7 +162,7 @@ TEST_F(RandomInputTest, NothingThatComesInMakesScreensAndSettingsDisagree) {
         games += !menuShowing && !highScoresShowing;
         scores += highScoresShowing;
     }
-    EXPECT_GT(games, 1000) << "every screen has had its turn, and the dialogs";
+    EXPECT_GT(games, 1000) << "every screen was seen, and the dialogs";
     EXPECT_GT(scores, 1000);
     EXPECT_GT(wakings_, 10'000);
     EXPECT_GT(theHighScoreScreen->Table().Row(0).score, 0);

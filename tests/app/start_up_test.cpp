@@ -22,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The program with pictures of the game, too.
+/// The program with the pictures of the game screen as well.
 class StartUpTest : public ProgramFixture {
   protected:
     void SetUp() override {
@@ -37,7 +37,7 @@ class StartUpTest : public ProgramFixture {
         return exitCode;
     }
 
-    /// Plays a two-player game for some seconds; ends the program as the session's end does.
+    /// Plays a two-player game for three seconds and ends the program from outside.
     void PlayAndEnd() {
         theSettings.scrollingPieces = true;
         Start();
@@ -55,7 +55,7 @@ class StartUpTest : public ProgramFixture {
     }
 };
 
-TEST_F(StartUpTest, PlaysWithEveryKindOfBrokenPicture) {
+TEST_F(StartUpTest, AGameCanBePlayedWithBrokenPictures) {
     const auto writeSquare = [this](const fs::path& file, int side) {
         folder.Write(fs::relative(file, folder.Path()).string(),
                      MakeBmp({.width = side, .height = side}));
@@ -84,13 +84,13 @@ TEST_F(StartUpTest, PlaysWithEveryKindOfBrokenPicture) {
     }
 }
 
-TEST_F(StartUpTest, AMissingDisplayEndsTheProgram) {
+TEST_F(StartUpTest, WithoutADisplayTheProgramEnds) {
     Headless().RefuseWindow(true);
     EXPECT_EQ(RunProgram(), 0);
     EXPECT_TRUE(Headless().Reports().empty()) << "no window, no message";
 }
 
-TEST_F(StartUpTest, AFullScreenThatCannotBeHadIsToldAndEndsTheProgram) {
+TEST_F(StartUpTest, AFullScreenThatFailsAtTheStartIsToldAndEndsTheProgram) {
     struct Case {
         std::uint32_t depth;
         bool refused;
@@ -112,7 +112,7 @@ TEST_F(StartUpTest, AFullScreenThatCannotBeHadIsToldAndEndsTheProgram) {
     }
 }
 
-TEST_F(StartUpTest, ADisplayOfSomebodyElseIsWaitedFor) {
+TEST_F(StartUpTest, TheProgramWaitsWhileAnotherHasTheDisplay) {
     for (const HRESULT state : {DDERR_NOEXCLUSIVEMODE, DDERR_EXCLUSIVEMODEALREADYSET}) {
         SetUp();
         Start();
@@ -120,7 +120,7 @@ TEST_F(StartUpTest, ADisplayOfSomebodyElseIsWaitedFor) {
         const std::uint32_t before = Headless().Milliseconds();
         const int presents = Headless().Presents();
         EXPECT_EQ(Passes(50), std::nullopt);
-        EXPECT_EQ(Headless().Milliseconds() - before, 500u) << "10 ms asleep each time";
+        EXPECT_EQ(Headless().Milliseconds() - before, 500u) << "10 ms of sleep a frame";
         EXPECT_EQ(Headless().Presents(), presents);
         Headless().SetDisplayState(S_OK);
         Press(VK_F3);
@@ -130,7 +130,7 @@ TEST_F(StartUpTest, ADisplayOfSomebodyElseIsWaitedFor) {
     }
 }
 
-TEST_F(StartUpTest, AChangedDisplayIsOpenedAnewWithAllPictures) {
+TEST_F(StartUpTest, AfterAChangeOfModeThePicturesAreLoadedAgain) {
     Start();
     EXPECT_EQ(Headless().IconSize(), (SIZE{32, 32}));
     Press(VK_F3);
@@ -163,7 +163,7 @@ TEST_F(StartUpTest, FramesAreTenMillisecondsApartAndStopWhileMinimised) {
     EXPECT_EQ(waits, 1);
 }
 
-TEST_F(StartUpTest, TheFrameRateIsShownWhenItsFirstPeriodHasPassed) {
+TEST_F(StartUpTest, TheFrameRateIsShownAfterItsFirstPeriod) {
     Start();
     theMatch = {};
     showFps = true;
@@ -173,7 +173,7 @@ TEST_F(StartUpTest, TheFrameRateIsShownWhenItsFirstPeriodHasPassed) {
     EXPECT_EQ(theMatch.frameRateText, "101");
 }
 
-TEST_F(StartUpTest, FullScreenComesAndGoesWithTheSamePicture) {
+TEST_F(StartUpTest, FullScreenAndBackShowsTheSamePicture) {
     Start();
     Press(VK_F3);
     const RECT place = Headless().ClientArea();
@@ -193,7 +193,7 @@ TEST_F(StartUpTest, FullScreenComesAndGoesWithTheSamePicture) {
     }
 }
 
-TEST_F(StartUpTest, FullScreenThatCannotBeHadEndsTheProgram) {
+TEST_F(StartUpTest, AFullScreenThatFailsLaterIsToldAndEndsTheProgram) {
     for (const bool quits : {false, true}) {
         SetUp();
         Start();
@@ -202,7 +202,7 @@ TEST_F(StartUpTest, FullScreenThatCannotBeHadEndsTheProgram) {
                                                "InitDirectDraw() failed. Korvane will now exit. "};
         const BoxAnswerer boxes(told);
         if (quits) {
-            // While the first box is open the click on Quit gets its turn.
+            // Quit was pressed just before: it is carried out while the first box is open.
             pendingClick = kMenuQuit;
             SetTimer(mainWindow, 3, 0);
         }

@@ -41,7 +41,7 @@ TEST_F(SurfaceTest, LooksInTheSkinThenInTheFallbackFolder) {
     }
 }
 
-TEST_F(SurfaceTest, ASkinNameLeadsNowhereElse) {
+TEST_F(SurfaceTest, ASkinsNameCannotLeadOutOfTheSkinsFolder) {
     TemporaryFolder elsewhere;
     elsewhere.Write("x.bmp", Flat(4, 4, kRed));
     folder.Write("Skins/Mine/x.bmp", Flat(4, 4, kRed));
@@ -61,25 +61,26 @@ TEST_F(SurfaceTest, KeysComeFromTheFirstStoredPixels) {
                  }});
     folder.Write("Skins/Original/colorkey.bmp", keys);
     theSettings.skinName = "Mine";
-    skinColorKeys.Load();  // the Original's, for want of an own
+    skinColorKeys.Load();  // the Original's: Mine has none
     EXPECT_EQ(ColorKey(0), RGB(0x11, 0x22, 0x33));
     EXPECT_EQ(ColorKey(2), RGB(0x33, 0x66, 0x99));
     EXPECT_EQ(ColorKey(3), 0u);
     EXPECT_EQ(ColorKey(-1), 0u);
     for (std::size_t length = 0; length < keys.size(); ++length) {
         folder.Write("Skins/Mine/colorkey.bmp", std::span(keys).first(length));
-        skinColorKeys.Load();  // must not read behind the end
+        skinColorKeys.Load();  // must not read past the end
     }
     std::vector<std::byte> wild = keys;
     for (std::size_t i = 10; i < 14; ++i)
         wild[i] = std::byte{0xFF};
     folder.Write("Skins/Mine/colorkey.bmp", wild);
     skinColorKeys.Load();
-    EXPECT_EQ(ColorKey(1), RGB(0x22, 0x44, 0x66)) << "what the file does not hold stays";
+    EXPECT_EQ(ColorKey(1), RGB(0x22, 0x44, 0x66))
+        << "a key that the file does not hold keeps its value";
 }
 
-/// A keyed picture lets the same pixels through at every depth, although colours differ there.
-TEST_F(SurfaceTest, KeyColoursWorkAtEveryDepth) {
+/// The same pixels are transparent at every depth, although the key colour becomes another number.
+TEST_F(SurfaceTest, KeyColoursAreTransparentAtEveryDepth) {
     constexpr std::uint32_t kKey = 0xFF00FF;
     folder.Write("Skins/Original/colorkey.bmp", Flat(3, 1, kKey));
     folder.Write("Skins/Original/x.bmp", MakeBmp({.width = 2, .height = 1, .pixel = [](int x, int) {

@@ -11,7 +11,7 @@
 namespace korvane {
 namespace {
 
-/// The views round the game as the window shows them, menu bar included, in flat pictures.
+/// Menu and high scores as the window shows them, menu bar included, in flat pictures.
 class GoldenMenus : public ProgramFixture {
   protected:
     void SetUp() override {
@@ -22,7 +22,7 @@ class GoldenMenus : public ProgramFixture {
     }
 };
 
-TEST_F(GoldenMenus, ViewsThatPressesLeadTo) {
+TEST_F(GoldenMenus, TheViewsOfTheMenu) {
     constexpr POINT kTwoPlayers{200, 200};
     constexpr POINT kConfigureKeys{200, 240};
     constexpr POINT kAbout{200, 360};
@@ -31,7 +31,7 @@ TEST_F(GoldenMenus, ViewsThatPressesLeadTo) {
         {"menu-one-player", {}},
         {"menu-two-players", {kTwoPlayers}},
         {"credits", {kAbout}},
-        {"keys", {kConfigureKeys, kRightDropSlot}},  // the slot waits
+        {"keys", {kConfigureKeys, kRightDropSlot}},  // a slot waits for its key
     };
     for (const auto& [picture, presses] : kViews) {
         Start();

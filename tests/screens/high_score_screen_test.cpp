@@ -37,7 +37,7 @@ constexpr char kEnter = VK_RETURN;
 constexpr char kLeft = VK_LEFT;
 constexpr char kRight = VK_RIGHT;
 
-TEST_F(HighScoreScreenTest, NamesAreTypedColumnByColumn) {
+TEST_F(HighScoreScreenTest, ANameIsTypedWithLettersDigitsAndArrows) {
     struct Case {
         std::string keys;
         std::string name;
@@ -45,7 +45,7 @@ TEST_F(HighScoreScreenTest, NamesAreTypedColumnByColumn) {
     const std::string arrows(13, kRight);
     const Case kCases[] = {
         {"AB C19Z", "AB C19Z      "},
-        {"ABCDEFGHIJKLM", "ABCDEFGHIJKL "},  // the thirteenth has no room
+        {"ABCDEFGHIJKLM", "ABCDEFGHIJKL "},  // the thirteenth is dropped
         {"ABCDEFGHIJKLMN" + std::string(1, kBack), "ABCDEFGHIJK  "},
         {std::string("AB") + kBack, "A            "},
         {std::string("AB") + kBack + "C", "AC           "},
@@ -68,7 +68,7 @@ TEST_F(HighScoreScreenTest, NamesAreTypedColumnByColumn) {
     }
 }
 
-TEST_F(HighScoreScreenTest, TheButtonsWaitForTheNameToBeTyped) {
+TEST_F(HighScoreScreenTest, ButtonsAreOutOfUseWhileANameIsTyped) {
     EXPECT_EQ(theHighScoreScreen->ClickHighScore(209, 440), kHighScoreToMenu);
     EXPECT_EQ(theHighScoreScreen->ClickHighScore(329, 440), kHighScorePlayAgain);
     Frame();

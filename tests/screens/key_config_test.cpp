@@ -45,7 +45,7 @@ class KeyConfigTest : public ProgramFixture {
     static bool BackIsEnabled() { return theMenuScreen->IsEnabled(MenuButton::KeyConfigBack); }
 };
 
-TEST_F(KeyConfigTest, KeysComeFromTheFileAndGoBackWhenTheWindowIsDestroyed) {
+TEST_F(KeyConfigTest, KeysAreReadFromTheFileAndWrittenAtTheEnd) {
     Start();
     End();
     EXPECT_EQ(folder.Read(kFile), kDefaultFile);
@@ -54,7 +54,7 @@ TEST_F(KeyConfigTest, KeysComeFromTheFileAndGoBackWhenTheWindowIsDestroyed) {
     EXPECT_EQ(keyBindings.Key(Action::Rotate, Side::Right), 'J');
     Arm(Action::Drop, Side::Left);
     theMenuScreen->OnKeyConfigKey('Q');
-    EXPECT_EQ(folder.Read(kFile)[6], std::byte{83}) << "not before the end";
+    EXPECT_EQ(folder.Read(kFile)[6], std::byte{83}) << "not written before the end";
     End();
     EXPECT_EQ(folder.Read(kFile), BytesOf({74, 40, 37, 39, 80, 87, 'Q', 65, 68, 84}));
 }
@@ -70,9 +70,9 @@ std::map<int, std::string> CellsOfKeys() {
         {"keys1 ", {0,   0,   0,   0,   '0', '1', '2', '3', '4', '5',
                     '6', '7', '8', '9', 190, 188, 226, 221, 222, 192}},
         {"keys2 ", {45, 36, 33, 46, 35, 34, 8, 220, 189, 0, 17, 16, 219, 0, 191, 186, 0, 0, 0, 13}},
-        {"keys2 ", {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 187}},  // in the cell of Shift
+        {"keys2 ", {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 187}},  // the same cell as Shift
     };
-    std::map<int, std::string> cells = {{VK_SPACE, "keybuttongrey 0"}};  // the slot and no glyph
+    std::map<int, std::string> cells = {{VK_SPACE, "keybuttongrey 0"}};  // no glyph on the slot
     for (const auto& [sheet, keys] : kSheets)
         for (std::size_t cell = 0; cell < keys.size(); ++cell)
             if (keys[cell] != 0) cells[keys[cell]] = sheet + std::to_string(cell);
@@ -96,13 +96,13 @@ TEST_F(KeyConfigTest, OnlyTheseKeysCanBeBoundAndEachShowsItsGlyph) {
             EXPECT_EQ(Seen(165 + 30, 369 + 30), "KeyConfig/" + cell->second);
         } else {
             EXPECT_EQ(keyBindings, before);
-            theMenuScreen->OnKeyConfigKey('T');  // the slot still waits
+            theMenuScreen->OnKeyConfigKey('T');  // the slot still waits for a key
             EXPECT_TRUE(BackIsEnabled());
         }
     }
 }
 
-TEST_F(KeyConfigTest, ASlotThatHadTheKeyTakesTheOldOne) {
+TEST_F(KeyConfigTest, TheSlotThatHadTheKeyGetsTheOldOne) {
     struct Case {
         const char* what;
         Bytes file;

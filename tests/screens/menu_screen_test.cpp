@@ -33,7 +33,7 @@ class MenuScreenTest : public ProgramFixture {
     }
 };
 
-TEST_F(MenuScreenTest, OnePlayerHasNoUseForTheLeftColumnAndBattle) {
+TEST_F(MenuScreenTest, LeftColumnAndBattleAreDisabledForOnePlayer) {
     Start();
     for (const bool two : {false, true}) {
         if (two) theMenuScreen->SelectTwoPlayers();
@@ -46,18 +46,18 @@ TEST_F(MenuScreenTest, OnePlayerHasNoUseForTheLeftColumnAndBattle) {
                                            {410, 350, kMenuBattle}}) {
             EXPECT_EQ(theMenuScreen->Click(x, y), two ? action : kMenuNothing) << x << ", " << y;
             Frame();
-            EXPECT_EQ(Seen(x, y).find("2 ") != std::string::npos, !two) << "the look of no use";
+            EXPECT_EQ(Seen(x, y).find("2 ") != std::string::npos, !two) << "the disabled look";
         }
     }
 }
 
-TEST_F(MenuScreenTest, MusicAndSoundEffectsAreOutOfUseWithoutAudio) {
+TEST_F(MenuScreenTest, MusicAndSoundEffectsAreDisabledWithoutAudio) {
     Headless().RefuseSound(true);
     const BoxAnswerer boxes({"Can't initialize digital sound system\n(error code: 3)"});
     Start();
     EXPECT_EQ(theMenuScreen->Click(160, 270), kMenuNothing);
     EXPECT_EQ(theMenuScreen->Click(160, 310), kMenuNothing);
-    EXPECT_EQ(Seen(160, 270), "menu/musicbutt2 1") << "on, and out of use";
+    EXPECT_EQ(Seen(160, 270), "menu/musicbutt2 1") << "selected, and disabled";
     theMenuScreen->ToggleSfxButton();
     Frame();
     EXPECT_EQ(Seen(160, 310), "menu/sfxbutt2 0");
@@ -67,7 +67,7 @@ TEST_F(MenuScreenTest, MusicAndSoundEffectsAreOutOfUseWithoutAudio) {
     EXPECT_EQ(Seen(160, 270), "menu/musicbutt 1");
 }
 
-TEST_F(MenuScreenTest, NonsenseInTheSettingsGivesOnePlayerAndNoDifficulty) {
+TEST_F(MenuScreenTest, NumbersOutOfRangeSelectOnePlayerAndNoDifficulty) {
     theSettings.players = 7;
     theSettings.difficulty = {3, -1};
     Start();
@@ -80,9 +80,10 @@ TEST_F(MenuScreenTest, NonsenseInTheSettingsGivesOnePlayerAndNoDifficulty) {
 TEST_F(MenuScreenTest, ADifficultyOutOfRangeIsPlayedAsTheNearest) {
     std::vector<std::string> games;
     for (const int difficulty : {7, 2, -1, 0}) {
+        SetUp();
         theSettings.difficulty = {difficulty, difficulty};
         Start();
-        SeedRandom(1);  // garbage comes before the game seeds anew
+        SeedRandom(1);  // the first garbage comes before the game seeds the generator
         Command(kCmdNewGame);
         Run(5000);
         std::string game;
@@ -92,13 +93,14 @@ TEST_F(MenuScreenTest, ADifficultyOutOfRangeIsPlayedAsTheNearest) {
                     game += static_cast<char>('0' + player->GameBoard().At(row, column));
         }
         games.push_back(game);
+        End();
     }
     EXPECT_EQ(games[0], games[1]);
     EXPECT_EQ(games[2], games[3]);
     EXPECT_NE(games[1], games[3]);
 }
 
-TEST_F(MenuScreenTest, OnePlayerEndsBattleForGood) {
+TEST_F(MenuScreenTest, ChoosingOnePlayerSwitchesBattleOff) {
     theSettings.players = 2;
     theSettings.battle = true;
     Start();
@@ -110,7 +112,7 @@ TEST_F(MenuScreenTest, OnePlayerEndsBattleForGood) {
     EXPECT_EQ(theMenuScreen->PlayersFromButtons(), 2);
 }
 
-TEST_F(MenuScreenTest, WhileASlotWaitsThereIsNoWayBackAndNoReset) {
+TEST_F(MenuScreenTest, BackAndResetAreDisabledWhileASlotWaitsForAKey) {
     Start();
     theMenuScreen->ToggleKeyConfigView();
     EXPECT_EQ(theMenuScreen->Click(340, 110), kMenuSlotArmed);

@@ -60,7 +60,7 @@ class DialogsTest : public ProgramFixture {
         const HCTL list = GetDlgItem(ShownDialog(), id);
         ListBox_SetCurSel(list, ListBox_FindStringExact(list, entry));
     }
-    /// Asks like the scroll bar would.
+    /// The messages of a press on the scroll bar.
     static void SendScroll(ScrollRequest request, int times) {
         for (int i = 0; i < times; ++i)
             AdvancedDlg(ShownDialog(), WM_HSCROLL, request, 0);
@@ -73,7 +73,7 @@ class DialogsTest : public ProgramFixture {
     }
 };
 
-TEST_F(DialogsTest, TheFirstStartAsksBeforeTheWindowIsSeen) {
+TEST_F(DialogsTest, TheFirstStartShowsTheAdvancedSettingsBeforeTheWindow) {
     theSettings.showAdvancedAtStart = true;
     const auto isAloneAndCentred = [] {
         const RECT area = Headless().ClientArea();
@@ -94,7 +94,7 @@ TEST_F(DialogsTest, TheFirstStartAsksBeforeTheWindowIsSeen) {
     EXPECT_EQ(Headless().PictureSize(), (SIZE{640, 499}));
 }
 
-TEST_F(DialogsTest, WhoeverEndsTheProgramInADialogEndsItProperly) {
+TEST_F(DialogsTest, AnEndFromOutsideInADialogWritesTheFiles) {
     for (const bool first : {true, false}) {
         theSettings.showAdvancedAtStart = first;
         const DialogScript script({EndFromOutside});
@@ -111,7 +111,7 @@ TEST_F(DialogsTest, WhoeverEndsTheProgramInADialogEndsItProperly) {
     }
 }
 
-TEST_F(DialogsTest, AnEndInABoxOfTheFirstDialogLeavesTheWindowUnseen) {
+TEST_F(DialogsTest, AnEndInABoxOfTheFirstDialogKeepsTheWindowHidden) {
     theSettings.showAdvancedAtStart = true;
     Headless().SetDisplayModes({});
     const DialogScript script({Ok, EndFromOutside});
@@ -120,7 +120,7 @@ TEST_F(DialogsTest, AnEndInABoxOfTheFirstDialogLeavesTheWindowUnseen) {
     EXPECT_FALSE(Headless().IsVisible());
 }
 
-TEST_F(DialogsTest, AClickOnQuitJustBeforeWaitsForTheBoxesToEnd) {
+TEST_F(DialogsTest, QuitPressedJustBeforeADialogEndsItAndItsBoxes) {
     for (const bool modes : {true, false}) {
         SetUp();
         Start();
@@ -129,14 +129,14 @@ TEST_F(DialogsTest, AClickOnQuitJustBeforeWaitsForTheBoxesToEnd) {
         std::filesystem::remove_all(folder.Path() + "/Skins/Original/Audio");
         pendingClick = kMenuQuit;
         SetTimer(mainWindow, 3, 200);
-        PressKeys({VK_RETURN});  // OK; a box follows, and nobody answers
+        PressKeys({VK_RETURN});  // OK; a message box follows that nobody answers
         Command(kCmdAdvancedSettings);
         Run(1000);
         EXPECT_FALSE(IsRunning());
     }
 }
 
-TEST_F(DialogsTest, OffersTheFoldersThatCanBeKept) {
+TEST_F(DialogsTest, SkinsAreTheFoldersWhoseNamesCanBeStored) {
     const std::string longest(254, 'x');
     for (const char* name :
          {"beta", "Alpha", ".hidden", "n\xFC\x80zz", "beta\\original", "ORIGINAL"})
@@ -162,7 +162,7 @@ TEST_F(DialogsTest, OffersTheFoldersThatCanBeKept) {
     EXPECT_EQ(theSettings.skinName, longest);
 }
 
-TEST_F(DialogsTest, AdvancedTakesEverythingWithOkAndNothingWithCancel) {
+TEST_F(DialogsTest, AdvancedChangesEverythingWithOkAndNothingWithCancel) {
     MakeSkin("Another");
     Start();
     SettingsValues changed = theSettings;
@@ -206,13 +206,13 @@ TEST_F(DialogsTest, MissingSkinsAndModesAreTold) {
         EXPECT_TRUE(Entries(kItemSkins).empty() && Entries(kItemDisplayModes).empty());
         Ok();
     };
-    theSettings.windowed = false;  // as for the next start
+    theSettings.windowed = false;  // for the next start
     Use(kCmdAdvancedSettings, {read("box-no-skins"), emptyLists, read("box-no-modes")});
     EXPECT_TRUE(theSettings.windowed);
     EXPECT_EQ(theSettings.skinName, "Original");
 }
 
-TEST_F(DialogsTest, TheDelayEndsBelowWhatItsTextShows) {
+TEST_F(DialogsTest, TheDelayEndsAt150AlthoughItsTextGoesOn) {
     Start();
     theSettings.dropDelayMs = 150;
     const auto asked = [](ScrollRequest request, int times, const char* shown) {
@@ -228,7 +228,7 @@ TEST_F(DialogsTest, TheDelayEndsBelowWhatItsTextShows) {
     EXPECT_EQ(theSettings.dropDelayMs, 3u);
 }
 
-TEST(ModeTextTest, ReadsWhatItWritesAndMakesTheBestOfTheRest) {
+TEST(ModeTextTest, NumbersThatAreMissingAreZero) {
     struct Case {
         const char* text;
         ModeChoice want;
@@ -243,7 +243,7 @@ TEST(ModeTextTest, ReadsWhatItWritesAndMakesTheBestOfTheRest) {
     EXPECT_EQ(ModeText({16, 75}), cases[0].text);
 }
 
-TEST_F(DialogsTest, LevelsTakeWhatIsANumberOfTheirRange) {
+TEST_F(DialogsTest, ALevelValueMustBeANumberFrom1To4999) {
     struct Case {
         const char* text;
         std::uint32_t want;  ///< 0: the old value stays
@@ -288,7 +288,7 @@ TEST_F(DialogsTest, EveryLevelBoxHasItsOwnValue) {
     }
 }
 
-TEST_F(DialogsTest, SoundEffectsAreChosenByEvent) {
+TEST_F(DialogsTest, SoundEffectsAreSwitchedByEvent) {
     Start();
     theSettings.sfxMask = 0xE0 | kSfxRotate;
     const auto change = [] {
@@ -308,7 +308,7 @@ TEST_F(DialogsTest, SoundEffectsAreChosenByEvent) {
     EXPECT_FALSE(theMenuScreen->IsSelected(MenuButton::SoundEffects)) << "unchanged";
 }
 
-TEST_F(DialogsTest, TheAboutBoxEndsWithItsButtonOnlyAndPausesAGame) {
+TEST_F(DialogsTest, TheAboutBoxIsClosedByItsButtonAloneAndPausesAGame) {
     Start();
     Press(VK_F3);
     ASSERT_TRUE(rightPlayer->IsJoined());
@@ -318,7 +318,7 @@ TEST_F(DialogsTest, TheAboutBoxEndsWithItsButtonOnlyAndPausesAGame) {
     EXPECT_TRUE(leftPlayer->IsPaused());
 }
 
-TEST_F(DialogsTest, LookAsTheyAreDrawn) {
+TEST_F(DialogsTest, ThePicturesOfAllDialogs) {
     MakeSkin("Another");
     Start();
     const std::pair<std::uint16_t, const char*> kPictures[] = {
