@@ -149,22 +149,22 @@ TEST_F(RandomInputTest, NothingThatComesInMakesScreensAndSettingsDisagree) {
     Headless().WhenWaiting([this] { WakeWithAnything(); });
     int games = 0;
     int scores = 0;
-    for (int i = 0; i < 40'000; ++i) {
+    for (int i = 0; i < 12'000; ++i) {
         SendAnything();
         ASSERT_TRUE(IsRunning()) << i;
         SCOPED_TRACE(i);
         ASSERT_EQ(TheDesktop().modal, nullptr);
         ASSERT_NO_FATAL_FAILURE(ExpectButtonsAgreeWithSettings());
         ASSERT_NO_FATAL_FAILURE(ExpectTableIsInOrder());
-        if (i % 1000 == 0) {
+        if (i % 300 == 0) {
             ASSERT_NO_FATAL_FAILURE(ExpectAtMostOneSlotWaits());
         }
         games += !menuShowing && !highScoresShowing;
         scores += highScoresShowing;
     }
-    EXPECT_GT(games, 1000) << "every screen was seen, and the dialogs";
-    EXPECT_GT(scores, 1000);
-    EXPECT_GT(wakings_, 10'000);
+    EXPECT_GT(games, 300) << "every screen was seen, and the dialogs";
+    EXPECT_GT(scores, 300);
+    EXPECT_GT(wakings_, 3000);
     EXPECT_GT(theHighScoreScreen->Table().Row(0).score, 0);
     for (const auto& level : theLevelTable.normalMs)
         for (const std::uint32_t milliseconds : level)
