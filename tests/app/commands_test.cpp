@@ -1,6 +1,7 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <tuple>
 
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
@@ -121,13 +122,15 @@ TEST_F(CommandTest, AcceleratorKeysGiveTheirCommandsUnlessTheseAreGreyed) {
     EXPECT_FALSE(IsRunning());
 }
 
-TEST_F(CommandTest, FullScreenIsToggledOnlyWhileTheWindowIsActive) {
+TEST_F(CommandTest, FullScreenNeedsAnActiveWindowAndAMode) {
     Start();
-    for (const bool active : {false, true}) {
+    for (const auto& [active, bits, toggles] :
+         {std::tuple{false, 16u, false}, {true, 0u, false}, {true, 16u, true}}) {
         appActive = active;
+        theSettings.fullscreenBpp = bits;
         Command(kCmdToggleFullScreen);
-        EXPECT_EQ(Headless().IsFullScreen(), active);
-        EXPECT_EQ(theSettings.windowed, !active);
+        EXPECT_EQ(Headless().IsFullScreen(), toggles);
+        EXPECT_EQ(theSettings.windowed, !toggles);
     }
 }
 

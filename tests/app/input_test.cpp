@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/state/process_state.h"
@@ -240,12 +241,27 @@ TEST_F(InputTest, GamesArePausedWhenTheWindowLosesAndGetsTheFocus) {
     Command(kCmdNewGame);
     Press('P');
     Headless().Push({.type = HostEventType::Deactivated});
-    Headless().WhenWaiting([] { Headless().Push({.type = HostEventType::Activated}); });
+    Headless().WhenWaiting([] {
+        EXPECT_TRUE(rightPlayer->IsPaused() && leftPlayer->IsPaused());
+        leftPlayer->TogglePause();
+        Headless().Push({.type = HostEventType::Activated});
+    });
     Run(100);
     EXPECT_TRUE(rightPlayer->IsPaused() && leftPlayer->IsPaused());
     EXPECT_TRUE(appActive);
     Press('T');
     EXPECT_FALSE(leftPlayer->IsPaused());
+}
+
+TEST_F(InputTest, TheWindowIsNotMovedOrSizedInFullScreen) {
+    Start();
+    theSettings.windowed = false;
+    for (const auto& [command, refused] : {std::pair{SC_SIZE, 1},
+                                           {SC_MOVE, 1},
+                                           {SC_MAXIMIZE, 1},
+                                           {SC_MONITORPOWER, 1},
+                                           {SC_SIZE + 1, 0}})
+        EXPECT_EQ(SendMessage(mainWindow, WM_SYSCOMMAND, command, 0), refused) << command;
 }
 
 TEST_F(InputTest, BothNamesAreTypedAndWrittenToTheFile) {
@@ -262,6 +278,7 @@ TEST_F(InputTest, BothNamesAreTypedAndWrittenToTheFile) {
         Press(static_cast<std::uint8_t>(key));
     EXPECT_FALSE(nextFigureCheat) << "every key is for the name";
     Frame();
+    EXPECT_EQ(Text(124, 415, 20, 14), "CONGRATULATIONS LEFT");
     Press('L');
     Press(VK_RETURN);
     Frame();

@@ -92,19 +92,20 @@ TEST_F(MenuStatesTest, ItemsOfWhatIsChosenAreChecked) {
     theSettings.difficulty = {2, 1};
     theSettings.clockwise = {true, false};
     theSettings.timeBased = {false, true};
-    theSettings.music = theSettings.quakes = false;
+    theSettings.music = false;
     theSettings.battle = showFps = true;
     EXPECT_EQ(Items(&MenuItem::checked),
-              (Commands{kCmdTwoPlayers, kCmdBattle, kCmdShowFps, kCmdSoundEffects, kCmdRightHard,
-                        kCmdRightClockwise, kCmdLeftMedium, kCmdLeftTimeBased}));
+              (Commands{kCmdTwoPlayers, kCmdBattle, kCmdShowFps, kCmdQuakes, kCmdSoundEffects,
+                        kCmdRightHard, kCmdRightClockwise, kCmdLeftMedium, kCmdLeftTimeBased}));
 
     theSettings.SetDefaults();
     theSettings.difficulty = {9, -1};
-    showFps = false;
+    showFps = theSettings.quakes = theSettings.music = theSettings.soundEffects = false;
     const Commands checked = Items(&MenuItem::checked, true);
     for (const std::uint16_t command :
-         {kCmdTwoPlayers, kCmdBattle, kCmdShowFps, kCmdRightEasy, kCmdRightMedium, kCmdRightHard,
-          kCmdRightClockwise, kCmdLeftEasy, kCmdLeftHard, kCmdLeftTimeBased})
+         {kCmdTwoPlayers, kCmdBattle, kCmdShowFps, kCmdQuakes, kCmdMusic, kCmdSoundEffects,
+          kCmdRightEasy, kCmdRightMedium, kCmdRightHard, kCmdRightClockwise, kCmdLeftEasy,
+          kCmdLeftHard, kCmdLeftTimeBased})
         EXPECT_FALSE(checked.contains(command)) << command;
 }
 

@@ -142,6 +142,9 @@ TEST_F(StartUpTest, AfterAChangeOfModeThePicturesAreLoadedAgain) {
     Headless().SetDisplayState(S_OK);
     Passes(6);
     EXPECT_EQ(Headless().PixelAt(336, 200), frame);
+    Headless().FailPresents({DDERR_SURFACELOST});
+    EXPECT_EQ(Passes(6), std::nullopt);
+    EXPECT_EQ(Headless().PixelAt(336, 200), frame);
 }
 
 TEST_F(StartUpTest, FramesAreTenMillisecondsApartAndStopWhileMinimised) {
@@ -184,6 +187,7 @@ TEST_F(StartUpTest, FullScreenAndBackShowsTheSamePicture) {
         Passes(6);
         ASSERT_TRUE(Headless().IsFullScreen());
         ASSERT_FALSE(theSettings.windowed);
+        ASSERT_EQ(GetMenu(mainWindow), nullptr);
         ASSERT_NE(Headless().PixelAt(336, 200), 0u);
         Headless().PushKey(VK_RETURN, true, kModAlt);
         Passes(6);

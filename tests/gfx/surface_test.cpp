@@ -1,5 +1,6 @@
 #include "gfx/surface.h"
 
+#include <utility>
 #include <vector>
 
 #include "gfx/button.h"
@@ -119,6 +120,22 @@ TEST_F(SurfaceTest, AButtonIsHitInsideItsFrameWhileItIsEnabled) {
     Clear();
     button.Draw();
     EXPECT_EQ(Shown(101, 51), 0u) << "disabled, and no picture for that";
+}
+
+TEST_F(SurfaceTest, AWindowIsMovedIntoTheWorkAreaAtItsLeftAndTop) {
+    Headless().SetScreen({1280, 1024}, {30, 40, 1280, 1024});
+    const std::pair<POINT, POINT> kCorners[] = {
+        {{0, 0}, {30, 40}},
+        {{0, 200}, {30, 200}},
+        {{200, 0}, {200, 40}},
+        {{1000, 900}, {1000, 900}},  // beyond the right and lower edge it stays
+    };
+    for (const auto& [from, want] : kCorners) {
+        SetWindowPos(window, from, {}, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        ASSERT_EQ(currentDisplay->OpenWindowed(window, 640, 480), S_OK);
+        const RECT outer = GetWindowRect(window);
+        EXPECT_EQ((POINT{outer.left, outer.top}), want) << from.x << ", " << from.y;
+    }
 }
 
 }  // namespace

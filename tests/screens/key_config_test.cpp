@@ -7,7 +7,10 @@
 #include "platform/base/virtual_keys.h"
 #include "platform/headless/headless_host.h"
 #include "screens/menu_screen.h"
+#include "screens/skin_reload.h"
+#include "tests/support/bmp_writer.h"
 #include "tests/support/program_fixture.h"
+#include "tests/support/test_skin.h"
 
 namespace korvane {
 namespace {
@@ -99,6 +102,19 @@ TEST_F(KeyConfigTest, OnlyTheseKeysCanBeBoundAndEachShowsItsGlyph) {
             theMenuScreen->OnKeyConfigKey('T');  // the slot still waits for a key
             EXPECT_TRUE(BackIsEnabled());
         }
+    }
+}
+
+TEST_F(KeyConfigTest, GlyphsAreTransparentInTheThirdKeyColour) {
+    folder.Write(
+        "Skins/Original/KeyConfig/alpha2.bmp",  // U to Z
+        MakeBmp({.width = 174, .height = 44, .pixel = [](int, int) { return kTestKeys[2]; }}));
+    OpenKeyConfig();
+    keyBindings.Key(Action::Pause, Side::Left) = 'Z';
+    for (int reload = 0; reload < 2; ++reload) {
+        Frame();
+        EXPECT_EQ(Seen(165 + 30, 369 + 30), "KeyConfig/keybuttongrey 0");
+        ReloadSkinGraphics();
     }
 }
 

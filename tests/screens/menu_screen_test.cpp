@@ -115,6 +115,11 @@ TEST_F(MenuScreenTest, ChoosingOnePlayerSwitchesBattleOff) {
 TEST_F(MenuScreenTest, BackAndResetAreDisabledWhileASlotWaitsForAKey) {
     Start();
     theMenuScreen->ToggleKeyConfigView();
+    for (const MenuAction action : {kMenuKeysReset, kMenuNothing}) {
+        EXPECT_EQ(theMenuScreen->Click(330, 445), action);
+        Frame();
+        EXPECT_EQ(Seen(330, 445), "menu/resetbutt 1") << "until something else is pressed";
+    }
     EXPECT_EQ(theMenuScreen->Click(340, 110), kMenuSlotArmed);
     Frame();
     EXPECT_EQ(Seen(185, 445), "menu/backbutt2 0");
