@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "platform/headless/headless_host.h"
+#include "tests/support/bmp_writer.h"
+#include "tests/support/temporary_folder.h"
 
 namespace korvane {
 namespace {
@@ -168,21 +170,22 @@ TEST_P(DisplayTest, ShowsWhatWasDrawnInTheOrderOfDrawing) {
 
 TEST_P(DisplayTest, PixelsOfTheKeyAreNotDrawn) {
     Paint(*picture, {0, 0, 4, 8}, RGB(0, 0, 255));
+    DDSURFACEDESC2 locked;
+    ASSERT_EQ(picture->Lock(locked, DDLOCK_WAIT), S_OK);
+    EXPECT_EQ(locked.format.bits, IsWindowed() ? 32 : GetParam());
+    const auto bytes = static_cast<std::size_t>(locked.format.BytesPerPixel());
+    std::uint32_t blue = 0;
+    std::uint32_t red = 0;
+    std::memcpy(&blue, locked.pixels, bytes);
+    std::memcpy(&red, locked.pixels + 7 * bytes, bytes);
+    ASSERT_EQ(picture->Unlock(), S_OK);
     struct Case {
-        std::size_t keyColumn;
+        std::uint32_t key;
         Colours wanted;
     };
-    for (const Case& c : {Case{0, {kBlack, kRed, kBlue, kBlack, kRed}},
-                          Case{7, {kBlue, kBlack, kBlue, kBlue, kBlack}}}) {
-        DDSURFACEDESC2 locked;
-        ASSERT_EQ(picture->Lock(locked, DDLOCK_WAIT), S_OK);
-        EXPECT_EQ(locked.format.bits, IsWindowed() ? 32 : GetParam());
-        const auto bytes = static_cast<std::size_t>(locked.format.BytesPerPixel());
-        std::uint32_t key = 0;
-        std::memcpy(&key, locked.pixels + c.keyColumn * bytes, bytes);
-        ASSERT_EQ(picture->Unlock(), S_OK);
-        ASSERT_EQ(picture->SetColorKey(DDCKEY_SRCBLT, {key, key}), S_OK);
-
+    for (const Case& c : {Case{blue, {kBlack, kRed, kBlue, kBlack, kRed}},
+                          Case{red, {kBlue, kBlack, kBlue, kBlue, kBlack}}}) {
+        ASSERT_EQ(picture->SetColorKey(DDCKEY_SRCBLT, {c.key, c.key}), S_OK);
         Begin(20);
         EXPECT_EQ(Copy(0, 0, {0, 0, 8, 8}, DDBLTFAST_SRCCOLORKEY), S_OK);
         EXPECT_EQ(Copy(40, 0, {3, 0, 8, 8}, DDBLTFAST_SRCCOLORKEY), S_OK);
@@ -291,6 +294,25 @@ TEST(GdiTest, APartIsStretchedByNearestPixels) {
     EXPECT_FALSE(StretchBlt(&target, {1, 0, 5, 3}, &source, {1, 1, 3, 4}));
 }
 
+TEST(GdiTest, SinglePixelsAreReadAndWrittenAsColours) {
+    Grid pixel({1, 1}, {0x112233});
+    EXPECT_EQ(GetPixel(&pixel, 0, 0), RGB(0x11, 0x22, 0x33));
+    EXPECT_EQ(GetPixel(&pixel, 1, 0), CLR_INVALID);
+    SetPixel(&pixel, 0, 0, RGB(4, 5, 6));
+    EXPECT_EQ(pixel.pixels, Colours{0x040506});
+}
+
+TEST(GdiTest, PathsHaveALimit) {
+    Headless().Reset();
+    const TemporaryFolder folder;
+    Headless().UseFolder(folder.Path());
+    for (const auto& [length, isLoaded] : {std::pair(254, true), {255, false}}) {
+        const std::string path(static_cast<std::size_t>(length), 'x');
+        folder.Write(path, MakeBmp({}));
+        EXPECT_EQ(UniqueBitmap(LoadImageA(path)) != nullptr, isLoaded) << length;
+    }
+}
+
 TEST_F(DirectDrawTest, SurfacesOutliveTheirDisplayObject) {
     ASSERT_EQ(directDraw->SetCooperativeLevel(window, DDSCL_NORMAL), S_OK);
     const UniqueSurface kept = Make(kSized, DDSCAPS_OFFSCREENPLAIN, 4, 4);
@@ -313,11 +335,11 @@ TEST_F(DirectDrawTest, FullScreenNeedsTheExclusiveLevelAndAKnownDepth) {
     ASSERT_EQ(directDraw->SetCooperativeLevel(window, DDSCL_EXCLUSIVE | DDSCL_FULLSCREEN), S_OK);
     for (const std::uint32_t depth : {0u, 1u, 15u, 24u, 64u, 0xFFFFFFFFu})
         EXPECT_FALSE(enters(640, 480, depth)) << depth;
-    EXPECT_FALSE(enters(0, 480, 16) || enters(640, 100'000, 16));
+    EXPECT_FALSE(enters(0, 480, 16) || enters(4097, 480, 16) || enters(640, 4097, 16));
     Headless().RefuseFullScreen(true);
     EXPECT_FALSE(enters(640, 480, 16));
     Headless().RefuseFullScreen(false);
-    EXPECT_TRUE(enters(640, 480, 16));
+    EXPECT_TRUE(enters(4096, 480, 16) && enters(640, 480, 16));
     EXPECT_EQ(directDraw->SetCooperativeLevel(window, DDSCL_NORMAL), S_OK);
     EXPECT_FALSE(Headless().IsFullScreen());
 }
