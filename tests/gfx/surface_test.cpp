@@ -123,11 +123,10 @@ TEST_F(SurfaceTest, AButtonIsHitInsideItsFrameWhileItIsEnabled) {
 }
 
 TEST_F(SurfaceTest, AWindowIsMovedIntoTheWorkAreaAtItsLeftAndTop) {
-    Headless().SetScreen({1280, 1024}, {30, 40, 1280, 1024});
     const std::pair<POINT, POINT> kCorners[] = {
-        {{0, 0}, {30, 40}},
-        {{0, 200}, {30, 200}},
-        {{200, 0}, {200, 40}},
+        {{-30, -40}, {0, 0}},
+        {{-30, 200}, {0, 200}},
+        {{200, -40}, {200, 0}},
         {{1000, 900}, {1000, 900}},  // beyond the right and lower edge it stays
     };
     for (const auto& [from, want] : kCorners) {
