@@ -69,12 +69,12 @@ TEST_F(DialogTest, ListBox) {
     const auto row = [](int number) { return In(kList, 10, 2 + 15 * number + 7); };
     const auto bar = [](int fromBottom) { return In(kList, -8, -2 - fromBottom); };
     const auto heldOff = [&](int down) {
-        return [=] {
-            const POINT off{row(0)().x, row(0)().y + down};
-            Headless().Push(Mouse(HostEventType::LeftButtonDown, row(1)()));
-            Headless().Push(Mouse(HostEventType::MouseMove, off));
-            Headless().PushLater(360, Mouse(HostEventType::LeftButtonUp, off));
-        };
+        return Drag(
+            row(1),
+            [=] {
+                return POINT{row(0)().x, row(0)().y + down};
+            },
+            360);
     };
     const auto wheel = [&] {
         HostEvent event = Mouse(HostEventType::Wheel, row(1)());
@@ -133,11 +133,15 @@ TEST_F(DialogTest, ScrollBar) {
     };
     const auto at = [](int x) { return In(kBar, x, 7); };
     const Case cases[] = {
-        {"right arrow", 50, Hold(at(140), 100), 51, {101, 108}},
-        {"held: at 300 and 350 ms again", 50, Hold(at(140), 360), 53, {101, 101, 101, 108}},
-        {"left arrow at the end", 0, Hold(at(3), 100), 0, {100, 108}},
-        {"trough", 50, Hold(at(100), 100), 60, {103, 108}},
-        {"trough up to the pointer", 50, Hold(at(74), 1000), 70, {103, 103, 108}},
+        {"right arrow", 50, Drag(at(140), at(140), 100), 51, {101, 108}},
+        {"held: at 300 and 350 ms again",
+         50,
+         Drag(at(140), at(140), 360),
+         53,
+         {101, 101, 101, 108}},
+        {"left arrow at the end", 0, Drag(at(3), at(3), 100), 0, {100, 108}},
+        {"trough", 50, Drag(at(100), at(100), 100), 60, {103, 108}},
+        {"trough up to the pointer", 50, Drag(at(74), at(74), 1000), 70, {103, 103, 108}},
         {"thumb to the end", 0, Drag(at(20), at(500)), 150, {105, 104, 108}},
         {"thumb to the middle", 0, Drag(at(20), at(20 + 55)), 75, {105, 104, 108}},
         {"thumb held still", 0, Drag(at(20), at(20)), 0, {104, 108}},
