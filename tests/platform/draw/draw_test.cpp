@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <tuple>
-#include <utility>
 #include <vector>
 
 #include "platform/draw/canvas.h"
@@ -13,17 +11,18 @@ namespace korvane {
 namespace {
 
 TEST(PixelFormatTest, EveryDepthStoresTheNearestColourItHas) {
-    for (const auto& [bits, colour, stored] : {std::tuple(32, 0x12345678u, 0x345678u),
-                                               {16, 0xFFFFFF, 0xFFFFFF},
-                                               {16, 0x080408, 0x080408},
-                                               {16, 0x070307, 0},
-                                               {8, 0xFFCC33, 0xFFCC33},
-                                               {8, 0x300000, 0x330000},
-                                               {8, 0x808080, 0x828282},
-                                               {8, 0xFFFFFF, 0xFFFFFF}}) {
-        const PixelFormat format = FormatOfDepth(bits);
-        EXPECT_EQ(UnpackPixel(format, PackPixel(format, colour)), stored)
-            << bits << " bits, " << std::hex << colour;
+    struct Case {
+        int bits;
+        std::uint32_t colour;
+        std::uint32_t stored;
+    };
+    for (const Case& c :
+         {Case{32, 0x12345678, 0x345678}, Case{16, 0xFFFFFF, 0xFFFFFF},
+          Case{16, 0x080408, 0x080408}, Case{16, 0x070307, 0}, Case{8, 0xFFCC33, 0xFFCC33},
+          Case{8, 0x300000, 0x330000}, Case{8, 0x808080, 0x828282}, Case{8, 0xFFFFFF, 0xFFFFFF}}) {
+        const PixelFormat format = FormatOfDepth(c.bits);
+        EXPECT_EQ(UnpackPixel(format, PackPixel(format, c.colour)), c.stored)
+            << c.bits << " bits, " << std::hex << c.colour;
     }
 }
 
@@ -49,18 +48,19 @@ TEST(CanvasTest, APastedCanvasIsCutAtTheEdges) {
     Canvas pasted({2, 2}, 1);
     for (int i = 0; i < 4; ++i)
         pasted.Fill(RectAt({i % 2, i / 2}, {1, 1}), static_cast<Colour>(i + 1));
-    using Colours = std::vector<Colour>;
-    for (const auto& [at, wanted] : {std::pair(POINT{0, 0}, Colours{1, 2, 3, 4}),
-                                     {{-1, -1}, {4, 0, 0, 0}},
-                                     {{1, -1}, {0, 3, 0, 0}},
-                                     {{-1, 1}, {0, 0, 2, 0}},
-                                     {{2, 0}, {0, 0, 0, 0}}}) {
+    struct Case {
+        POINT at;
+        std::vector<Colour> wanted;
+    };
+    for (const Case& c :
+         {Case{{0, 0}, {1, 2, 3, 4}}, Case{{-1, -1}, {4, 0, 0, 0}}, Case{{1, -1}, {0, 3, 0, 0}},
+          Case{{-1, 1}, {0, 0, 2, 0}}, Case{{2, 0}, {0, 0, 0, 0}}}) {
         Canvas canvas({2, 2}, 1);
-        canvas.Paste(pasted, at);
+        canvas.Paste(pasted, c.at);
         const PictureView view = canvas.View();
-        Colours seen(view.pixels, view.pixels + 2);
+        std::vector<Colour> seen(view.pixels, view.pixels + 2);
         seen.insert(seen.end(), view.pixels + view.pitch, view.pixels + view.pitch + 2);
-        EXPECT_EQ(seen, wanted) << at.x << ", " << at.y;
+        EXPECT_EQ(seen, c.wanted) << c.at.x << ", " << c.at.y;
     }
 }
 

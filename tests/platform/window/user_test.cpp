@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -69,16 +68,17 @@ TEST_F(UserTest, MessagesComeInOrderAndPeekLeavesThem) {
 }
 
 TEST_F(UserTest, TimersRepeatAndEnd) {
+    struct Case {
+        bool sets;
+        std::uint32_t passing;
+        std::size_t due;
+    };
     // Setting it again lets it count from the beginning.
-    for (const auto& [sets, passing, due] : {std::tuple(true, 199u, 0u),
-                                             {false, 1, 1},
-                                             {false, 150, 0},
-                                             {true, 150, 0},
-                                             {false, 50, 1},
-                                             {false, 1000, 1}}) {
-        if (sets) SetTimer(window_, 3, 200);
-        Headless().Advance(passing);
-        EXPECT_EQ(Drain().size(), due) << "after " << passing << " ms";
+    for (const Case& c : {Case{true, 199, 0}, Case{false, 1, 1}, Case{false, 150, 0},
+                          Case{true, 150, 0}, Case{false, 50, 1}, Case{false, 1000, 1}}) {
+        if (c.sets) SetTimer(window_, 3, 200);
+        Headless().Advance(c.passing);
+        EXPECT_EQ(Drain().size(), c.due) << "after " << c.passing << " ms";
     }
     const std::uint32_t start = GetTickCount();
     WaitMessage();
