@@ -58,7 +58,7 @@ TEST(BmpTest, OtherFormatsAreRefused) {
         std::size_t offset;
         std::vector<std::int32_t> refused;
     };
-    const auto file = MakeBmp({.width = 4, .height = 4});
+    const auto file = MakeBmp({.width = 4, .height = 4, .bits = 32});
     EXPECT_TRUE(DecodeBmp(file));
     for (const Field& field : {
              Field{"signature", 0, {0x4D43}},

@@ -94,6 +94,7 @@ TEST_F(FilesTest, ReadsWhatLiesBeneathTheFolderAndNothingElse) {
     for (const char* name : {"a.TXT", "A.txT", "A.Txt", "a.Txt", "A.txt", "a.tXt"})
         WriteFile(std::string("Skins/Two/") + name, name);
     WriteFile("Skins/Two/a.txt ", "blank");
+    WriteFile("c:data/menu.dat", "drive");
     WriteFile("Skins/Two/B", "B");
     WriteFile("Skins/Two/b", "b");
     Link("Graphics/Original", "../Skins/Original");

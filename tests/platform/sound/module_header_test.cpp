@@ -76,15 +76,14 @@ TEST(ModuleHeaderTest, TheFormatIsToldAndAllTablesMustBeThere) {
 }
 
 TEST(ModuleHeaderTest, CountsHaveLimits) {
-    struct Counts {
+    const struct {
         const char* what;
         File file;
         std::vector<std::size_t> places;
         unsigned least;
         unsigned most;
         bool areBytes = false;
-    };
-    const Counts counts[] = {
+    } kCounts[] = {
         {"XM channels", Xm(), {68}, 1, 64},
         {"XM orders", Xm(), {64}, 1, 256},
         {"XM patterns, instruments", Xm(), {70, 72}, 0, 256},
@@ -96,7 +95,7 @@ TEST(ModuleHeaderTest, CountsHaveLimits) {
         {"MTM last order", Mtm(), {27}, 0, 127, true},
         {"MTM channels", Mtm(), {33}, 1, 32, true},
     };
-    for (const Counts& c : counts) {
+    for (const auto& c : kCounts) {
         for (const std::size_t at : c.places) {
             const auto accepts = [&](unsigned value) {
                 // Room for every table. Behind a byte lies another field, which keeps its value.
@@ -132,13 +131,12 @@ File ItPattern() {
 }
 
 TEST(ModuleHeaderTest, TheMemoryToPlayItHasALimit) {
-    struct Case {
+    const struct {
         const char* what;
         File file;
         std::size_t at;
         std::size_t most;
-    };
-    const Case cases[] = {
+    } kCases[] = {
         {"IT, 8 bits", ItSample(0), 4048, kMaxModuleMemory},
         {"IT, 16 bits", ItSample(2), 4048, kMaxModuleMemory / 2},
         {"IT, 16 bits, stereo", ItSample(6), 4048, kMaxModuleMemory / 4},
@@ -149,7 +147,7 @@ TEST(ModuleHeaderTest, TheMemoryToPlayItHasALimit) {
         {"S3M, made by a chip: settings where a sample has its length", S3mSample(0, /*kind=*/2),
          4016, 0x7FFFFFFF},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : kCases) {
         const auto accepts = [&](std::size_t length) {
             const auto low = static_cast<unsigned>(length & 0xFFFF);
             const auto high = static_cast<unsigned>(length >> 16);

@@ -44,10 +44,9 @@ TEST(WavTest, LimitsAreAcceptedAndWhatLiesBeyondIsNot) {
     const auto isRead = [](const WavRecipe& recipe) {
         return ReadWav(MakeWav(recipe)).has_value();
     };
-    for (const std::size_t excess : {0U, 1U}) {
-        const auto rate = static_cast<std::uint32_t>(excess);
-        EXPECT_EQ(isRead({.rate = 8000 - rate}), excess == 0);
-        EXPECT_EQ(isRead({.rate = 48000 + rate}), excess == 0);
+    for (const std::uint32_t excess : {0U, 1U}) {
+        EXPECT_EQ(isRead({.rate = 8000 - excess}), excess == 0);
+        EXPECT_EQ(isRead({.rate = 48000 + excess}), excess == 0);
         EXPECT_EQ(isRead({.frames = 1 - excess}), excess == 0);
         EXPECT_EQ(isRead({.rate = 8000, .bits = 8, .frames = 30 * 8000 + excess}), excess == 0);
     }

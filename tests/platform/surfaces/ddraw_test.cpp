@@ -163,7 +163,8 @@ TEST_P(DisplayTest, ShowsWhatWasDrawnInTheOrderOfDrawing) {
     Begin(10);
     Paint(*picture, {0, 0, 8, 8}, RGB(0, 255, 0));  // what was drawn stays red
     EXPECT_EQ(Copy(14, 0, {0, 0, 2, 8}), S_OK);
-    picture = MakePicture();  // the one that was drawn is destroyed
+    picture.reset();
+    picture = MakePicture();  // where the one that was drawn may have been
     EXPECT_EQ(Show(), S_OK);
     EXPECT_EQ(Seen({{9, 0}, {10, 0}, {10, 8}, {14, 7}, {16, 7}, {18, 0}}),
               (Colours{kBlack, kRed, kBlack, kGreen, kRed, kBlack}));
