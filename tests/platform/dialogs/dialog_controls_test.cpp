@@ -14,17 +14,16 @@ MousePlace In(std::uint16_t id, int right, int down) {
 }
 
 TEST_F(DialogTest, EditBox) {
-    struct Case {
-        const char* way;
-        std::string before;
-        Acts acts;
-        std::string after;
-    };
     const auto outOnTheLeft = [] { return POINT{0, Item(kName)().y}; };
     const auto clipLines = [] { Headless().SetClipboardText("a\tb\nc"); };
     const auto forty = [] { Headless().PushText(std::u32string(40, 'x')); };
     const auto thirty = [] { Headless().PushText(std::u32string(30, 'x')); };
-    const Case cases[] = {
+    const struct {
+        const char* way;
+        std::string before;
+        Acts acts;
+        std::string after;
+    } kCases[] = {
         {"Tab selects all", "old", {U"new"}, "new"},
         {"ends", "ac", {VK_END, U"d", VK_HOME, U"_"}, "_acd"},
         {"in the middle", "ac", {VK_HOME, VK_RIGHT, U"b"}, "abc"},
@@ -47,7 +46,7 @@ TEST_F(DialogTest, EditBox) {
          "_WWW"},
         {"Alt+letter is no typing", "abc", {Alt('W'), U"w"}, "abc"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : kCases) {
         Acts acts = {Alt('Q'), VK_TAB, [] { EXPECT_TRUE(Headless().AcceptsText()); }};
         acts.insert(acts.end(), c.acts.begin(), c.acts.end());
         Try(
@@ -59,13 +58,6 @@ TEST_F(DialogTest, EditBox) {
 
 TEST_F(DialogTest, ListBox) {
     // Apple banana cherry Date fig | pear Plum: five rows of seven.
-    struct Case {
-        const char* way;
-        int selected;
-        Acts acts;
-        int after;
-        int firstSeen;
-    };
     const auto row = [](int number) { return In(kList, 10, 2 + 15 * number + 7); };
     const auto bar = [](int fromBottom) { return In(kList, -8, -2 - fromBottom); };
     const auto heldOff = [&](int down) {
@@ -81,7 +73,13 @@ TEST_F(DialogTest, ListBox) {
         event.amount = -1;
         Headless().Push(event);
     };
-    const Case cases[] = {
+    const struct {
+        const char* way;
+        int selected;
+        Acts acts;
+        int after;
+        int firstSeen;
+    } kCases[] = {
         {"Down from nothing", LB_ERR, {VK_DOWN}, 0, 0},
         {"Up at the top", 0, {VK_UP}, 0, 0},
         {"End", 0, {VK_END}, 6, 2},
@@ -101,7 +99,7 @@ TEST_F(DialogTest, ListBox) {
         {"arrow", 0, {ClickOn(bar(8))}, 0, 1},
         {"thumb", 0, {Drag(bar(55), bar(0))}, 0, 2},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : kCases) {
         Try(
             c.acts,
             [&] {
@@ -124,15 +122,14 @@ TEST_F(DialogTest, ListBox) {
 
 TEST_F(DialogTest, ScrollBar) {
     // 150 pixels: arrows of 16, so that the track has 118, and the thumb 118 * 10 / 160 = 7: 8.
-    struct Case {
+    const auto at = [](int x) { return In(kBar, x, 7); };
+    const struct {
         const char* way;
         int from;
         Act act;
         int to;
         std::vector<int> asked;  // requests plus 100
-    };
-    const auto at = [](int x) { return In(kBar, x, 7); };
-    const Case cases[] = {
+    } kCases[] = {
         {"right arrow", 50, Drag(at(140), at(140), 100), 51, {101, 108}},
         {"held: at 300 and 350 ms again",
          50,
@@ -149,7 +146,7 @@ TEST_F(DialogTest, ScrollBar) {
         {"Page down at the top", 145, VK_NEXT, 150, {103, 108}},
         {"End", 50, VK_END, 150, {107, 108}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : kCases) {
         Try(
             {VK_TAB, c.act},
             [&] {

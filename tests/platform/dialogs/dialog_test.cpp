@@ -6,14 +6,13 @@ namespace korvane {
 namespace {
 
 TEST_F(DialogTest, KeyboardMovesFocusChecksAndPresses) {
-    struct Case {
+    const auto nowhere = [] { return POINT{0, 0}; };
+    const struct {
         const char* way;
         Acts acts;
         std::uint16_t focus;
         const char* checked;
-    };
-    const auto nowhere = [] { return POINT{0, 0}; };
-    const Case cases[] = {
+    } kCases[] = {
         {"first focus", {}, kList, "0100"},
         {"Tab to the checked one", {Times(2, VK_TAB)}, kFour, "0100"},
         {"a group is one stop", {Times(3, VK_TAB)}, kLonely, "0100"},
@@ -30,7 +29,7 @@ TEST_F(DialogTest, KeyboardMovesFocusChecksAndPresses) {
         {"bare letter", {VK_TAB, '2'}, kTwo, "1000"},
         {"other letter", {Alt('W')}, kList, "0100"},
     };
-    for (const Case& c : cases)
+    for (const auto& c : kCases)
         Try(c.acts, [&] {
             EXPECT_EQ(FocusedId(), c.focus) << c.way;
             EXPECT_EQ(Checked(), c.checked) << c.way;
@@ -70,13 +69,12 @@ TEST_F(DialogTest, WhatEndsIt) {
     const auto closeBox = [] {
         return POINT{ShownDialog()->Place().right - 10, ShownDialog()->Place().top + 12};
     };
-    struct Case {
+    const struct {
         const char* way;
         Prepare prepare;
         Acts acts;
         int result;  // 0: it stays
-    };
-    const Case cases[] = {
+    } kCases[] = {
         {"Return", all, {VK_RETURN}, IDOK},
         {"Return, no default", Without(IDOK), {VK_RETURN}, 0},
         {"Return on the focused button", all, {Times(7, VK_TAB), VK_RETURN}, IDCANCEL},
@@ -96,7 +94,7 @@ TEST_F(DialogTest, WhatEndsIt) {
         {"terminated", all, {[] { Headless().Push({.type = HostEventType::Terminate}); }}, -1},
         {"quit", all, {[] { PostQuitMessage(3); }}, -1},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : kCases) {
         Acts acts = c.acts;
         if (c.result == 0) acts.emplace_back([] { EndDialog(ShownDialog(), 77); });
         EXPECT_EQ(Show(acts, c.prepare), c.result == 0 ? 77 : c.result) << c.way;
