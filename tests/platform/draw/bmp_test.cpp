@@ -21,18 +21,17 @@ TEST(BmpTest, EveryDepthAndRowOrderIsRead) {
         for (const int height : {3, -3}) {
             for (const int width : {1, 5, 8, 9}) {
                 SCOPED_TRACE(testing::Message() << bits << " bits, " << width << " x " << height);
-                BmpRecipe recipe{.width = width, .height = height, .bits = bits, .pixel = Pattern};
-                if (bits <= 8) {
-                    recipe.palette = palette;
-                    recipe.pixel = index;
-                }
-                const auto bitmap = DecodeBmp(MakeBmp(recipe));
+                const auto bitmap = DecodeBmp(MakeBmp({.width = width,
+                                                       .height = height,
+                                                       .bits = bits,
+                                                       .pixel = bits <= 8 ? index : Pattern,
+                                                       .palette = palette}));
                 ASSERT_TRUE(bitmap);
                 ASSERT_EQ(bitmap->size, (SIZE{width, 3}));
                 std::vector<std::uint32_t> wanted;
                 for (int i = 0; i < 3 * width; ++i) {
-                    const std::uint32_t value = recipe.pixel(i % width, i / width);
-                    wanted.push_back(bits <= 8 ? palette[value] : value);
+                    const POINT at = {i % width, i / width};
+                    wanted.push_back(bits <= 8 ? palette[index(at.x, at.y)] : Pattern(at.x, at.y));
                 }
                 EXPECT_EQ(bitmap->pixels, wanted);
             }
