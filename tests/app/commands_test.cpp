@@ -1,4 +1,3 @@
-#include <array>
 #include <functional>
 #include <string>
 #include <tuple>
@@ -26,25 +25,10 @@ class CommandTest : public ProgramFixture {
     }
 };
 
-template <typename Field>
-std::function<void(SettingsValues&)> Set(Field SettingsValues::*field, Field value) {
-    return [=](SettingsValues& values) { values.*field = value; };
-}
-std::function<void(SettingsValues&)> Flip(bool SettingsValues::*field) {
-    return [=](SettingsValues& values) { values.*field ^= true; };
-}
-template <typename Field>
-std::function<void(SettingsValues&)> SetOf(Side side, std::array<Field, 2> SettingsValues::*field,
-                                           Field value) {
-    return [=](SettingsValues& values) { (values.*field)[IndexOf(side)] = value; };
-}
-std::function<void(SettingsValues&)> FlipOf(Side side, std::array<bool, 2> SettingsValues::*field) {
-    return [=](SettingsValues& values) { (values.*field)[IndexOf(side)] ^= true; };
-}
-
 TEST_F(CommandTest, CommandsAndPressesChangeTheirSettingAlone) {
-    using enum Side;
     using S = SettingsValues;
+    constexpr std::size_t kRight = IndexOf(Side::Right);
+    constexpr std::size_t kLeft = IndexOf(Side::Left);
     constexpr POINT kNoButton{};
     struct Case {
         std::uint16_t command;  ///< 0: the window menu has none
@@ -52,26 +36,26 @@ TEST_F(CommandTest, CommandsAndPressesChangeTheirSettingAlone) {
         std::function<void(SettingsValues&)> change;
     };
     const Case kCases[] = {
-        {kCmdTwoPlayers, {160, 190}, Set(&S::players, std::uint8_t{2})},
-        {kCmdQuakes, {280, 350}, Flip(&S::quakes)},
-        {kCmdBattle, {410, 350}, Flip(&S::battle)},
-        {kCmdMusic, {160, 270}, Flip(&S::music)},
-        {kCmdSoundEffects, {160, 310}, Flip(&S::soundEffects)},
-        {kCmdRightTimeBased, {400, 300}, FlipOf(Right, &S::timeBased)},
-        {kCmdLeftTimeBased, {280, 300}, FlipOf(Left, &S::timeBased)},
-        {kCmdRightClockwise, kNoButton, FlipOf(Right, &S::clockwise)},
-        {kCmdLeftClockwise, kNoButton, FlipOf(Left, &S::clockwise)},
-        {0, {440, 265}, SetOf(Right, &S::clockwise, true)},
-        {0, {330, 265}, SetOf(Left, &S::clockwise, true)},
-        {0, {400, 265}, SetOf(Right, &S::clockwise, false)},
-        {0, {280, 265}, SetOf(Left, &S::clockwise, false)},
-        {kCmdRightHard, {400, 220}, SetOf(Right, &S::difficulty, 2)},
-        {kCmdRightMedium, {400, 180}, SetOf(Right, &S::difficulty, 1)},
-        {kCmdRightEasy, {400, 150}, SetOf(Right, &S::difficulty, 0)},
-        {kCmdLeftHard, {280, 220}, SetOf(Left, &S::difficulty, 2)},
-        {kCmdLeftMedium, {280, 180}, SetOf(Left, &S::difficulty, 1)},
-        {kCmdLeftEasy, {280, 150}, SetOf(Left, &S::difficulty, 0)},
-        {kCmdOnePlayer, {160, 150}, Set(&S::players, std::uint8_t{1})},
+        {kCmdTwoPlayers, {160, 190}, [](S& s) { s.players = 2; }},
+        {kCmdQuakes, {280, 350}, [](S& s) { s.quakes ^= true; }},
+        {kCmdBattle, {410, 350}, [](S& s) { s.battle ^= true; }},
+        {kCmdMusic, {160, 270}, [](S& s) { s.music ^= true; }},
+        {kCmdSoundEffects, {160, 310}, [](S& s) { s.soundEffects ^= true; }},
+        {kCmdRightTimeBased, {400, 300}, [](S& s) { s.timeBased[kRight] ^= true; }},
+        {kCmdLeftTimeBased, {280, 300}, [](S& s) { s.timeBased[kLeft] ^= true; }},
+        {kCmdRightClockwise, kNoButton, [](S& s) { s.clockwise[kRight] ^= true; }},
+        {kCmdLeftClockwise, kNoButton, [](S& s) { s.clockwise[kLeft] ^= true; }},
+        {0, {440, 265}, [](S& s) { s.clockwise[kRight] = true; }},
+        {0, {330, 265}, [](S& s) { s.clockwise[kLeft] = true; }},
+        {0, {400, 265}, [](S& s) { s.clockwise[kRight] = false; }},
+        {0, {280, 265}, [](S& s) { s.clockwise[kLeft] = false; }},
+        {kCmdRightHard, {400, 220}, [](S& s) { s.difficulty[kRight] = 2; }},
+        {kCmdRightMedium, {400, 180}, [](S& s) { s.difficulty[kRight] = 1; }},
+        {kCmdRightEasy, {400, 150}, [](S& s) { s.difficulty[kRight] = 0; }},
+        {kCmdLeftHard, {280, 220}, [](S& s) { s.difficulty[kLeft] = 2; }},
+        {kCmdLeftMedium, {280, 180}, [](S& s) { s.difficulty[kLeft] = 1; }},
+        {kCmdLeftEasy, {280, 150}, [](S& s) { s.difficulty[kLeft] = 0; }},
+        {kCmdOnePlayer, {160, 150}, [](S& s) { s.players = 1; }},
     };
     Start();
     for (const bool byPress : {false, true}) {

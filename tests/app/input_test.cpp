@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -44,74 +45,57 @@ class InputTest : public ProgramFixture {
         if (theMenuScreen->IsKeyConfigView()) return "keys";
         return Text(110, 116, 7, 16) == "KORVANE" ? "credits" : "menu";
     }
+
+    void ExpectActsLater(POINT button, const std::string& picture, const char* leadsTo) {
+        SCOPED_TRACE(picture);
+        EXPECT_EQ(Seen(button.x, button.y), picture + " 0");
+        const std::string before = Shows();
+        ClickAt(button);
+        SendMessage(mainWindow, WM_TIMER, 4, 0);  // not the timer of the presses
+        Run(150);
+        EXPECT_EQ(Seen(button.x, button.y), picture + " 1");
+        EXPECT_EQ(Shows(), before);
+        Run(80);
+        EXPECT_EQ(Shows(), leadsTo);
+        Run(1000);
+        EXPECT_EQ(Shows(), leadsTo) << "done once";
+    }
 };
 
 TEST_F(InputTest, APressedButtonIsSeenForAWhileBeforeItActs) {
-    struct Case {
-        POINT button;
-        const char* picture;
-        const char* leadsTo;
-        std::vector<std::uint16_t> leave = {};  ///< commands to the next case's view
-    };
-    const POINT kCreditsBack{280, 445};
-    const POINT kKeysBack{190, 450};
-    const std::vector<std::uint16_t> kToScores = {kCmdGotoMenu, kCmdHighScores};
-    // Every button twice: by the second time its look must be the normal one again.
-    const Case kCases[] = {
-        {kKeysButton, "menu/confbutt", "keys"},
-        {kKeysBack, "menu/backbutt", "menu"},
-        {kKeysButton, "menu/confbutt", "keys"},
-        {kKeysBack, "menu/backbutt", "menu"},
-        {kAboutButton, "menu/aboutbutt", "credits"},
-        {kCreditsBack, "menu/backbutt", "menu"},
-        {kAboutButton, "menu/aboutbutt", "credits"},
-        {kCreditsBack, "menu/backbutt", "menu"},
-        {kStartButton, "menu/startbutt", "game", {kCmdGotoMenu}},
-        {kStartButton, "menu/startbutt", "game", kToScores},
-        {kPlayButton, "HighScore/playButt", "game", kToScores},
-        {kPlayButton, "HighScore/playButt", "game", kToScores},
-        {kMenuButton, "HighScore/menubutt", "menu", {kCmdHighScores}},
-        {kMenuButton, "HighScore/menubutt", "menu"},
-        {kQuitButton, "menu/quitbutt", "the end"},
-    };
     theSettings.players = 2;
     Start();
-    for (const Case& c : kCases) {
-        SCOPED_TRACE(testing::Message() << c.button.x << ", " << c.button.y);
-        EXPECT_EQ(Seen(c.button.x, c.button.y), std::string(c.picture) + " 0");
-        const std::string before = Shows();
-        ClickAt(c.button);
-        SendMessage(mainWindow, WM_TIMER, 4, 0);  // not the timer of the presses
-        Run(150);
-        EXPECT_EQ(Seen(c.button.x, c.button.y), std::string(c.picture) + " 1");
-        EXPECT_EQ(Shows(), before);
-        Run(80);
-        EXPECT_EQ(Shows(), c.leadsTo);
-        Run(1000);
-        EXPECT_EQ(Shows(), c.leadsTo) << "done once";
-        for (const std::uint16_t command : c.leave)
-            Command(command);
-        Frame();
+    // In the second round the look of each must be the normal one again.
+    for (int round = 0; round < 2; ++round) {
+        ExpectActsLater(kKeysButton, "menu/confbutt", "keys");
+        ExpectActsLater({190, 450}, "menu/backbutt", "menu");
+        ExpectActsLater(kAboutButton, "menu/aboutbutt", "credits");
+        ExpectActsLater({280, 445}, "menu/backbutt", "menu");
+        ExpectActsLater(kStartButton, "menu/startbutt", "game");
+        Command(kCmdGotoMenu);
+        ShowScores();
+        ExpectActsLater(kPlayButton, "HighScore/playButt", "game");
+        Command(kCmdGotoMenu);
+        ShowScores();
+        ExpectActsLater(kMenuButton, "HighScore/menubutt", "menu");
     }
+    ExpectActsLater(kQuitButton, "menu/quitbutt", "the end");
     EXPECT_EQ(currentDisplay, nullptr);
 }
 
 TEST_F(InputTest, ALaterPressTakesThePlaceOfOneThatWaits) {
-    struct Case {
-        const char* what;
-        POINT later;
-        const char* shows;
-    };
-    for (const Case& c : {Case{"nowhere", kNowhere, "menu"}, Case{"a switch", {280, 350}, "menu"},
-                          Case{"another delayed button", kAboutButton, "credits"},
-                          Case{"the same again", kStartButton, "game"}}) {
-        SCOPED_TRACE(c.what);
+    constexpr POINT kQuakesSwitch{280, 350};
+    for (const auto& [later, shows] : {std::pair{kNowhere, "menu"},
+                                       {kQuakesSwitch, "menu"},
+                                       {kAboutButton, "credits"},
+                                       {kStartButton, "game"}}) {
+        SCOPED_TRACE(shows);
         Start();
         ClickAt(kStartButton);
         Run(100);
-        ClickAt(c.later);
+        ClickAt(later);
         Run(2 * kPressedLookPassed);
-        EXPECT_EQ(Shows(), c.shows);
+        EXPECT_EQ(Shows(), shows);
     }
 }
 
@@ -167,42 +151,35 @@ TEST_F(InputTest, DuringAGamePressesDoNothing) {
 
 TEST_F(InputTest, PressesAreShiftedInFullScreen) {
     Start();
-    struct Case {
-        bool windowed;
-        int x, y;
-        int click;
-    };
     // In full screen 4 pixels are added to x and 23 to y; Start is hit from (157, 404) on.
-    for (const Case& c :
-         {Case{true, -1, -1, kMenuNothing}, Case{true, -32768, 32767, kMenuNothing},
-          Case{true, 32767, -32768, kMenuNothing}, Case{true, 640, 480, kMenuNothing},
-          Case{true, 160 - 65536 / 2, 410, kMenuNothing}, Case{false, 152 + 1, 380 + 1, kMenuStart},
-          Case{false, 152, 380 + 1, kMenuNothing}, Case{false, -3, -20, kMenuNothing}}) {
-        theSettings.windowed = c.windowed;
-        SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(c.x, c.y)));
-        EXPECT_EQ(pendingClick, c.click) << c.windowed << ", " << c.x << ", " << c.y;
+    for (const auto& [windowed, x, y, click] : {std::tuple{true, -1, -1, kMenuNothing},
+                                                {true, -32768, 32767, kMenuNothing},
+                                                {true, 32767, -32768, kMenuNothing},
+                                                {true, 640, 480, kMenuNothing},
+                                                {true, 160 - 65536 / 2, 410, kMenuNothing},
+                                                {false, 152 + 1, 380 + 1, kMenuStart},
+                                                {false, 152, 380 + 1, kMenuNothing},
+                                                {false, -3, -20, kMenuNothing}}) {
+        theSettings.windowed = windowed;
+        SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(x, y)));
+        EXPECT_EQ(pendingClick, click) << windowed << ", " << x << ", " << y;
     }
 }
 
 TEST_F(InputTest, APauseKeyPausesItsPlayerAndInBattleBoth) {
-    struct Case {
-        const char* what;
-        bool battle;
-        std::uint8_t leftKey, key;
-        bool right, left;  ///< paused afterwards
-    };
-    for (const Case& c :
-         {Case{"right", false, 'T', 'P', true, false}, Case{"left", false, 'T', 'T', false, true},
-          Case{"a key of both: the left player", false, 'P', 'P', false, true},
-          Case{"battle, right", true, 'T', 'P', true, true},
-          Case{"battle, left", true, 'T', 'T', true, true}}) {
-        theSettings.battle = c.battle;
+    for (const auto& [battle, leftKey, key, right, left] :
+         {std::tuple{false, 'T', 'P', true, false},
+          {false, 'T', 'T', false, true},
+          {false, 'P', 'P', false, true},  // a key of both is the left player's
+          {true, 'T', 'P', true, true},
+          {true, 'T', 'T', true, true}}) {
+        theSettings.battle = battle;
         Start();
-        keyBindings.Key(Action::Pause, Side::Left) = c.leftKey;
+        keyBindings.Key(Action::Pause, Side::Left) = static_cast<std::uint8_t>(leftKey);
         Command(kCmdNewGame);
-        Press(c.key);
-        EXPECT_EQ(rightPlayer->IsPaused(), c.right) << c.what;
-        EXPECT_EQ(leftPlayer->IsPaused(), c.left) << c.what;
+        Press(static_cast<std::uint8_t>(key));
+        EXPECT_EQ(rightPlayer->IsPaused(), right) << battle << leftKey << key;
+        EXPECT_EQ(leftPlayer->IsPaused(), left) << battle << leftKey << key;
     }
 }
 

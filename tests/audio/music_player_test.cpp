@@ -3,6 +3,7 @@
 #include <array>
 #include <filesystem>
 #include <functional>
+#include <tuple>
 
 #include "tests/audio/audio_fixture.h"
 #include "tests/support/xm_writer.h"
@@ -75,19 +76,11 @@ TEST_F(MusicPlayerTest, EveryScreenHasItsPosition) {
     const auto stop = [this] { music.Stop(); };
     const auto pause = [this] { music.Pause(); };
     const auto resume = [this] { music.Resume(); };
-    struct Step {
-        const char* what;
-        std::function<void()> act;
-        int heard;
-    };
-    const Step steps[] = {
+    const auto load = [this](bool loads) { return [=, this] { EXPECT_EQ(music.Load(), loads); }; };
+    WriteSkin("Mine", kMine, "mine.xm");
+    const std::tuple<const char*, std::function<void()>, int> steps[] = {
         {"a screen before the first load", show(MusicScreen::Game), -1},
-        {"load",
-         [this] {
-             WriteSkin("Mine", kMine, "mine.xm");
-             EXPECT_TRUE(music.Load());
-         },
-         -1},
+        {"load", load(true), -1},
         {"resumed before it plays", resume, -1},
         {"menu", play, 1},
         {"paused", pause, -1},
@@ -97,12 +90,8 @@ TEST_F(MusicPlayerTest, EveryScreenHasItsPosition) {
         {"no screen", show(static_cast<MusicScreen>(7)), 3},
         {"remembered alone", [this] { music.SetScreenQuiet(MusicScreen::Game); }, 3},
         {"played", play, 2},
-        {"paused, then stopped",
-         [&] {
-             pause();
-             stop();
-         },
-         -1},
+        {"paused for a while", pause, -1},
+        {"stopped while it pauses", stop, -1},
         {"resumed when stopped", resume, -1},
         {"from the position, not from where it stopped", play, 2},
         {"paused again", pause, -1},
@@ -113,12 +102,8 @@ TEST_F(MusicPlayerTest, EveryScreenHasItsPosition) {
         {"a screen while it is off", show(MusicScreen::HighScores), -1},
         {"on", turn(true), -1},
         {"played again", play, 3},
-        {"another skin without a module",
-         [this] {
-             theSettings.skinName = "Other";
-             EXPECT_FALSE(music.Load());
-         },
-         -1},
+        {"another skin", [] { theSettings.skinName = "Other"; }, 3},
+        {"which has no module", load(false), -1},
         {"played without a module", play, -1},
     };
     for (const auto& [what, act, heard] : steps) {
