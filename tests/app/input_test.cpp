@@ -65,17 +65,24 @@ class InputTest : public ProgramFixture {
 TEST_F(InputTest, APressedButtonIsSeenForAWhileBeforeItActs) {
     theSettings.players = 2;
     Start();
-    // In the second round the look of each must be the normal one again.
+    // Each twice in a row: by the second time its look must be the normal one again.
     for (int round = 0; round < 2; ++round) {
         ExpectActsLater(kKeysButton, "menu/confbutt", "keys");
         ExpectActsLater({190, 450}, "menu/backbutt", "menu");
         ExpectActsLater(kAboutButton, "menu/aboutbutt", "credits");
         ExpectActsLater({280, 445}, "menu/backbutt", "menu");
+    }
+    for (int round = 0; round < 2; ++round) {
         ExpectActsLater(kStartButton, "menu/startbutt", "game");
         Command(kCmdGotoMenu);
+        Frame();
+    }
+    for (int round = 0; round < 2; ++round) {
         ShowScores();
         ExpectActsLater(kPlayButton, "HighScore/playButt", "game");
         Command(kCmdGotoMenu);
+    }
+    for (int round = 0; round < 2; ++round) {
         ShowScores();
         ExpectActsLater(kMenuButton, "HighScore/menubutt", "menu");
     }
@@ -110,31 +117,26 @@ TEST_F(InputTest, NoMatchStartsForAnyOtherNumberOfPlayers) {
 }
 
 TEST_F(InputTest, WinsLastUntilAMatchBeginsOrTheirPlayerIsReset) {
-    struct Case {
-        const char* what;
-        std::uint8_t players;
-        std::uint16_t first, second;  ///< commands
-        POINT press;
-        int rightWins, leftWins;
-    };
-    for (const Case& c : {Case{"Start", 2, 0, 0, kStartButton, 0, 0},
-                          {"Start for one", 1, 0, 0, kStartButton, 1, 1},
-                          {"Play again", 2, kCmdHighScores, 0, kPlayButton, 0, 0},
-                          {"to the menu after one", 1, kCmdHighScores, 0, kMenuButton, 0, 1},
-                          {"to the menu after two", 2, kCmdHighScores, 0, kMenuButton, 1, 0},
-                          {"New Game", 2, kCmdNewGame, 0, kNowhere, 1, 1},
-                          {"Goto menu", 2, kCmdNewGame, kCmdGotoMenu, kNowhere, 0, 0}}) {
-        theSettings.players = c.players;
+    // The number of players and two commands come before the press, the wins of both after it.
+    for (const auto& [what, players, first, second, press, rightWins, leftWins] :
+         {std::tuple{"Start", 2, 0, 0, kStartButton, 0, 0},
+          {"Start for one", 1, 0, 0, kStartButton, 1, 1},
+          {"Play again", 2, kCmdHighScores, 0, kPlayButton, 0, 0},
+          {"to the menu after one", 1, kCmdHighScores, 0, kMenuButton, 0, 1},
+          {"to the menu after two", 2, kCmdHighScores, 0, kMenuButton, 1, 0},
+          {"New Game", 2, kCmdNewGame, 0, kNowhere, 1, 1},
+          {"Goto menu", 2, kCmdNewGame, kCmdGotoMenu, kNowhere, 0, 0}}) {
+        theSettings.players = static_cast<std::uint8_t>(players);
         Start();
         rightPlayer->DeclareWinner();
         leftPlayer->DeclareWinner();
-        for (const std::uint16_t command : {c.first, c.second})
-            Command(command);
+        for (const int command : {first, second})
+            Command(static_cast<std::uint16_t>(command));
         Frame();
-        ClickAt(c.press);
+        ClickAt(press);
         Run(kPressedLookPassed);
-        EXPECT_EQ(rightPlayer->Wins(), c.rightWins) << c.what;
-        EXPECT_EQ(leftPlayer->Wins(), c.leftWins) << c.what;
+        EXPECT_EQ(rightPlayer->Wins(), rightWins) << what;
+        EXPECT_EQ(leftPlayer->Wins(), leftWins) << what;
     }
 }
 
