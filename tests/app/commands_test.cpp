@@ -30,12 +30,8 @@ TEST_F(CommandTest, CommandsAndPressesChangeTheirSettingAlone) {
     constexpr std::size_t kRight = IndexOf(Side::Right);
     constexpr std::size_t kLeft = IndexOf(Side::Left);
     constexpr POINT kNoButton{};
-    struct Case {
-        std::uint16_t command;  ///< 0: the window menu has none
-        POINT press;
-        std::function<void(SettingsValues&)> change;
-    };
-    const Case kCases[] = {
+    // Without a command (0) or a button.
+    const std::tuple<std::uint16_t, POINT, std::function<void(S&)>> kCases[] = {
         {kCmdTwoPlayers, {160, 190}, [](S& s) { s.players = 2; }},
         {kCmdQuakes, {280, 350}, [](S& s) { s.quakes ^= true; }},
         {kCmdBattle, {410, 350}, [](S& s) { s.battle ^= true; }},
@@ -59,14 +55,14 @@ TEST_F(CommandTest, CommandsAndPressesChangeTheirSettingAlone) {
     };
     Start();
     for (const bool byPress : {false, true}) {
-        for (const Case& c : kCases) {
-            if (byPress ? c.press == kNoButton : c.command == 0) continue;
+        for (const auto& [command, press, change] : kCases) {
+            if (byPress ? press == kNoButton : command == 0) continue;
             for (int times = 0; times < 2; ++times) {
                 SettingsValues want = theSettings;
-                c.change(want);
-                byPress ? Click(c.press.x, c.press.y) : Command(c.command);
+                change(want);
+                byPress ? Click(press.x, press.y) : Command(command);
                 EXPECT_EQ(static_cast<const SettingsValues&>(theSettings), want)
-                    << c.command << ": " << c.press.x << ", " << c.press.y;
+                    << command << ": " << press.x << ", " << press.y;
             }
         }
     }
@@ -74,30 +70,28 @@ TEST_F(CommandTest, CommandsAndPressesChangeTheirSettingAlone) {
 
 TEST_F(CommandTest, AcceleratorKeysGiveTheirCommandsUnlessTheseAreGreyed) {
     constexpr std::uint8_t kBoth = kModControl | kModShift;
-    struct Case {
-        std::uint16_t first;  ///< a command from the menu; 0: none
-        std::uint8_t key, modifiers;
-        const char* shows;
+    // First a command from the menu, 0 for none.
+    const std::tuple<std::uint16_t, std::uint8_t, std::uint8_t, const char*> kCases[] = {
+        {0, VK_F3, 0, "game right left"},
+        {0, VK_F2, 0, "menu"},  // greyed
+        {0, 'H', kBoth, "scores"},
+        {0, 'H', kModControl, "menu"},
+        {kCmdHighScores, 'H', kBoth, "scores"},
+        {kCmdHighScores, VK_F12, 0, "menu"},
+        {kCmdHighScores, VK_F3, 0, "game right left"},
+        {kCmdRightRestart, VK_F1, 0, "game right left"},
+        {kCmdLeftRestart, VK_F2, 0, "game right left"},
+        {kCmdNewGame, VK_ESCAPE, 0, "menu"},
+        {kCmdNewGame, VK_F12, 0, "menu"},
+        {kCmdNewGame, VK_F12, kModShift, "game right left"},
+        {kCmdNewGame, 'H', kBoth, "game right left"},
     };
     Start();
-    for (const Case& c : {Case{0, VK_F3, 0, "game right left"},
-                          {0, VK_F2, 0, "menu"},  // greyed
-                          {0, 'H', kBoth, "scores"},
-                          {0, 'H', kModControl, "menu"},
-                          {kCmdHighScores, 'H', kBoth, "scores"},
-                          {kCmdHighScores, VK_F12, 0, "menu"},
-                          {kCmdHighScores, VK_F3, 0, "game right left"},
-                          {kCmdRightRestart, VK_F1, 0, "game right left"},
-                          {kCmdLeftRestart, VK_F2, 0, "game right left"},
-                          {kCmdNewGame, VK_ESCAPE, 0, "menu"},
-                          {kCmdNewGame, VK_F12, 0, "menu"},
-                          {kCmdNewGame, VK_F12, kModShift, "game right left"},
-                          {kCmdNewGame, 'H', kBoth, "game right left"}}) {
-        SCOPED_TRACE(testing::Message() << c.first << " " << int{c.key});
+    for (const auto& [first, key, modifiers, shows] : kCases) {
         Command(kCmdGotoMenu);
-        if (c.first != 0) Command(c.first);
-        Press(c.key, c.modifiers);
-        EXPECT_EQ(Shows(), c.shows);
+        if (first != 0) Command(first);
+        Press(key, modifiers);
+        EXPECT_EQ(Shows(), shows) << first << " " << int{key};
     }
     Press('G', kBoth);
     EXPECT_TRUE(showFps);

@@ -7,7 +7,6 @@
 #include "game/frame/game_frame.h"
 #include "game/rules/key_bindings.h"
 #include "game/rules/level_table.h"
-#include "platform/base/virtual_keys.h"
 #include "platform/headless/headless_host.h"
 #include "platform/window/desktop.h"
 #include "platform/window/user.h"

@@ -4,7 +4,6 @@
 #include "app/state/settings.h"
 #include "platform/headless/headless_host.h"
 #include "screens/high_score_screen.h"
-#include "screens/menu_screen.h"
 #include "tests/support/golden.h"
 #include "tests/support/program_fixture.h"
 

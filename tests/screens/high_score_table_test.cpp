@@ -38,11 +38,6 @@ class HighScoreTableTest : public testing::Test {
         folder_.Write("data/other", {});
     }
 
-    HighScoreTable Load(const Bytes& bytes) const {
-        folder_.Write(kFile, bytes);
-        return HighScoreTable();
-    }
-
     Bytes Saved(const HighScoreTable& table) const {
         table.Save();
         return folder_.Read(kFile);
@@ -93,7 +88,8 @@ TEST_F(HighScoreTableTest, TheFileHoldsTenRecordsOfTwentySixBytes) {
                      -5 - row, 0x7A000000 - row);
     }
     EXPECT_EQ(Saved(HighScoreTable()), usual);
-    const HighScoreTable table = Load(unusual);
+    folder_.Write(kFile, unusual);
+    const HighScoreTable table;
     EXPECT_EQ(table.Row(1).Name(), "NAME B");
     EXPECT_EQ(table.Row(1).lines, 0x01020305);
     EXPECT_EQ(table.Row(1).level, -6);

@@ -9,7 +9,6 @@
 
 #include "tests/skin_tool/skin_tool_fixture.h"
 #include "tests/support/wav_writer.h"
-#include "tools/korvane-skin/colour.h"
 #include "tools/korvane-skin/text_places.h"
 
 namespace korvane {

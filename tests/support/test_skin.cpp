@@ -4,7 +4,6 @@
 #include <functional>
 #include <sstream>
 #include <tuple>
-#include <vector>
 
 #include "platform/base/types.h"
 #include "tests/support/bmp_writer.h"
