@@ -14,16 +14,7 @@
 namespace korvane {
 namespace {
 
-class CommandTest : public ProgramFixture {
-  protected:
-    /// The screen that shows, a game with the players who play: "game right left".
-    static std::string Shows() {
-        if (menuShowing) return highScoresShowing ? "menu and scores" : "menu";
-        if (highScoresShowing) return "scores";
-        return std::string("game") + (rightPlayer->IsRunning() ? " right" : "") +
-               (leftPlayer->IsRunning() ? " left" : "");
-    }
-};
+using CommandTest = ProgramFixture;
 
 TEST_F(CommandTest, CommandsAndPressesChangeTheirSettingAlone) {
     using S = SettingsValues;

@@ -48,10 +48,8 @@ class RandomInputTest : public ProgramFixture {
     }
 
     void SendCommand() {
-        constexpr int kExit = 1001;
-        constexpr int kFullScreen = 1002;
         const int id = Below(40) == 0 ? 1000 + Below(3) : 40001 + Below(27);
-        if (id == kExit || (id == kFullScreen && Below(10) != 0)) return;
+        if (id == kCmdExit || (id == kCmdToggleFullScreen && Below(10) != 0)) return;
         CallOffQuit();
         Command(static_cast<std::uint16_t>(id));
     }

@@ -30,13 +30,6 @@ class StartUpTest : public ProgramFixture {
         WriteTestSkin(folder, "Original");
     }
 
-    static std::optional<int> Passes(int count) {
-        std::optional<int> exitCode;
-        for (int i = 0; i < count && !exitCode; ++i)
-            exitCode = RunLoopPass();
-        return exitCode;
-    }
-
     /// Plays a two-player game for three seconds and ends the program from outside.
     void PlayAndEnd() {
         theSettings.scrollingPieces = true;

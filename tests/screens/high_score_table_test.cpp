@@ -1,15 +1,12 @@
 #include "screens/high_score_table.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "platform/headless/headless_host.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/program_fixture.h"
 
 namespace korvane {
 namespace {
@@ -30,21 +27,7 @@ void AppendRecord(Bytes& file, std::string name, std::int32_t lines, std::int32_
             file.push_back(static_cast<std::byte>(static_cast<std::uint32_t>(value) >> shift));
 }
 
-class HighScoreTableTest : public testing::Test {
-  protected:
-    void SetUp() override {
-        Headless().Reset();
-        Headless().UseFolder(folder_.Path());
-        folder_.Write("data/other", {});
-    }
-
-    Bytes Saved(const HighScoreTable& table) const {
-        table.Save();
-        return folder_.Read(kFile);
-    }
-
-    TemporaryFolder folder_;
-};
+using HighScoreTableTest = ProgramFixture;
 
 TEST_F(HighScoreTableTest, AScoreGoesAboveThoseThatItEquals) {
     HighScoreTable table;
@@ -87,14 +70,17 @@ TEST_F(HighScoreTableTest, TheFileHoldsTenRecordsOfTwentySixBytes) {
         AppendRecord(unusual, std::string("NAME ") + static_cast<char>('A' + row), 0x01020304 + row,
                      -5 - row, 0x7A000000 - row);
     }
-    EXPECT_EQ(Saved(HighScoreTable()), usual);
-    folder_.Write(kFile, unusual);
+    HighScoreTable().Save();
+    EXPECT_EQ(folder.Read(kFile), usual);
+    folder.Write(kFile, unusual);
     const HighScoreTable table;
     EXPECT_EQ(table.Row(1).Name(), "NAME B");
     EXPECT_EQ(table.Row(1).lines, 0x01020305);
     EXPECT_EQ(table.Row(1).level, -6);
     EXPECT_EQ(table.Row(1).score, 0x79FFFFFF);
-    EXPECT_EQ(Saved(table), unusual);
+    folder.Write(kFile, {});
+    table.Save();
+    EXPECT_EQ(folder.Read(kFile), unusual);
 }
 
 }  // namespace

@@ -108,10 +108,7 @@ TEST_F(DialogsTest, AnEndFromOutsideInADialogOrItsBoxWritesTheFiles) {
         if (!first) Command(kCmdAbout);
         EXPECT_TRUE(script.WentAsWritten());
         EXPECT_EQ(Headless().IsVisible(), !first) << "an unanswered first dialog shows no window";
-        std::optional<int> exitCode;
-        for (int pass = 0; pass < 10 && !exitCode; ++pass)
-            exitCode = RunLoopPass();
-        EXPECT_EQ(exitCode, 0);
+        EXPECT_EQ(Passes(10), 0);
         EXPECT_EQ(theSettings.showAdvancedAtStart, asksAgain);
         EXPECT_EQ(folder.Read("data/hs.dat").size(), 260u);
         EXPECT_EQ(folder.Read("data/keys.dat").size(), 10u);
