@@ -9,7 +9,6 @@
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
 #include "game/frame/game_frame.h"
-#include "platform/base/virtual_keys.h"
 #include "platform/headless/headless_host.h"
 #include "res/commands.h"
 #include "screens/skin_reload.h"
@@ -27,20 +26,6 @@ constexpr int kHighScoreOrder = 54 % 12;
 
 using Lines = std::vector<std::string>;
 using SoundTest = ProgramFixture;
-
-TEST_F(SoundTest, WithoutADeviceOneBoxIsShownAndTheGameIsSilent) {
-    Headless().RefuseSound(true);
-    const Lines shown = {"Can't initialize digital sound system\n(error code: 3)"};
-    const BoxAnswerer boxes(shown);
-    Start();
-    EXPECT_FALSE(audioReady);
-    Press(VK_F3);
-    Run(2000);
-    EXPECT_TRUE(rightPlayer->IsRunning());
-    Command(kCmdMusic);
-    End();
-    EXPECT_EQ(boxes.Read(), shown);
-}
 
 TEST_F(SoundTest, EveryMissingFileIsShownInTheOrderOfLoading) {
     std::filesystem::remove_all(folder.Path() + "/Skins/Original/Audio");

@@ -29,11 +29,6 @@ Bytes BytesOf(std::string_view text) {
 /// The signs are the codes of the arrow keys: up, down, left, right.
 constexpr const char* kDefaultFile = "&(%'PWSADT";
 
-/// A pixel inside a slot's button that no glyph covers.
-POINT SlotAt(Action action, Side side) {
-    return {side == Side::Right ? 335 + 5 : 165 + 5, 105 + 66 * static_cast<int>(action) + 5};
-}
-
 class KeyConfigTest : public ProgramFixture {
   protected:
     void OpenKeyConfig() {
@@ -42,8 +37,8 @@ class KeyConfigTest : public ProgramFixture {
     }
 
     static MenuAction Arm(Action action, Side side) {
-        const POINT slot = SlotAt(action, side);
-        return theMenuScreen->Click(slot.x, slot.y);
+        return theMenuScreen->Click(side == Side::Right ? 335 + 5 : 165 + 5,
+                                    105 + 66 * static_cast<int>(action) + 5);
     }
 
     static bool BackIsEnabled() { return theMenuScreen->IsEnabled(MenuButton::KeyConfigBack); }

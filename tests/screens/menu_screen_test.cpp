@@ -42,10 +42,20 @@ TEST_F(MenuScreenTest, LeftColumnAndBattleAreDisabledForOnePlayer) {
     }
 }
 
-TEST_F(MenuScreenTest, MusicAndSoundEffectsAreDisabledWithoutAudio) {
+TEST_F(MenuScreenTest, WithoutAudioOneBoxIsShownAndMusicAndSoundEffectsAreDisabled) {
     Headless().RefuseSound(true);
-    const BoxAnswerer boxes({"Can't initialize digital sound system\n(error code: 3)"});
+    const std::vector<std::string> shown = {
+        "Can't initialize digital sound system\n(error code: 3)"};
+    const BoxAnswerer boxes(shown);
     Start();
+    EXPECT_FALSE(audioReady);
+    Press(VK_F3);
+    Run(2000);
+    EXPECT_EQ(Shows(), "game right left");
+    for (const std::uint16_t command : {kCmdMusic, kCmdMusic, kCmdGotoMenu})
+        Command(command);
+    EXPECT_EQ(boxes.Read(), shown);
+    Frame();
     EXPECT_EQ(theMenuScreen->Click(160, 270), kMenuNothing);
     EXPECT_EQ(theMenuScreen->Click(160, 310), kMenuNothing);
     EXPECT_EQ(Seen(160, 270), "menu/musicbutt2 1") << "selected, and disabled";
