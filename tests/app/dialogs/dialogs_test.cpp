@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -33,10 +34,10 @@ class DialogsTest : public ProgramFixture {
         Headless().SetDisplayModes({{640, 480, 32, 60}, {640, 480, 16, 60}, {800, 600, 16, 60}});
     }
 
-    /// Opens the dialog of a command and goes through the acts in it.
-    void Use(std::uint16_t command, Acts acts) {
+    /// Goes through the acts in what comes up: at the start, or for a command.
+    void Use(std::optional<std::uint16_t> command, Acts acts) {
         const DialogScript script(std::move(acts));
-        Command(command);
+        command ? Command(*command) : Start();
         EXPECT_TRUE(script.WentAsWritten());
         EXPECT_EQ(ShownDialog(), nullptr);
     }
@@ -85,11 +86,7 @@ TEST_F(DialogsTest, TheFirstStartShowsTheAdvancedSettingsBeforeTheWindow) {
         EXPECT_NEAR(area.top - work.top, work.bottom - area.bottom, 1);
         Cancel();
     };
-    {
-        const DialogScript script({isAloneAndCentred, ClickOn(IDCANCEL), Ok});
-        Start();
-        EXPECT_TRUE(script.WentAsWritten());
-    }
+    Use(std::nullopt, {isAloneAndCentred, ClickOn(IDCANCEL), Ok});
     EXPECT_FALSE(theSettings.showAdvancedAtStart);
     EXPECT_EQ(Headless().Title(), "Korvane");
     EXPECT_EQ(Headless().PictureSize(), (SIZE{640, 499}));
