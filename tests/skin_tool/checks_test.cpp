@@ -204,7 +204,7 @@ std::string HardToRead() {
     const Report report = CheckSkin();
     std::string kinds;
     for (const auto& [severity, file, text] : report.Findings()) {
-        const auto isOf = [&text](const char* count) {
+        const auto isOf = [&text = text](const char* count) {
             return text.find(Text("of ", count, " characters are hard")) != text.npos;
         };
         kinds += isOf("26") ? "letters " : isOf("10") ? "digits " : isOf("7") ? "signs " : "more ";
