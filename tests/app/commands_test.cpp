@@ -1,4 +1,3 @@
-#include <array>
 #include <functional>
 #include <string>
 #include <tuple>
@@ -15,74 +14,46 @@
 namespace korvane {
 namespace {
 
-class CommandTest : public ProgramFixture {
-  protected:
-    /// The screen that shows, a game with the players who play: "game right left".
-    static std::string Shows() {
-        if (menuShowing) return highScoresShowing ? "menu and scores" : "menu";
-        if (highScoresShowing) return "scores";
-        return std::string("game") + (rightPlayer->IsRunning() ? " right" : "") +
-               (leftPlayer->IsRunning() ? " left" : "");
-    }
-};
-
-template <typename Field>
-std::function<void(SettingsValues&)> Set(Field SettingsValues::*field, Field value) {
-    return [=](SettingsValues& values) { values.*field = value; };
-}
-std::function<void(SettingsValues&)> Flip(bool SettingsValues::*field) {
-    return [=](SettingsValues& values) { values.*field ^= true; };
-}
-template <typename Field>
-std::function<void(SettingsValues&)> SetOf(Side side, std::array<Field, 2> SettingsValues::*field,
-                                           Field value) {
-    return [=](SettingsValues& values) { (values.*field)[IndexOf(side)] = value; };
-}
-std::function<void(SettingsValues&)> FlipOf(Side side, std::array<bool, 2> SettingsValues::*field) {
-    return [=](SettingsValues& values) { (values.*field)[IndexOf(side)] ^= true; };
-}
+using CommandTest = ProgramFixture;
 
 TEST_F(CommandTest, CommandsAndPressesChangeTheirSettingAlone) {
-    using enum Side;
     using S = SettingsValues;
+    constexpr std::size_t kRight = IndexOf(Side::Right);
+    constexpr std::size_t kLeft = IndexOf(Side::Left);
     constexpr POINT kNoButton{};
-    struct Case {
-        std::uint16_t command;  ///< 0: the window menu has none
-        POINT press;
-        std::function<void(SettingsValues&)> change;
-    };
-    const Case kCases[] = {
-        {kCmdTwoPlayers, {160, 190}, Set(&S::players, std::uint8_t{2})},
-        {kCmdQuakes, {280, 350}, Flip(&S::quakes)},
-        {kCmdBattle, {410, 350}, Flip(&S::battle)},
-        {kCmdMusic, {160, 270}, Flip(&S::music)},
-        {kCmdSoundEffects, {160, 310}, Flip(&S::soundEffects)},
-        {kCmdRightTimeBased, {400, 300}, FlipOf(Right, &S::timeBased)},
-        {kCmdLeftTimeBased, {280, 300}, FlipOf(Left, &S::timeBased)},
-        {kCmdRightClockwise, kNoButton, FlipOf(Right, &S::clockwise)},
-        {kCmdLeftClockwise, kNoButton, FlipOf(Left, &S::clockwise)},
-        {0, {440, 265}, SetOf(Right, &S::clockwise, true)},
-        {0, {330, 265}, SetOf(Left, &S::clockwise, true)},
-        {0, {400, 265}, SetOf(Right, &S::clockwise, false)},
-        {0, {280, 265}, SetOf(Left, &S::clockwise, false)},
-        {kCmdRightHard, {400, 220}, SetOf(Right, &S::difficulty, 2)},
-        {kCmdRightMedium, {400, 180}, SetOf(Right, &S::difficulty, 1)},
-        {kCmdRightEasy, {400, 150}, SetOf(Right, &S::difficulty, 0)},
-        {kCmdLeftHard, {280, 220}, SetOf(Left, &S::difficulty, 2)},
-        {kCmdLeftMedium, {280, 180}, SetOf(Left, &S::difficulty, 1)},
-        {kCmdLeftEasy, {280, 150}, SetOf(Left, &S::difficulty, 0)},
-        {kCmdOnePlayer, {160, 150}, Set(&S::players, std::uint8_t{1})},
+    // Without a command (0) or a button.
+    const std::tuple<std::uint16_t, POINT, std::function<void(S&)>> kCases[] = {
+        {kCmdTwoPlayers, {160, 190}, [](S& s) { s.players = 2; }},
+        {kCmdQuakes, {280, 350}, [](S& s) { s.quakes ^= true; }},
+        {kCmdBattle, {410, 350}, [](S& s) { s.battle ^= true; }},
+        {kCmdMusic, {160, 270}, [](S& s) { s.music ^= true; }},
+        {kCmdSoundEffects, {160, 310}, [](S& s) { s.soundEffects ^= true; }},
+        {kCmdRightTimeBased, {400, 300}, [](S& s) { s.timeBased[kRight] ^= true; }},
+        {kCmdLeftTimeBased, {280, 300}, [](S& s) { s.timeBased[kLeft] ^= true; }},
+        {kCmdRightClockwise, kNoButton, [](S& s) { s.clockwise[kRight] ^= true; }},
+        {kCmdLeftClockwise, kNoButton, [](S& s) { s.clockwise[kLeft] ^= true; }},
+        {0, {440, 265}, [](S& s) { s.clockwise[kRight] = true; }},
+        {0, {330, 265}, [](S& s) { s.clockwise[kLeft] = true; }},
+        {0, {400, 265}, [](S& s) { s.clockwise[kRight] = false; }},
+        {0, {280, 265}, [](S& s) { s.clockwise[kLeft] = false; }},
+        {kCmdRightHard, {400, 220}, [](S& s) { s.difficulty[kRight] = 2; }},
+        {kCmdRightMedium, {400, 180}, [](S& s) { s.difficulty[kRight] = 1; }},
+        {kCmdRightEasy, {400, 150}, [](S& s) { s.difficulty[kRight] = 0; }},
+        {kCmdLeftHard, {280, 220}, [](S& s) { s.difficulty[kLeft] = 2; }},
+        {kCmdLeftMedium, {280, 180}, [](S& s) { s.difficulty[kLeft] = 1; }},
+        {kCmdLeftEasy, {280, 150}, [](S& s) { s.difficulty[kLeft] = 0; }},
+        {kCmdOnePlayer, {160, 150}, [](S& s) { s.players = 1; }},
     };
     Start();
     for (const bool byPress : {false, true}) {
-        for (const Case& c : kCases) {
-            if (byPress ? c.press == kNoButton : c.command == 0) continue;
+        for (const auto& [command, press, change] : kCases) {
+            if (byPress ? press == kNoButton : command == 0) continue;
             for (int times = 0; times < 2; ++times) {
                 SettingsValues want = theSettings;
-                c.change(want);
-                byPress ? Click(c.press.x, c.press.y) : Command(c.command);
+                change(want);
+                byPress ? Click(press.x, press.y) : Command(command);
                 EXPECT_EQ(static_cast<const SettingsValues&>(theSettings), want)
-                    << c.command << ": " << c.press.x << ", " << c.press.y;
+                    << command << ": " << press.x << ", " << press.y;
             }
         }
     }
@@ -90,30 +61,28 @@ TEST_F(CommandTest, CommandsAndPressesChangeTheirSettingAlone) {
 
 TEST_F(CommandTest, AcceleratorKeysGiveTheirCommandsUnlessTheseAreGreyed) {
     constexpr std::uint8_t kBoth = kModControl | kModShift;
-    struct Case {
-        std::uint16_t first;  ///< a command from the menu; 0: none
-        std::uint8_t key, modifiers;
-        const char* shows;
+    // First a command from the menu, 0 for none.
+    const std::tuple<std::uint16_t, std::uint8_t, std::uint8_t, const char*> kCases[] = {
+        {0, VK_F3, 0, "game right left"},
+        {0, VK_F2, 0, "menu"},  // greyed
+        {0, 'H', kBoth, "scores"},
+        {0, 'H', kModControl, "menu"},
+        {kCmdHighScores, 'H', kBoth, "scores"},
+        {kCmdHighScores, VK_F12, 0, "menu"},
+        {kCmdHighScores, VK_F3, 0, "game right left"},
+        {kCmdRightRestart, VK_F1, 0, "game right left"},
+        {kCmdLeftRestart, VK_F2, 0, "game right left"},
+        {kCmdNewGame, VK_ESCAPE, 0, "menu"},
+        {kCmdNewGame, VK_F12, 0, "menu"},
+        {kCmdNewGame, VK_F12, kModShift, "game right left"},
+        {kCmdNewGame, 'H', kBoth, "game right left"},
     };
     Start();
-    for (const Case& c : {Case{0, VK_F3, 0, "game right left"},
-                          {0, VK_F2, 0, "menu"},  // greyed
-                          {0, 'H', kBoth, "scores"},
-                          {0, 'H', kModControl, "menu"},
-                          {kCmdHighScores, 'H', kBoth, "scores"},
-                          {kCmdHighScores, VK_F12, 0, "menu"},
-                          {kCmdHighScores, VK_F3, 0, "game right left"},
-                          {kCmdRightRestart, VK_F1, 0, "game right left"},
-                          {kCmdLeftRestart, VK_F2, 0, "game right left"},
-                          {kCmdNewGame, VK_ESCAPE, 0, "menu"},
-                          {kCmdNewGame, VK_F12, 0, "menu"},
-                          {kCmdNewGame, VK_F12, kModShift, "game right left"},
-                          {kCmdNewGame, 'H', kBoth, "game right left"}}) {
-        SCOPED_TRACE(testing::Message() << c.first << " " << int{c.key});
+    for (const auto& [first, key, modifiers, shows] : kCases) {
         Command(kCmdGotoMenu);
-        if (c.first != 0) Command(c.first);
-        Press(c.key, c.modifiers);
-        EXPECT_EQ(Shows(), c.shows);
+        if (first != 0) Command(first);
+        Press(key, modifiers);
+        EXPECT_EQ(Shows(), shows) << first << " " << int{key};
     }
     Press('G', kBoth);
     EXPECT_TRUE(showFps);

@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -37,81 +38,63 @@ class InputTest : public ProgramFixture {
         Frame();
     }
 
-    std::string Shows() const {
-        if (!IsRunning()) return "the end";
-        if (highScoresShowing) return "scores";
-        if (!menuShowing) return "game";
-        if (theMenuScreen->IsKeyConfigView()) return "keys";
-        return Text(110, 116, 7, 16) == "KORVANE" ? "credits" : "menu";
+    void ExpectActsLater(POINT button, const std::string& picture, const char* leadsTo) {
+        SCOPED_TRACE(picture);
+        EXPECT_EQ(Seen(button.x, button.y), picture + " 0");
+        const std::string before = Shows();
+        ClickAt(button);
+        SendMessage(mainWindow, WM_TIMER, 4, 0);  // not the timer of the presses
+        Run(150);
+        EXPECT_EQ(Seen(button.x, button.y), picture + " 1");
+        EXPECT_EQ(Shows(), before);
+        Run(80);
+        EXPECT_EQ(Shows(), leadsTo);
+        Run(1000);
+        EXPECT_EQ(Shows(), leadsTo) << "done once";
     }
 };
 
 TEST_F(InputTest, APressedButtonIsSeenForAWhileBeforeItActs) {
-    struct Case {
-        POINT button;
-        const char* picture;
-        const char* leadsTo;
-        std::vector<std::uint16_t> leave = {};  ///< commands to the next case's view
-    };
-    const POINT kCreditsBack{280, 445};
-    const POINT kKeysBack{190, 450};
-    const std::vector<std::uint16_t> kToScores = {kCmdGotoMenu, kCmdHighScores};
-    // Every button twice: by the second time its look must be the normal one again.
-    const Case kCases[] = {
-        {kKeysButton, "menu/confbutt", "keys"},
-        {kKeysBack, "menu/backbutt", "menu"},
-        {kKeysButton, "menu/confbutt", "keys"},
-        {kKeysBack, "menu/backbutt", "menu"},
-        {kAboutButton, "menu/aboutbutt", "credits"},
-        {kCreditsBack, "menu/backbutt", "menu"},
-        {kAboutButton, "menu/aboutbutt", "credits"},
-        {kCreditsBack, "menu/backbutt", "menu"},
-        {kStartButton, "menu/startbutt", "game", {kCmdGotoMenu}},
-        {kStartButton, "menu/startbutt", "game", kToScores},
-        {kPlayButton, "HighScore/playButt", "game", kToScores},
-        {kPlayButton, "HighScore/playButt", "game", kToScores},
-        {kMenuButton, "HighScore/menubutt", "menu", {kCmdHighScores}},
-        {kMenuButton, "HighScore/menubutt", "menu"},
-        {kQuitButton, "menu/quitbutt", "the end"},
-    };
     theSettings.players = 2;
     Start();
-    for (const Case& c : kCases) {
-        SCOPED_TRACE(testing::Message() << c.button.x << ", " << c.button.y);
-        EXPECT_EQ(Seen(c.button.x, c.button.y), std::string(c.picture) + " 0");
-        const std::string before = Shows();
-        ClickAt(c.button);
-        SendMessage(mainWindow, WM_TIMER, 4, 0);  // not the timer of the presses
-        Run(150);
-        EXPECT_EQ(Seen(c.button.x, c.button.y), std::string(c.picture) + " 1");
-        EXPECT_EQ(Shows(), before);
-        Run(80);
-        EXPECT_EQ(Shows(), c.leadsTo);
-        Run(1000);
-        EXPECT_EQ(Shows(), c.leadsTo) << "done once";
-        for (const std::uint16_t command : c.leave)
-            Command(command);
+    // Each twice in a row: by the second time its look must be the normal one again.
+    for (int round = 0; round < 2; ++round) {
+        ExpectActsLater(kKeysButton, "menu/confbutt", "keys");
+        ExpectActsLater({190, 450}, "menu/backbutt", "menu");
+        ExpectActsLater(kAboutButton, "menu/aboutbutt", "credits");
+        ExpectActsLater({280, 445}, "menu/backbutt", "menu");
+    }
+    for (int round = 0; round < 2; ++round) {
+        ExpectActsLater(kStartButton, "menu/startbutt", "game right left");
+        Command(kCmdGotoMenu);
         Frame();
     }
+    for (int round = 0; round < 2; ++round) {
+        ShowScores();
+        ExpectActsLater(kPlayButton, "HighScore/playButt", "game right left");
+        Command(kCmdGotoMenu);
+    }
+    for (int round = 0; round < 2; ++round) {
+        ShowScores();
+        ExpectActsLater(kMenuButton, "HighScore/menubutt", "menu");
+    }
+    ExpectActsLater(kQuitButton, "menu/quitbutt", "the end");
     EXPECT_EQ(currentDisplay, nullptr);
 }
 
 TEST_F(InputTest, ALaterPressTakesThePlaceOfOneThatWaits) {
-    struct Case {
-        const char* what;
-        POINT later;
-        const char* shows;
-    };
-    for (const Case& c : {Case{"nowhere", kNowhere, "menu"}, Case{"a switch", {280, 350}, "menu"},
-                          Case{"another delayed button", kAboutButton, "credits"},
-                          Case{"the same again", kStartButton, "game"}}) {
-        SCOPED_TRACE(c.what);
+    constexpr POINT kQuakesSwitch{280, 350};
+    for (const auto& [later, shows] : {std::pair{kNowhere, "menu"},
+                                       {kQuakesSwitch, "menu"},
+                                       {kAboutButton, "credits"},
+                                       {kStartButton, "game right"}}) {
+        SCOPED_TRACE(shows);
         Start();
         ClickAt(kStartButton);
         Run(100);
-        ClickAt(c.later);
+        ClickAt(later);
         Run(2 * kPressedLookPassed);
-        EXPECT_EQ(Shows(), c.shows);
+        EXPECT_EQ(Shows(), shows);
     }
 }
 
@@ -126,31 +109,26 @@ TEST_F(InputTest, NoMatchStartsForAnyOtherNumberOfPlayers) {
 }
 
 TEST_F(InputTest, WinsLastUntilAMatchBeginsOrTheirPlayerIsReset) {
-    struct Case {
-        const char* what;
-        std::uint8_t players;
-        std::uint16_t first, second;  ///< commands
-        POINT press;
-        int rightWins, leftWins;
-    };
-    for (const Case& c : {Case{"Start", 2, 0, 0, kStartButton, 0, 0},
-                          {"Start for one", 1, 0, 0, kStartButton, 1, 1},
-                          {"Play again", 2, kCmdHighScores, 0, kPlayButton, 0, 0},
-                          {"to the menu after one", 1, kCmdHighScores, 0, kMenuButton, 0, 1},
-                          {"to the menu after two", 2, kCmdHighScores, 0, kMenuButton, 1, 0},
-                          {"New Game", 2, kCmdNewGame, 0, kNowhere, 1, 1},
-                          {"Goto menu", 2, kCmdNewGame, kCmdGotoMenu, kNowhere, 0, 0}}) {
-        theSettings.players = c.players;
+    // The number of players and two commands come before the press, the wins of both after it.
+    for (const auto& [what, players, first, second, press, rightWins, leftWins] :
+         {std::tuple{"Start", 2, 0, 0, kStartButton, 0, 0},
+          {"Start for one", 1, 0, 0, kStartButton, 1, 1},
+          {"Play again", 2, kCmdHighScores, 0, kPlayButton, 0, 0},
+          {"to the menu after one", 1, kCmdHighScores, 0, kMenuButton, 0, 1},
+          {"to the menu after two", 2, kCmdHighScores, 0, kMenuButton, 1, 0},
+          {"New Game", 2, kCmdNewGame, 0, kNowhere, 1, 1},
+          {"Goto menu", 2, kCmdNewGame, kCmdGotoMenu, kNowhere, 0, 0}}) {
+        theSettings.players = static_cast<std::uint8_t>(players);
         Start();
         rightPlayer->DeclareWinner();
         leftPlayer->DeclareWinner();
-        for (const std::uint16_t command : {c.first, c.second})
-            Command(command);
+        for (const int command : {first, second})
+            Command(static_cast<std::uint16_t>(command));
         Frame();
-        ClickAt(c.press);
+        ClickAt(press);
         Run(kPressedLookPassed);
-        EXPECT_EQ(rightPlayer->Wins(), c.rightWins) << c.what;
-        EXPECT_EQ(leftPlayer->Wins(), c.leftWins) << c.what;
+        EXPECT_EQ(rightPlayer->Wins(), rightWins) << what;
+        EXPECT_EQ(leftPlayer->Wins(), leftWins) << what;
     }
 }
 
@@ -162,47 +140,39 @@ TEST_F(InputTest, DuringAGamePressesDoNothing) {
         ClickAt(point);
     Run(1000);
     EXPECT_EQ(pendingClick, 77);
-    EXPECT_EQ(Shows(), "game");
+    EXPECT_EQ(Shows(), "game right");
 }
 
 TEST_F(InputTest, PressesAreShiftedInFullScreen) {
     Start();
-    struct Case {
-        bool windowed;
-        int x, y;
-        int click;
+    const auto clickAt = [](int x, int y) {
+        SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(x, y)));
+        return pendingClick;
     };
+    for (const auto& [x, y] :
+         {std::pair{-1, -1}, {-32768, 32767}, {32767, -32768}, {640, 480}, {160 - 65536 / 2, 410}})
+        EXPECT_EQ(clickAt(x, y), kMenuNothing) << x << ", " << y;
     // In full screen 4 pixels are added to x and 23 to y; Start is hit from (157, 404) on.
-    for (const Case& c :
-         {Case{true, -1, -1, kMenuNothing}, Case{true, -32768, 32767, kMenuNothing},
-          Case{true, 32767, -32768, kMenuNothing}, Case{true, 640, 480, kMenuNothing},
-          Case{true, 160 - 65536 / 2, 410, kMenuNothing}, Case{false, 152 + 1, 380 + 1, kMenuStart},
-          Case{false, 152, 380 + 1, kMenuNothing}, Case{false, -3, -20, kMenuNothing}}) {
-        theSettings.windowed = c.windowed;
-        SendMessage(mainWindow, WM_LBUTTONDOWN, 0, static_cast<LPARAM>(MakeParam(c.x, c.y)));
-        EXPECT_EQ(pendingClick, c.click) << c.windowed << ", " << c.x << ", " << c.y;
-    }
+    theSettings.windowed = false;
+    EXPECT_EQ(clickAt(152, 380 + 1), kMenuNothing);
+    EXPECT_EQ(clickAt(152 + 1, 380 + 1), kMenuStart);
+    EXPECT_EQ(clickAt(-3, -20), kMenuNothing);
 }
 
 TEST_F(InputTest, APauseKeyPausesItsPlayerAndInBattleBoth) {
-    struct Case {
-        const char* what;
-        bool battle;
-        std::uint8_t leftKey, key;
-        bool right, left;  ///< paused afterwards
-    };
-    for (const Case& c :
-         {Case{"right", false, 'T', 'P', true, false}, Case{"left", false, 'T', 'T', false, true},
-          Case{"a key of both: the left player", false, 'P', 'P', false, true},
-          Case{"battle, right", true, 'T', 'P', true, true},
-          Case{"battle, left", true, 'T', 'T', true, true}}) {
-        theSettings.battle = c.battle;
+    for (const auto& [battle, leftKey, key, right, left] :
+         {std::tuple{false, 'T', 'P', true, false},
+          {false, 'T', 'T', false, true},
+          {false, 'P', 'P', false, true},  // a key of both is the left player's
+          {true, 'T', 'P', true, true},
+          {true, 'T', 'T', true, true}}) {
+        theSettings.battle = battle;
         Start();
-        keyBindings.Key(Action::Pause, Side::Left) = c.leftKey;
+        keyBindings.Key(Action::Pause, Side::Left) = static_cast<std::uint8_t>(leftKey);
         Command(kCmdNewGame);
-        Press(c.key);
-        EXPECT_EQ(rightPlayer->IsPaused(), c.right) << c.what;
-        EXPECT_EQ(leftPlayer->IsPaused(), c.left) << c.what;
+        Press(static_cast<std::uint8_t>(key));
+        EXPECT_EQ(rightPlayer->IsPaused(), right) << battle << leftKey << key;
+        EXPECT_EQ(leftPlayer->IsPaused(), left) << battle << leftKey << key;
     }
 }
 
@@ -227,7 +197,7 @@ TEST_F(InputTest, AnArmedSlotTakesKeysDuringAGameToo) {
     theMenuScreen->ToggleKeyConfigView();
     Click(340, 110);
     Press(VK_F3);
-    ASSERT_EQ(Shows(), "game");
+    ASSERT_EQ(Shows(), "game right left");
     Press('P');
     EXPECT_TRUE(rightPlayer->IsPaused()) << "a pause key is not bound";
     EXPECT_FALSE(theMenuScreen->IsEnabled(MenuButton::Reset));

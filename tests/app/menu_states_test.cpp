@@ -38,14 +38,9 @@ constexpr std::uint16_t kRightGame[] = {kCmdRightEasy, kCmdRightMedium, kCmdRigh
 
 TEST_F(MenuStatesTest, ItemsThatCannotBeChosenAreGreyed) {
     struct Case {
-        int players;
-        bool menu;
-        bool rightJoined;
-        bool leftJoined;
-        bool battle;  ///< greyed, like those that follow
-        bool rightGame;
-        bool leftGame;
-        bool leftClockwise;
+        std::uint8_t players;
+        bool menu, rightJoined, leftJoined;
+        bool battle, rightGame, leftGame, leftClockwise;  ///< greyed
     };
     const Case cases[] = {
         {1, true, false, false, true, false, true, true},
@@ -58,7 +53,7 @@ TEST_F(MenuStatesTest, ItemsThatCannotBeChosenAreGreyed) {
     };
     Start();
     for (const Case& c : cases) {
-        theSettings.players = static_cast<std::uint8_t>(c.players);
+        theSettings.players = c.players;
         menuShowing = c.menu;
         rightPlayer->SetJoined(c.rightJoined);
         leftPlayer->SetJoined(c.leftJoined);
@@ -68,7 +63,7 @@ TEST_F(MenuStatesTest, ItemsThatCannotBeChosenAreGreyed) {
         if (c.rightGame) greyed.insert(std::begin(kRightGame), std::end(kRightGame));
         if (c.leftGame) greyed.insert(std::begin(kLeftGame), std::end(kLeftGame));
         if (c.leftClockwise) greyed.insert(kCmdLeftClockwise);
-        EXPECT_EQ(Items(&MenuItem::greyed), greyed) << c.players << c.menu << c.leftJoined;
+        EXPECT_EQ(Items(&MenuItem::greyed), greyed) << int{c.players} << c.menu << c.leftJoined;
         for (const auto& [command, greyedIt] : {std::pair{kCmdBattle, c.battle},
                                                 {kCmdRightEasy, c.rightGame},
                                                 {kCmdLeftClockwise, c.leftClockwise}})

@@ -7,7 +7,6 @@
 #include "game/frame/game_frame.h"
 #include "game/rules/key_bindings.h"
 #include "game/rules/level_table.h"
-#include "platform/base/virtual_keys.h"
 #include "platform/headless/headless_host.h"
 #include "platform/window/desktop.h"
 #include "platform/window/user.h"
@@ -49,10 +48,8 @@ class RandomInputTest : public ProgramFixture {
     }
 
     void SendCommand() {
-        constexpr int kExit = 1001;
-        constexpr int kFullScreen = 1002;
         const int id = Below(40) == 0 ? 1000 + Below(3) : 40001 + Below(27);
-        if (id == kExit || (id == kFullScreen && Below(10) != 0)) return;
+        if (id == kCmdExit || (id == kCmdToggleFullScreen && Below(10) != 0)) return;
         CallOffQuit();
         Command(static_cast<std::uint16_t>(id));
     }
@@ -120,12 +117,6 @@ class RandomInputTest : public ProgramFixture {
         ASSERT_EQ(menu.IsEnabled(KeyConfigBack), menu.IsEnabled(Reset));
     }
 
-    static void ExpectTableIsInOrder() {
-        const HighScoreTable& table = theHighScoreScreen->Table();
-        for (std::size_t row = 1; row < kHighScoreRows; ++row)
-            ASSERT_GE(table.Row(row - 1).score, table.Row(row).score);
-    }
-
     /// After one key no slot waits any more: another can be armed.
     static void ExpectAtMostOneSlotWaits() {
         if (!theMenuScreen->IsKeyConfigView()) return;
@@ -155,7 +146,9 @@ TEST_F(RandomInputTest, NothingThatComesInMakesScreensAndSettingsDisagree) {
         SCOPED_TRACE(i);
         ASSERT_EQ(TheDesktop().modal, nullptr);
         ASSERT_NO_FATAL_FAILURE(ExpectButtonsAgreeWithSettings());
-        ASSERT_NO_FATAL_FAILURE(ExpectTableIsInOrder());
+        const HighScoreTable& table = theHighScoreScreen->Table();
+        for (std::size_t row = 1; row < kHighScoreRows; ++row)
+            ASSERT_GE(table.Row(row - 1).score, table.Row(row).score);
         if (i % 300 == 0) {
             ASSERT_NO_FATAL_FAILURE(ExpectAtMostOneSlotWaits());
         }

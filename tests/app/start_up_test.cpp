@@ -30,13 +30,6 @@ class StartUpTest : public ProgramFixture {
         WriteTestSkin(folder, "Original");
     }
 
-    static std::optional<int> Passes(int count) {
-        std::optional<int> exitCode;
-        for (int i = 0; i < count && !exitCode; ++i)
-            exitCode = RunLoopPass();
-        return exitCode;
-    }
-
     /// Plays a two-player game for three seconds and ends the program from outside.
     void PlayAndEnd() {
         theSettings.scrollingPieces = true;
@@ -91,15 +84,11 @@ TEST_F(StartUpTest, WithoutADisplayTheProgramEnds) {
 }
 
 TEST_F(StartUpTest, AFullScreenThatFailsAtTheStartIsToldAndEndsTheProgram) {
-    struct Case {
-        std::uint32_t depth;
-        bool refused;
-    };
-    for (const Case& c : {Case{0, false}, Case{24, false}, Case{16, true}}) {
+    for (const auto& [depth, refused] : {std::pair{0u, false}, {24u, false}, {16u, true}}) {
         SetUp();
         theSettings.windowed = false;
-        theSettings.fullscreenBpp = c.depth;
-        Headless().RefuseFullScreen(c.refused);
+        theSettings.fullscreenBpp = depth;
+        Headless().RefuseFullScreen(refused);
         const std::vector<std::string> told = {"This display card does not support 640x480x8. ",
                                                "DirectDraw init failed. Korvane will now exit. "};
         const BoxAnswerer boxes(told);

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 namespace korvane {
 namespace {
@@ -19,13 +23,8 @@ TEST(ModuleTextTest, KeywordsAndTheirLines) {
     const std::string all =
         "FILENAME:\nMy Song.it\nMENU START POSITION:\n4\nGAME START POSITION:\n5\n"
         "HIGH SCORE START POSITION:\n6\n";
-    struct Case {
-        const char* what;
-        std::string text;
-        ModuleChoice wanted;
-    };
     const std::string filler(253, 'x');
-    const Case cases[] = {
+    const std::tuple<const char*, std::string, ModuleChoice> cases[] = {
         {"all four", all, {"My Song.it", 4, 5, 6}},
         {"any order", "GAME START POSITION:\n5\nFILENAME:\na\n", {"a", 1, 5, 3}},
         {"any letter case",
@@ -48,8 +47,8 @@ TEST(ModuleTextTest, KeywordsAndTheirLines) {
         {"a name that is not there", "FILENAME:", {"", 1, 2, 3}},
         {"a long name is cut", "FILENAME:\n" + filler + "xyz\n", {filler + "x", 1, 2, 3}},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(After(c.text), c.wanted) << c.what;
+    for (const auto& [what, text, wanted] : cases)
+        EXPECT_EQ(After(text), wanted) << what;
 }
 
 TEST(ModuleTextTest, ALongLineUsesUpKeywordLines) {
@@ -63,19 +62,20 @@ TEST(ModuleTextTest, ALongLineUsesUpKeywordLines) {
 }
 
 TEST(ModuleTextTest, Numbers) {
-    struct Case {
-        const char* text;
-        std::int32_t wanted;
+    constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+    const std::pair<std::int32_t, std::vector<std::string>> cases[] = {
+        {12, {"12", "  \t12"}},
+        {-3, {"-3"}},
+        {3, {"+3"}},
+        {0, {" -0", "x7", "- 7", "--7", ""}},
+        {7, {"7 of 9", "7.9", "007"}},
+        {kMost, {"2147483647", "2147483648"}},
+        {kLeast, {"-2147483648", "-99999999999999999999999"}},
     };
-    for (const Case c :
-         {Case{"12", 12}, Case{"  \t12", 12}, Case{"-3", -3}, Case{"+3", 3}, Case{" -0", 0},
-          Case{"7 of 9", 7}, Case{"7.9", 7}, Case{"007", 7}, Case{"x7", 0}, Case{"- 7", 0},
-          Case{"--7", 0}, Case{"", 0}, Case{"2147483647", 2147483647},
-          Case{"2147483648", 2147483647}, Case{"-2147483648", -2147483647 - 1},
-          Case{"-99999999999999999999999", -2147483647 - 1}})
-        EXPECT_EQ(After(std::string("GAME START POSITION:\n") + c.text + "\n").gamePosition,
-                  c.wanted)
-            << c.text;
+    for (const auto& [wanted, texts] : cases)
+        for (const std::string& text : texts)
+            EXPECT_EQ(After("GAME START POSITION:\n" + text + "\n").gamePosition, wanted) << text;
 }
 
 }  // namespace

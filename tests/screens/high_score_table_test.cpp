@@ -1,15 +1,12 @@
 #include "screens/high_score_table.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "platform/headless/headless_host.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/program_fixture.h"
 
 namespace korvane {
 namespace {
@@ -20,68 +17,26 @@ constexpr const char* kFile = "data/hs.dat";
 constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 
-void Append(Bytes& bytes, std::int32_t value) {
-    for (int shift = 0; shift < 32; shift += 8)
-        bytes.push_back(static_cast<std::byte>(static_cast<std::uint32_t>(value) >> shift));
-}
-
-Bytes Record(std::string name, std::int32_t lines, std::int32_t level, std::int32_t score) {
+void AppendRecord(Bytes& file, std::string name, std::int32_t lines, std::int32_t level,
+                  std::int32_t score) {
     name.resize(kNameBytes, '\0');
-    const auto text = std::as_bytes(std::span(name));
-    Bytes bytes(text.begin(), text.end());
+    for (const char letter : name)
+        file.push_back(static_cast<std::byte>(letter));
     for (const std::int32_t value : {lines, level, score})
-        Append(bytes, value);
-    return bytes;
+        for (int shift = 0; shift < 32; shift += 8)
+            file.push_back(static_cast<std::byte>(static_cast<std::uint32_t>(value) >> shift));
 }
 
-/// Ten rows in which every field is another number.
-Bytes UnusualFile() {
-    Bytes file;
-    for (int row = 0; row < 10; ++row) {
-        const Bytes record = Record("NAME " + std::string(1, static_cast<char>('A' + row)),
-                                    0x01020304 + row, -5 - row, 0x7A000000 - row);
-        file.insert(file.end(), record.begin(), record.end());
-    }
-    return file;
-}
-
-class HighScoreTableTest : public testing::Test {
-  protected:
-    void SetUp() override {
-        Headless().Reset();
-        Headless().UseFolder(folder_.Path());
-        folder_.Write("data/other", {});
-    }
-
-    HighScoreTable Load(const Bytes& bytes) const {
-        folder_.Write(kFile, bytes);
-        return HighScoreTable();
-    }
-
-    Bytes Saved(const HighScoreTable& table) const {
-        table.Save();
-        return folder_.Read(kFile);
-    }
-
-    TemporaryFolder folder_;
-};
+using HighScoreTableTest = ProgramFixture;
 
 TEST_F(HighScoreTableTest, AScoreGoesAboveThoseThatItEquals) {
     HighScoreTable table;
-    constexpr std::pair<std::int32_t, std::optional<std::size_t>> kRanks[] = {
-        {kMost, 0},
-        {1001, 0},
-        {1000, 0},
-        {999, 1},
-        {500, 5},
-        {101, 9},
-        {100, 9},
-        {99, std::nullopt},
-        {0, std::nullopt},
-        {-1, std::nullopt},
-        {kLeast, std::nullopt}};
+    constexpr std::pair<std::int32_t, std::size_t> kRanks[] = {{kMost, 0}, {1001, 0}, {1000, 0},
+                                                               {999, 1},   {500, 5},  {100, 9}};
     for (const auto& [score, row] : kRanks)
         EXPECT_EQ(table.FindRank(score), row) << score;
+    for (const std::int32_t score : {99, -1, kLeast})
+        EXPECT_EQ(table.FindRank(score), std::nullopt) << score;
     for (int i = 0; i < 10; ++i)
         table.Row(static_cast<std::size_t>(i)).score = i < 5 ? kMost : kLeast;
     EXPECT_EQ(table.FindRank(kMost), 0U);
@@ -108,19 +63,24 @@ TEST_F(HighScoreTableTest, AnEntryPushesThoseBelowItDownAndTheLastOut) {
 }
 
 TEST_F(HighScoreTableTest, TheFileHoldsTenRecordsOfTwentySixBytes) {
-    Bytes want;
-    for (int i = 10; i > 0; --i) {
-        const Bytes record = Record("MORLAX", i, i, 100 * i);
-        want.insert(want.end(), record.begin(), record.end());
+    Bytes usual;
+    Bytes unusual;  // every field is another number
+    for (int row = 0; row < 10; ++row) {
+        AppendRecord(usual, "MORLAX", 10 - row, 10 - row, 1000 - 100 * row);
+        AppendRecord(unusual, std::string("NAME ") + static_cast<char>('A' + row), 0x01020304 + row,
+                     -5 - row, 0x7A000000 - row);
     }
-    EXPECT_EQ(Saved(HighScoreTable()), want);
-    const Bytes unusual = UnusualFile();
-    const HighScoreTable table = Load(unusual);
+    HighScoreTable().Save();
+    EXPECT_EQ(folder.Read(kFile), usual);
+    folder.Write(kFile, unusual);
+    const HighScoreTable table;
     EXPECT_EQ(table.Row(1).Name(), "NAME B");
     EXPECT_EQ(table.Row(1).lines, 0x01020305);
     EXPECT_EQ(table.Row(1).level, -6);
     EXPECT_EQ(table.Row(1).score, 0x79FFFFFF);
-    EXPECT_EQ(Saved(table), unusual);
+    folder.Write(kFile, {});
+    table.Save();
+    EXPECT_EQ(folder.Read(kFile), unusual);
 }
 
 }  // namespace

@@ -1,11 +1,13 @@
 #include <map>
+#include <span>
 #include <string>
+#include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
 #include "game/rules/key_bindings.h"
 #include "platform/base/virtual_keys.h"
-#include "platform/headless/headless_host.h"
 #include "screens/menu_screen.h"
 #include "screens/skin_reload.h"
 #include "tests/support/bmp_writer.h"
@@ -19,19 +21,13 @@ using Bytes = std::vector<std::byte>;
 
 constexpr const char* kFile = "data/keys.dat";
 
-Bytes BytesOf(std::initializer_list<int> values) {
-    Bytes bytes;
-    for (const int value : values)
-        bytes.push_back(static_cast<std::byte>(value));
-    return bytes;
+Bytes BytesOf(std::string_view text) {
+    const auto bytes = std::as_bytes(std::span(text));
+    return {bytes.begin(), bytes.end()};
 }
 
-const Bytes kDefaultFile = BytesOf({38, 40, 37, 39, 80, 87, 83, 65, 68, 84});
-
-/// A pixel inside a slot's button that no glyph covers.
-POINT SlotAt(Action action, Side side) {
-    return {side == Side::Right ? 335 + 5 : 165 + 5, 105 + 66 * static_cast<int>(action) + 5};
-}
+/// The signs are the codes of the arrow keys: up, down, left, right.
+constexpr const char* kDefaultFile = "&(%'PWSADT";
 
 class KeyConfigTest : public ProgramFixture {
   protected:
@@ -41,8 +37,8 @@ class KeyConfigTest : public ProgramFixture {
     }
 
     static MenuAction Arm(Action action, Side side) {
-        const POINT slot = SlotAt(action, side);
-        return theMenuScreen->Click(slot.x, slot.y);
+        return theMenuScreen->Click(side == Side::Right ? 335 + 5 : 165 + 5,
+                                    105 + 66 * static_cast<int>(action) + 5);
     }
 
     static bool BackIsEnabled() { return theMenuScreen->IsEnabled(MenuButton::KeyConfigBack); }
@@ -51,15 +47,15 @@ class KeyConfigTest : public ProgramFixture {
 TEST_F(KeyConfigTest, KeysAreReadFromTheFileAndWrittenAtTheEnd) {
     Start();
     End();
-    EXPECT_EQ(folder.Read(kFile), kDefaultFile);
-    folder.Write(kFile, BytesOf({74, 40, 37, 39, 80, 87, 83, 65, 68, 84}));
+    EXPECT_EQ(folder.Read(kFile), BytesOf(kDefaultFile));
+    folder.Write(kFile, BytesOf("J(%'PWSADT"));
     OpenKeyConfig();
     EXPECT_EQ(keyBindings.Key(Action::Rotate, Side::Right), 'J');
     Arm(Action::Drop, Side::Left);
     theMenuScreen->OnKeyConfigKey('Q');
     EXPECT_EQ(folder.Read(kFile)[6], std::byte{83}) << "not written before the end";
     End();
-    EXPECT_EQ(folder.Read(kFile), BytesOf({74, 40, 37, 39, 80, 87, 'Q', 65, 68, 84}));
+    EXPECT_EQ(folder.Read(kFile), BytesOf("J(%'PWQADT"));
 }
 
 /// The keys that can be bound, with the cell that shows each: the sheets' cells from the left, 0
@@ -119,35 +115,25 @@ TEST_F(KeyConfigTest, GlyphsAreTransparentInTheThirdKeyColour) {
 }
 
 TEST_F(KeyConfigTest, TheSlotThatHadTheKeyGetsTheOldOne) {
-    struct Case {
-        const char* what;
-        Bytes file;
-        Action action;
-        Side side;
-        int key;
-        Bytes want;
-    };
-    const Case kCases[] = {
-        {"across the players", kDefaultFile, Action::Rotate, Side::Left, 38,
-         BytesOf({87, 40, 37, 39, 80, 38, 83, 65, 68, 84})},
-        {"within one player", kDefaultFile, Action::Left, Side::Right, 39,
-         BytesOf({38, 40, 39, 37, 80, 87, 83, 65, 68, 84})},
-        {"its own key", kDefaultFile, Action::Drop, Side::Left, 83, kDefaultFile},
-        {"a missing key goes over too", BytesOf({38, 0, 37, 39, 80, 87, 83, 65, 68, 84}),
-         Action::Drop, Side::Right, 84, BytesOf({38, 84, 37, 39, 80, 87, 83, 65, 68, 0})},
-        {"the last of equal keys", BytesOf({50, 50, 50, 39, 80, 87, 50, 65, 68, 84}), Action::Pause,
-         Side::Right, 50, BytesOf({50, 50, 80, 39, 50, 87, 50, 65, 68, 84})},
+    using namespace std::string_view_literals;
+    const std::tuple<std::string_view, Action, Side, char, std::string_view> kCases[] = {
+        {kDefaultFile, Action::Rotate, Side::Left, '&', "W(%'P&SADT"},  // across the players
+        {kDefaultFile, Action::Left, Side::Right, '\'', "&('%PWSADT"},  // within one player
+        {kDefaultFile, Action::Drop, Side::Left, 'S', kDefaultFile},
+        {"&\0%'PWSADT"sv, Action::Drop, Side::Right, 'T',
+         "&T%'PWSAD\0"sv},  // a missing key goes over too
+        {"222'PW2ADT", Action::Pause, Side::Right, '2', "22P'2W2ADT"},  // the last of equal keys
     };
     OpenKeyConfig();
-    for (const Case& c : kCases) {
-        SCOPED_TRACE(c.what);
-        folder.Write(kFile, c.file);
+    for (const auto& [before, action, side, key, after] : kCases) {
+        SCOPED_TRACE(after);
+        folder.Write(kFile, BytesOf(before));
         keyBindings.Load();
-        ASSERT_EQ(Arm(c.action, c.side), kMenuSlotArmed);
-        theMenuScreen->OnKeyConfigKey(static_cast<std::uint8_t>(c.key));
+        ASSERT_EQ(Arm(action, side), kMenuSlotArmed);
+        theMenuScreen->OnKeyConfigKey(static_cast<std::uint8_t>(key));
         EXPECT_TRUE(BackIsEnabled());
         keyBindings.Save();
-        EXPECT_EQ(folder.Read(kFile), c.want);
+        EXPECT_EQ(folder.Read(kFile), BytesOf(after));
     }
 }
 

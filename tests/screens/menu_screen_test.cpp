@@ -1,9 +1,9 @@
 #include "screens/menu_screen.h"
 
-#include <algorithm>
-#include <initializer_list>
+#include <set>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "app/state/process_state.h"
@@ -22,16 +22,7 @@ namespace {
 
 using enum MenuButton;
 
-class MenuScreenTest : public ProgramFixture {
-  protected:
-    static void ExpectSelected(std::initializer_list<MenuButton> selected) {
-        for (int i = 0; i < static_cast<int>(Count); ++i) {
-            const auto button = static_cast<MenuButton>(i);
-            const bool want = std::find(selected.begin(), selected.end(), button) != selected.end();
-            EXPECT_EQ(theMenuScreen->IsSelected(button), want) << "button " << i;
-        }
-    }
-};
+using MenuScreenTest = ProgramFixture;
 
 TEST_F(MenuScreenTest, LeftColumnAndBattleAreDisabledForOnePlayer) {
     Start();
@@ -51,10 +42,20 @@ TEST_F(MenuScreenTest, LeftColumnAndBattleAreDisabledForOnePlayer) {
     }
 }
 
-TEST_F(MenuScreenTest, MusicAndSoundEffectsAreDisabledWithoutAudio) {
+TEST_F(MenuScreenTest, WithoutAudioOneBoxIsShownAndMusicAndSoundEffectsAreDisabled) {
     Headless().RefuseSound(true);
-    const BoxAnswerer boxes({"Can't initialize digital sound system\n(error code: 3)"});
+    const std::vector<std::string> shown = {
+        "Can't initialize digital sound system\n(error code: 3)"};
+    const BoxAnswerer boxes(shown);
     Start();
+    EXPECT_FALSE(audioReady);
+    Press(VK_F3);
+    Run(2000);
+    EXPECT_EQ(Shows(), "game right left");
+    for (const std::uint16_t command : {kCmdMusic, kCmdMusic, kCmdGotoMenu})
+        Command(command);
+    EXPECT_EQ(boxes.Read(), shown);
+    Frame();
     EXPECT_EQ(theMenuScreen->Click(160, 270), kMenuNothing);
     EXPECT_EQ(theMenuScreen->Click(160, 310), kMenuNothing);
     EXPECT_EQ(Seen(160, 270), "menu/musicbutt2 1") << "selected, and disabled";
@@ -71,14 +72,18 @@ TEST_F(MenuScreenTest, NumbersOutOfRangeSelectOnePlayerAndNoDifficulty) {
     theSettings.players = 7;
     theSettings.difficulty = {3, -1};
     Start();
-    ExpectSelected(
-        {OnePlayer, RightCounterClockwise, LeftCounterClockwise, Music, SoundEffects, Quakes});
+    const std::set selected = {OnePlayer, RightCounterClockwise, LeftCounterClockwise,
+                               Music,     SoundEffects,          Quakes};
+    for (int i = 0; i < static_cast<int>(Count); ++i) {
+        const auto button = static_cast<MenuButton>(i);
+        EXPECT_EQ(theMenuScreen->IsSelected(button), selected.contains(button)) << i;
+    }
     EXPECT_FALSE(theMenuScreen->IsEnabled(LeftEasy));
     EXPECT_EQ(theMenuScreen->PlayersFromButtons(), 1);
 }
 
 TEST_F(MenuScreenTest, ADifficultyOutOfRangeIsPlayedAsTheNearest) {
-    std::vector<std::string> games;
+    std::vector<std::pair<Board, Board>> games;
     for (const int difficulty : {7, 2, -1, 0}) {
         SetUp();
         theSettings.difficulty = {difficulty, difficulty};
@@ -86,18 +91,12 @@ TEST_F(MenuScreenTest, ADifficultyOutOfRangeIsPlayedAsTheNearest) {
         SeedRandom(1);  // the first garbage comes before the game seeds the generator
         Command(kCmdNewGame);
         Run(5000);
-        std::string game;
-        for (const Player* player : BothPlayers()) {
-            for (int row = 0; row < kBoardRows; ++row)
-                for (int column = 0; column < kBoardColumns; ++column)
-                    game += static_cast<char>('0' + player->GameBoard().At(row, column));
-        }
-        games.push_back(game);
+        games.emplace_back(rightPlayer->GameBoard(), leftPlayer->GameBoard());
         End();
     }
-    EXPECT_EQ(games[0], games[1]);
-    EXPECT_EQ(games[2], games[3]);
-    EXPECT_NE(games[1], games[3]);
+    EXPECT_TRUE(games[0] == games[1]);
+    EXPECT_TRUE(games[2] == games[3]);
+    EXPECT_FALSE(games[1] == games[3]);
 }
 
 TEST_F(MenuScreenTest, ChoosingOnePlayerSwitchesBattleOff) {

@@ -5,18 +5,17 @@
 #include "app/state/settings.h"
 #include "platform/headless/headless_host.h"
 #include "tests/support/test_audio.h"
+#include "tests/support/test_skin.h"
 #include "tools/korvane-skin/catalogue_table.h"
 #include "tools/korvane-skin/skin_files.h"
 
 namespace korvane {
 namespace {
 
-constexpr std::array<std::uint32_t, 3> kKeys = {0xFF00FF, 0x00FF00, 0x00FFFF};
-
 std::uint32_t GoodPixel(const PictureRow& row, int x, int y) {
     constexpr std::uint32_t kDark = 0x101018;
-    const std::uint32_t key = row.key == kNoKey ? kDark : kKeys[static_cast<std::size_t>(row.key)];
-    if (row.kind == PictureKind::Keys) return kKeys[static_cast<std::size_t>(x)];
+    const std::uint32_t key = row.key == kNoKey ? kDark : kTestKeys[row.key];
+    if (row.kind == PictureKind::Keys) return kTestKeys[x];
     if (row.file == "Game\\blocks.bmp") return static_cast<std::uint32_t>(x / 16 + 1) * 0x1F1F1F;
     if (row.kind == PictureKind::Cells) {
         const int column = x % row.room.cx;

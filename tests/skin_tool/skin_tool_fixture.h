@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "tests/support/bmp_writer.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/korvane-skin/catalogue.h"

@@ -5,7 +5,6 @@
 #include <set>
 #include <sstream>
 
-#include "app/state/settings.h"
 #include "platform/headless/headless_host.h"
 #include "tests/skin_tool/skin_tool_fixture.h"
 #include "tools/korvane-skin/catalogue_table.h"

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "app/state/settings.h"
 #include "gfx/display.h"
 #include "tests/support/temporary_folder.h"

@@ -8,6 +8,7 @@
 #include "game/rules/key_bindings.h"
 #include "game/rules/level_table.h"
 #include "platform/headless/headless_host.h"
+#include "screens/menu_screen.h"
 #include "tests/support/test_audio.h"
 #include "tests/support/test_skin.h"
 
@@ -60,6 +61,13 @@ void ProgramFixture::End() {
     running_ = false;
 }
 
+std::optional<int> ProgramFixture::Passes(int count) {
+    std::optional<int> exitCode;
+    for (int i = 0; i < count && !exitCode; ++i)
+        exitCode = RunLoopPass();
+    return exitCode;
+}
+
 void ProgramFixture::Pass() {
     if (running_ && RunLoopPass()) running_ = false;
 }
@@ -102,6 +110,17 @@ std::string ProgramFixture::Text(int x, int y, int length, int advance) {
                                                : ' ';
     }
     return text;
+}
+
+std::string ProgramFixture::Shows() const {
+    if (!running_) return "the end";
+    if (menuShowing && highScoresShowing) return "menu and scores";
+    if (highScoresShowing) return "scores";
+    if (!menuShowing)
+        return std::string("game") + (rightPlayer->IsRunning() ? " right" : "") +
+               (leftPlayer->IsRunning() ? " left" : "");
+    if (theMenuScreen->IsKeyConfigView()) return "keys";
+    return Text(110, 116, 7, 16) == "KORVANE" ? "credits" : "menu";
 }
 
 void ProgramFixture::PackBoard(Player& player) {

@@ -25,6 +25,8 @@ class ProgramFixture : public testing::Test {
     /// The end of the program as the user brings it about: the window is destroyed.
     void End();
     bool IsRunning() const { return running_; }
+    /// Lets the message loop go on until it ends; its exit code, none after so many passes.
+    static std::optional<int> Passes(int count);
 
     /// Lets the message loop go on for some time, a pass every 10 ms.
     void Run(std::uint32_t milliseconds);
@@ -40,6 +42,9 @@ class ProgramFixture : public testing::Test {
     static std::string Seen(int x, int y);
     /// The text of `length` characters that stands at a place of the last frame.
     static std::string Text(int x, int y, int length, int advance);
+
+    /// The screen that shows, a game with the players who play: "game right left".
+    std::string Shows() const;
 
     /// Nothing fits any more, and no row is full.
     static void PackBoard(Player& player);

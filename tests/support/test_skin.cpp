@@ -3,7 +3,7 @@
 #include <array>
 #include <functional>
 #include <sstream>
-#include <vector>
+#include <tuple>
 
 #include "platform/base/types.h"
 #include "tests/support/bmp_writer.h"
@@ -69,13 +69,7 @@ void WriteColorKeys(const TemporaryFolder& folder, const std::string& skin) {
     Write(folder, skin, "colorkey", {3, 1}, [](int x, int, SIZE) { return kTestKeys[x]; });
 }
 
-struct TestPicture {
-    const char* name;
-    SIZE size;
-    Paint paint;
-};
-
-const TestPicture kTestPictures[] = {
+const std::tuple<const char*, SIZE, Paint> kTestPictures[] = {
     {"Background",
      {64, 64},
      [](int x, int y, SIZE) { return (x ^ y) & 32 ? 0x101830u : 0x142040u; }},
@@ -148,8 +142,8 @@ void VisitFlatPictures(Visit visit) {
 }  // namespace
 
 void WriteTestSkin(const TemporaryFolder& folder, const std::string& skin) {
-    for (const TestPicture& picture : kTestPictures)
-        Write(folder, skin, picture.name, picture.size, picture.paint);
+    for (const auto& [name, size, paint] : kTestPictures)
+        Write(folder, skin, name, size, paint);
     WriteColorKeys(folder, skin);
 }
 

@@ -1,8 +1,7 @@
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
 #include <filesystem>
+#include <optional>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -23,7 +22,6 @@
 #include "tests/support/dialog_script.h"
 #include "tests/support/golden.h"
 #include "tests/support/program_fixture.h"
-#include "tests/support/test_audio.h"
 
 namespace korvane {
 namespace {
@@ -36,10 +34,10 @@ class DialogsTest : public ProgramFixture {
         Headless().SetDisplayModes({{640, 480, 32, 60}, {640, 480, 16, 60}, {800, 600, 16, 60}});
     }
 
-    /// Opens the dialog of a command and goes through the acts in it.
-    void Use(std::uint16_t command, Acts acts) {
+    /// Goes through the acts in what comes up: at the start, or for a command.
+    void Use(std::optional<std::uint16_t> command, Acts acts) {
         const DialogScript script(std::move(acts));
-        Command(command);
+        command ? Command(*command) : Start();
         EXPECT_TRUE(script.WentAsWritten());
         EXPECT_EQ(ShownDialog(), nullptr);
     }
@@ -68,6 +66,10 @@ class DialogsTest : public ProgramFixture {
     static void Ok() { PressKeys({VK_RETURN}); }
     static void Cancel() { PressKeys({VK_ESCAPE}); }
     static void EndFromOutside() { Headless().Push({.type = HostEventType::Terminate}); }
+    /// Compares the shown dialog or box with a golden picture.
+    static Act Looks(const char* picture) {
+        return [=] { EXPECT_TRUE(MatchesGolden(picture, TheDesktop().modal->Place())); };
+    }
     void MakeSkin(const std::string& name) const {
         std::filesystem::create_directories(folder.Path() + "/Skins/" + name);
     }
@@ -84,40 +86,30 @@ TEST_F(DialogsTest, TheFirstStartShowsTheAdvancedSettingsBeforeTheWindow) {
         EXPECT_NEAR(area.top - work.top, work.bottom - area.bottom, 1);
         Cancel();
     };
-    {
-        const DialogScript script({isAloneAndCentred, ClickOn(IDCANCEL), Ok});
-        Start();
-        EXPECT_TRUE(script.WentAsWritten());
-    }
+    Use(std::nullopt, {isAloneAndCentred, ClickOn(IDCANCEL), Ok});
     EXPECT_FALSE(theSettings.showAdvancedAtStart);
     EXPECT_EQ(Headless().Title(), "Korvane");
     EXPECT_EQ(Headless().PictureSize(), (SIZE{640, 499}));
 }
 
-TEST_F(DialogsTest, AnEndFromOutsideInADialogWritesTheFiles) {
-    for (const bool first : {true, false}) {
+TEST_F(DialogsTest, AnEndFromOutsideInADialogOrItsBoxWritesTheFiles) {
+    for (const auto& [first, acts, asksAgain] :
+         {std::tuple<bool, Acts, bool>{true, {EndFromOutside}, true},
+          {true, {Ok, EndFromOutside}, false},
+          {false, {EndFromOutside}, false}}) {
+        SetUp();
         theSettings.showAdvancedAtStart = first;
-        const DialogScript script({EndFromOutside});
+        Headless().SetDisplayModes({});  // after OK a box tells it
+        const DialogScript script(acts);
         ASSERT_TRUE(StartUp());
         if (!first) Command(kCmdAbout);
         EXPECT_TRUE(script.WentAsWritten());
-        std::optional<int> exitCode;
-        for (int pass = 0; pass < 10 && !exitCode; ++pass)
-            exitCode = RunLoopPass();
-        EXPECT_EQ(exitCode, 0);
-        EXPECT_EQ(theSettings.showAdvancedAtStart, first);
+        EXPECT_EQ(Headless().IsVisible(), !first) << "an unanswered first dialog shows no window";
+        EXPECT_EQ(Passes(10), 0);
+        EXPECT_EQ(theSettings.showAdvancedAtStart, asksAgain);
         EXPECT_EQ(folder.Read("data/hs.dat").size(), 260u);
         EXPECT_EQ(folder.Read("data/keys.dat").size(), 10u);
     }
-}
-
-TEST_F(DialogsTest, AnEndInABoxOfTheFirstDialogKeepsTheWindowHidden) {
-    theSettings.showAdvancedAtStart = true;
-    Headless().SetDisplayModes({});
-    const DialogScript script({Ok, EndFromOutside});
-    ASSERT_TRUE(StartUp());
-    EXPECT_TRUE(script.WentAsWritten());
-    EXPECT_FALSE(Headless().IsVisible());
 }
 
 TEST_F(DialogsTest, QuitPressedJustBeforeADialogEndsItAndItsBoxes) {
@@ -196,18 +188,12 @@ TEST_F(DialogsTest, MissingSkinsAndModesAreTold) {
     theSettings.soundEffects = theSettings.music = audioReady = false;
     std::filesystem::rename(folder.Path() + "/Skins", folder.Path() + "/elsewhere");
     Headless().SetDisplayModes({{800, 600, 16, 60}});
-    const auto read = [](const char* picture) {
-        return [picture] {
-            EXPECT_TRUE(MatchesGolden(picture, TheDesktop().modal->Place()));
-            Ok();
-        };
-    };
     const auto emptyLists = [] {
         EXPECT_TRUE(Entries(kItemSkins).empty() && Entries(kItemDisplayModes).empty());
-        Ok();
     };
     theSettings.windowed = false;  // for the next start
-    Use(kCmdAdvancedSettings, {read("box-no-skins"), emptyLists, read("box-no-modes")});
+    Use(kCmdAdvancedSettings,
+        {Looks("box-no-skins"), Ok, emptyLists, Ok, Looks("box-no-modes"), Ok});
     EXPECT_TRUE(theSettings.windowed);
     EXPECT_EQ(theSettings.skinName, "Original");
 }
@@ -229,40 +215,33 @@ TEST_F(DialogsTest, TheDelayEndsAt150AlthoughItsTextGoesOn) {
 }
 
 TEST(ModeTextTest, NumbersThatAreMissingAreZero) {
-    struct Case {
-        const char* text;
-        ModeChoice want;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, ModeChoice> cases[] = {
         {"640 x 480 x 16 - 75 Hz", {16, 75}}, {"640 x 480 x 8 - 0 Hz", {8, 0}},
         {"640 x 480 x  - 60 Hz", {0, 60}},    {"640 x 480 x 32", {32, 0}},
         {"640 x 480 x 32 - 5", {32, 0}},      {"", {0, 0}},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(ReadModeText(c.text), c.want) << c.text;
-    EXPECT_EQ(ModeText({16, 75}), cases[0].text);
+    for (const auto& [text, choice] : cases)
+        EXPECT_EQ(ReadModeText(text), choice) << text;
+    EXPECT_EQ(ModeText({16, 75}), cases[0].first);
 }
 
 TEST_F(DialogsTest, ALevelValueMustBeANumberFrom1To4999) {
-    struct Case {
-        const char* text;
-        std::uint32_t want;  ///< 0: the old value stays
-    };
-    const Case cases[] = {
+    // 0: the old value stays.
+    const std::pair<const char*, std::uint32_t> cases[] = {
         {"4999", 4999}, {"5000", 0}, {"0", 0},           {"", 0},
         {"-5", 0},      {"+7", 7},   {"  12", 12},       {"12ab", 12},
         {"ab", 0},      {"1 2", 1},  {"99999999999", 0}, {"0000000000000000000000000000042", 42},
     };
     Start();
     const LevelTableValues before = theLevelTable;
-    for (std::size_t level = 0; const Case& c : cases) {
+    for (std::size_t level = 0; const auto& [text, want] : cases) {
         level = (level + 1) % kLevelCount;
         std::uint32_t& value = theLevelTable.normalMs[level][1];
         value = 77;
         const std::uint16_t box = kNormalItems[1].OfLevel(level);
-        Use(kCmdLevelSettings, {[&] { SetDlgItemText(ShownDialog(), box, c.text); }, Ok});
-        EXPECT_EQ(std::exchange(value, before.normalMs[level][1]), c.want == 0 ? 77 : c.want)
-            << c.text;
+        Use(kCmdLevelSettings,
+            {[box, entry = text] { SetDlgItemText(ShownDialog(), box, entry); }, Ok});
+        EXPECT_EQ(std::exchange(value, before.normalMs[level][1]), want == 0 ? 77 : want) << text;
     }
     EXPECT_EQ(static_cast<const LevelTableValues&>(theLevelTable), before);
 }
@@ -321,16 +300,10 @@ TEST_F(DialogsTest, TheAboutBoxIsClosedByItsButtonAloneAndPausesAGame) {
 TEST_F(DialogsTest, ThePicturesOfAllDialogs) {
     MakeSkin("Another");
     Start();
-    const std::pair<std::uint16_t, const char*> kPictures[] = {
-        {kCmdAdvancedSettings, "dialog-advanced"},
-        {kCmdLevelSettings, "dialog-levels"},
-        {kCmdSfxSettings, "dialog-sfx"},
-        {kCmdAbout, "dialog-about"},
-    };
-    for (const auto& [command, picture] : kPictures)
-        Use(command,
-            {[name = picture] { EXPECT_TRUE(MatchesGolden(name, TheDesktop().modal->Place())); },
-             Ok});
+    Use(kCmdAdvancedSettings, {Looks("dialog-advanced"), Ok});
+    Use(kCmdLevelSettings, {Looks("dialog-levels"), Ok});
+    Use(kCmdSfxSettings, {Looks("dialog-sfx"), Ok});
+    Use(kCmdAbout, {Looks("dialog-about"), Ok});
 }
 
 }  // namespace
