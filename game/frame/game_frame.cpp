@@ -59,8 +59,7 @@ void EndMatch() {
 /// Offers a side's result; true when it was accepted and its name is now being typed.
 bool SubmitResult(FrameScreens& screens, Side side) {
     Player& player = PlayerOf(side);
-    if (screens.Submit(side, player.Score(), player.Lines(), player.Level()) < 0)
-        return false;
+    if (screens.Submit(side, player.Score(), player.Lines(), player.Level()) < 0) return false;
     player.SetHighScoreEntered(true);
     return true;
 }
