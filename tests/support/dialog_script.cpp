@@ -65,11 +65,18 @@ Act ClickOn(std::uint16_t id) {
     return ClickOn(Item(id));
 }
 
-Act Drag(const MousePlace& from, const MousePlace& to, std::uint32_t time) {
+Act Drag(const MousePlace& from, const MousePlace& to) {
     return [=] {
         Headless().Push(Mouse(HostEventType::LeftButtonDown, from()));
         Headless().Push(Mouse(HostEventType::MouseMove, to()));
-        Headless().PushLater(time, Mouse(HostEventType::LeftButtonUp, to()));
+        Headless().Push(Mouse(HostEventType::LeftButtonUp, to()));
+    };
+}
+
+Act Hold(const MousePlace& at, std::uint32_t time) {
+    return [=] {
+        Headless().Push(Mouse(HostEventType::LeftButtonDown, at()));
+        Headless().PushLater(time, Mouse(HostEventType::LeftButtonUp, at()));
     };
 }
 

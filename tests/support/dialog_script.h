@@ -48,8 +48,10 @@ using MousePlace = std::function<POINT()>;
 MousePlace Item(std::uint16_t id);
 Act ClickOn(const MousePlace& at);
 Act ClickOn(std::uint16_t id);
-/// Presses at one place and releases at another after some milliseconds.
-Act Drag(const MousePlace& from, const MousePlace& to, std::uint32_t time = 0);
+/// Presses at one place and releases at another.
+Act Drag(const MousePlace& from, const MousePlace& to);
+/// Presses at a place and releases there after some milliseconds.
+Act Hold(const MousePlace& at, std::uint32_t time);
 
 /// Does one act each time that the program waits: a dialog or message box is open then, if the
 /// program has one. What still waits after the last act is ended as if by a signal.

@@ -13,7 +13,11 @@
 
 namespace korvane {
 
-enum TestCommand : std::uint16_t { kOpen = 100, kClose, kGreyed, kUndo, kUndoAll };
+inline constexpr std::uint16_t kOpen = 100;
+inline constexpr std::uint16_t kClose = 101;
+inline constexpr std::uint16_t kGreyed = 102;
+inline constexpr std::uint16_t kUndo = 200;
+inline constexpr std::uint16_t kUndoAll = 201;
 
 /// A message that the window's procedure got.
 struct Seen {

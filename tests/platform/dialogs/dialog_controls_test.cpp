@@ -14,16 +14,17 @@ MousePlace In(std::uint16_t id, int right, int down) {
 }
 
 TEST_F(DialogTest, EditBox) {
-    const auto outOnTheLeft = [] { return POINT{0, Item(kName)().y}; };
-    const auto clipLines = [] { Headless().SetClipboardText("a\tb\nc"); };
-    const auto forty = [] { Headless().PushText(std::u32string(40, 'x')); };
-    const auto thirty = [] { Headless().PushText(std::u32string(30, 'x')); };
-    const struct {
+    struct Case {
         const char* way;
         std::string before;
         Acts acts;
         std::string after;
-    } kCases[] = {
+    };
+    const auto outOnTheLeft = [] { return POINT{0, Item(kName)().y}; };
+    const auto clipLines = [] { Headless().SetClipboardText("a\tb\nc"); };
+    const auto forty = [] { Headless().PushText(std::u32string(40, 'x')); };
+    const auto thirty = [] { Headless().PushText(std::u32string(30, 'x')); };
+    const Case cases[] = {
         {"Tab selects all", "old", {U"new"}, "new"},
         {"ends", "ac", {VK_END, U"d", VK_HOME, U"_"}, "_acd"},
         {"in the middle", "ac", {VK_HOME, VK_RIGHT, U"b"}, "abc"},
@@ -46,7 +47,7 @@ TEST_F(DialogTest, EditBox) {
          "_WWW"},
         {"Alt+letter is no typing", "abc", {Alt('W'), U"w"}, "abc"},
     };
-    for (const auto& c : kCases) {
+    for (const Case& c : cases) {
         Acts acts = {Alt('Q'), VK_TAB, [] { EXPECT_TRUE(Headless().AcceptsText()); }};
         acts.insert(acts.end(), c.acts.begin(), c.acts.end());
         Try(
@@ -58,28 +59,29 @@ TEST_F(DialogTest, EditBox) {
 
 TEST_F(DialogTest, ListBox) {
     // Apple banana cherry Date fig | pear Plum: five rows of seven.
+    struct Case {
+        const char* way;
+        int selected;
+        Acts acts;
+        int after;
+        int firstSeen;
+    };
     const auto row = [](int number) { return In(kList, 10, 2 + 15 * number + 7); };
     const auto bar = [](int fromBottom) { return In(kList, -8, -2 - fromBottom); };
     const auto heldOff = [&](int down) {
-        return Drag(
-            row(1),
-            [=] {
-                return POINT{row(0)().x, row(0)().y + down};
-            },
-            360);
+        return [=] {
+            const POINT off{row(0)().x, row(0)().y + down};
+            Headless().Push(Mouse(HostEventType::LeftButtonDown, row(1)()));
+            Headless().Push(Mouse(HostEventType::MouseMove, off));
+            Headless().PushLater(360, Mouse(HostEventType::LeftButtonUp, off));
+        };
     };
     const auto wheel = [&] {
         HostEvent event = Mouse(HostEventType::Wheel, row(1)());
         event.amount = -1;
         Headless().Push(event);
     };
-    const struct {
-        const char* way;
-        int selected;
-        Acts acts;
-        int after;
-        int firstSeen;
-    } kCases[] = {
+    const Case cases[] = {
         {"Down from nothing", LB_ERR, {VK_DOWN}, 0, 0},
         {"Up at the top", 0, {VK_UP}, 0, 0},
         {"End", 0, {VK_END}, 6, 2},
@@ -99,7 +101,7 @@ TEST_F(DialogTest, ListBox) {
         {"arrow", 0, {ClickOn(bar(8))}, 0, 1},
         {"thumb", 0, {Drag(bar(55), bar(0))}, 0, 2},
     };
-    for (const auto& c : kCases) {
+    for (const Case& c : cases) {
         Try(
             c.acts,
             [&] {
@@ -122,23 +124,20 @@ TEST_F(DialogTest, ListBox) {
 
 TEST_F(DialogTest, ScrollBar) {
     // 150 pixels: arrows of 16, so that the track has 118, and the thumb 118 * 10 / 160 = 7: 8.
-    const auto at = [](int x) { return In(kBar, x, 7); };
-    const struct {
+    struct Case {
         const char* way;
         int from;
         Act act;
         int to;
         std::vector<int> asked;  // requests plus 100
-    } kCases[] = {
-        {"right arrow", 50, Drag(at(140), at(140), 100), 51, {101, 108}},
-        {"held: at 300 and 350 ms again",
-         50,
-         Drag(at(140), at(140), 360),
-         53,
-         {101, 101, 101, 108}},
-        {"left arrow at the end", 0, Drag(at(3), at(3), 100), 0, {100, 108}},
-        {"trough", 50, Drag(at(100), at(100), 100), 60, {103, 108}},
-        {"trough up to the pointer", 50, Drag(at(74), at(74), 1000), 70, {103, 103, 108}},
+    };
+    const auto at = [](int x) { return In(kBar, x, 7); };
+    const Case cases[] = {
+        {"right arrow", 50, Hold(at(140), 100), 51, {101, 108}},
+        {"held: at 300 and 350 ms again", 50, Hold(at(140), 360), 53, {101, 101, 101, 108}},
+        {"left arrow at the end", 0, Hold(at(3), 100), 0, {100, 108}},
+        {"trough", 50, Hold(at(100), 100), 60, {103, 108}},
+        {"trough up to the pointer", 50, Hold(at(74), 1000), 70, {103, 103, 108}},
         {"thumb to the end", 0, Drag(at(20), at(500)), 150, {105, 104, 108}},
         {"thumb to the middle", 0, Drag(at(20), at(20 + 55)), 75, {105, 104, 108}},
         {"thumb held still", 0, Drag(at(20), at(20)), 0, {104, 108}},
@@ -146,7 +145,7 @@ TEST_F(DialogTest, ScrollBar) {
         {"Page down at the top", 145, VK_NEXT, 150, {103, 108}},
         {"End", 50, VK_END, 150, {107, 108}},
     };
-    for (const auto& c : kCases) {
+    for (const Case& c : cases) {
         Try(
             {VK_TAB, c.act},
             [&] {

@@ -6,13 +6,14 @@ namespace korvane {
 namespace {
 
 TEST_F(DialogTest, KeyboardMovesFocusChecksAndPresses) {
-    const auto nowhere = [] { return POINT{0, 0}; };
-    const struct {
+    struct Case {
         const char* way;
         Acts acts;
         std::uint16_t focus;
         const char* checked;
-    } kCases[] = {
+    };
+    const auto nowhere = [] { return POINT{0, 0}; };
+    const Case cases[] = {
         {"first focus", {}, kList, "0100"},
         {"Tab to the checked one", {Times(2, VK_TAB)}, kFour, "0100"},
         {"a group is one stop", {Times(3, VK_TAB)}, kLonely, "0100"},
@@ -29,7 +30,7 @@ TEST_F(DialogTest, KeyboardMovesFocusChecksAndPresses) {
         {"bare letter", {VK_TAB, '2'}, kTwo, "1000"},
         {"other letter", {Alt('W')}, kList, "0100"},
     };
-    for (const auto& c : kCases)
+    for (const Case& c : cases)
         Try(c.acts, [&] {
             EXPECT_EQ(FocusedId(), c.focus) << c.way;
             EXPECT_EQ(Checked(), c.checked) << c.way;
@@ -69,12 +70,13 @@ TEST_F(DialogTest, WhatEndsIt) {
     const auto closeBox = [] {
         return POINT{ShownDialog()->Place().right - 10, ShownDialog()->Place().top + 12};
     };
-    const struct {
+    struct Case {
         const char* way;
         Prepare prepare;
         Acts acts;
         int result;  // 0: it stays
-    } kCases[] = {
+    };
+    const Case cases[] = {
         {"Return", all, {VK_RETURN}, IDOK},
         {"Return, no default", Without(IDOK), {VK_RETURN}, 0},
         {"Return on the focused button", all, {Times(7, VK_TAB), VK_RETURN}, IDCANCEL},
@@ -94,7 +96,7 @@ TEST_F(DialogTest, WhatEndsIt) {
         {"terminated", all, {[] { Headless().Push({.type = HostEventType::Terminate}); }}, -1},
         {"quit", all, {[] { PostQuitMessage(3); }}, -1},
     };
-    for (const auto& c : kCases) {
+    for (const Case& c : cases) {
         Acts acts = c.acts;
         if (c.result == 0) acts.emplace_back([] { EndDialog(ShownDialog(), 77); });
         EXPECT_EQ(Show(acts, c.prepare), c.result == 0 ? 77 : c.result) << c.way;

@@ -1,44 +1,52 @@
 #include "platform/sdl/sdl_keys.h"
 
-#include <SDL_keyboard.h>
 #include <gtest/gtest.h>
 
-#include <set>
+#include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/base/virtual_keys.h"
 
 namespace korvane {
 namespace {
 
-/// What the layouts write on the typing keys, unshifted: the rows from the digits down, the extra
-/// key beside left Shift last.
+/// The typing keys in rows from the digits down, the extra key beside left Shift last.
+// clang-format off
+constexpr SDL_Scancode kRows[] = {
+    SDL_SCANCODE_GRAVE, SDL_SCANCODE_1, SDL_SCANCODE_2, SDL_SCANCODE_3, SDL_SCANCODE_4,
+    SDL_SCANCODE_5, SDL_SCANCODE_6, SDL_SCANCODE_7, SDL_SCANCODE_8, SDL_SCANCODE_9,
+    SDL_SCANCODE_0, SDL_SCANCODE_MINUS, SDL_SCANCODE_EQUALS, SDL_SCANCODE_Q, SDL_SCANCODE_W,
+    SDL_SCANCODE_E, SDL_SCANCODE_R, SDL_SCANCODE_T, SDL_SCANCODE_Y, SDL_SCANCODE_U,
+    SDL_SCANCODE_I, SDL_SCANCODE_O, SDL_SCANCODE_P, SDL_SCANCODE_LEFTBRACKET,
+    SDL_SCANCODE_RIGHTBRACKET, SDL_SCANCODE_BACKSLASH, SDL_SCANCODE_A, SDL_SCANCODE_S,
+    SDL_SCANCODE_D, SDL_SCANCODE_F, SDL_SCANCODE_G, SDL_SCANCODE_H, SDL_SCANCODE_J,
+    SDL_SCANCODE_K, SDL_SCANCODE_L, SDL_SCANCODE_SEMICOLON, SDL_SCANCODE_APOSTROPHE,
+    SDL_SCANCODE_Z, SDL_SCANCODE_X, SDL_SCANCODE_C, SDL_SCANCODE_V, SDL_SCANCODE_B,
+    SDL_SCANCODE_N, SDL_SCANCODE_M, SDL_SCANCODE_COMMA, SDL_SCANCODE_PERIOD,
+    SDL_SCANCODE_SLASH, SDL_SCANCODE_NONUSBACKSLASH};
+// clang-format on
+
+// What the layouts write on those keys, unshifted.
 constexpr std::u32string_view kAmerican = U"`1234567890-=qwertyuiop[]\\asdfghjkl;'zxcvbnm,./<";
 constexpr std::u32string_view kGerman = U"^1234567890ß´qwertzuiopü+#asdfghjklöäyxcvbnm,.-<";
 constexpr std::u32string_view kFrench = U"²&é\"'(-è_çà)=azertyuiop^$*qsdfghjklmùwxcvbn,;:!<";
 constexpr std::u32string_view kDvorak = U"`1234567890[]',.pyfgcrl/=\\aoeuidhtns-;qjkxbmwvz<";
 constexpr std::u32string_view kRussian = U"ё1234567890-=йцукенгшщзхъ\\фывапролджэячсмитьбю./";
 
-/// The typing keys in the order of the layouts above.
-std::vector<SDL_Scancode> TypingKeys() {
-    std::vector<SDL_Scancode> keys;
-    for (const char32_t sign : kAmerican) {
-        const char name[] = {static_cast<char>(sign), '\0'};
-        keys.push_back(SDL_GetScancodeFromName(name));
-    }
-    keys.back() = SDL_SCANCODE_NONUSBACKSLASH;
-    return keys;
-}
-
 /// The layout's signs; every other key as SDL has it on all layouts.
 LayoutSymbols Symbols(std::u32string_view rows) {
     LayoutSymbols symbols{};
     for (std::size_t place = 0; place < symbols.size(); ++place)
         symbols[place] = SDL_SCANCODE_TO_KEYCODE(static_cast<int>(place));
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        symbols[TypingKeys()[i]] = static_cast<SDL_Keycode>(rows[i]);
+    symbols[SDL_SCANCODE_RETURN] = SDLK_RETURN;
+    symbols[SDL_SCANCODE_ESCAPE] = SDLK_ESCAPE;
+    symbols[SDL_SCANCODE_BACKSPACE] = SDLK_BACKSPACE;
+    symbols[SDL_SCANCODE_TAB] = SDLK_TAB;
+    symbols[SDL_SCANCODE_SPACE] = SDLK_SPACE;
+    symbols[SDL_SCANCODE_DELETE] = SDLK_DELETE;
+    for (std::size_t i = 0; i < std::size(kRows); ++i)
+        symbols[kRows[i]] = static_cast<SDL_Keycode>(rows[i]);
     return symbols;
 }
 
@@ -73,13 +81,15 @@ TEST(KeyTableTest, LettersAndSignsGoByWhatTheLayoutWritesOnTheKey) {
 }
 
 TEST(KeyTableTest, EveryTypingKeyHasACodeOfItsOwnOnEveryLayout) {
-    const std::u32string allAlike(kAmerican.size(), U'x');
+    const std::u32string allAlike(std::size(kRows), U'x');
     for (const std::u32string_view rows :
          {kAmerican, kGerman, kFrench, kDvorak, kRussian, std::u32string_view(allAlike)}) {
         const KeyTable table(Symbols(rows));
-        std::set<int> codes = {0};
-        for (const SDL_Scancode key : TypingKeys())
-            EXPECT_TRUE(codes.insert(table.CodeOf(key, false)).second) << key;
+        std::map<int, SDL_Scancode> keys;
+        for (const SDL_Scancode key : kRows)
+            keys[table.CodeOf(key, false)] = key;
+        EXPECT_EQ(keys.size(), std::size(kRows));
+        EXPECT_FALSE(keys.contains(0));
     }
 }
 
