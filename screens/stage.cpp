@@ -25,7 +25,6 @@ void ClearStage() {
     theMenuScreen.reset();
     rightPlayer.reset();
     leftPlayer.reset();
-    theFont.reset();
     currentDisplay.reset();
 }
 

@@ -100,6 +100,7 @@ TEST_F(CommandTest, FullScreenNeedsAnActiveWindowAndAMode) {
         Command(kCmdToggleFullScreen);
         EXPECT_EQ(Headless().IsFullScreen(), toggles);
         EXPECT_EQ(theSettings.windowed, !toggles);
+        EXPECT_EQ((GetWindowLong(mainWindow, GWL_STYLE) & WS_SYSMENU) != 0, !toggles);
     }
 }
 

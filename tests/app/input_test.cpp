@@ -262,6 +262,18 @@ TEST_F(InputTest, BothNamesAreTypedAndWrittenToTheFile) {
     EXPECT_EQ(file[22], static_cast<std::byte>(score));
 }
 
+TEST_F(InputTest, LeavingTheHighScoresEndsTheTypingOfAName) {
+    folder.Write("data/hs.dat", std::vector<std::byte>(260));
+    Start();
+    Command(kCmdNewGame);
+    EndGame(*leftPlayer, 1);
+    EndGame(*rightPlayer, 5);
+    Frame();
+    ASSERT_TRUE(rightPlayer->HighScoreEntered());
+    Command(kCmdGotoMenu);
+    EXPECT_FALSE(rightPlayer->HighScoreEntered() || leftPlayer->HighScoreEntered());
+}
+
 TEST_F(InputTest, WhenTheFirstResultIsRefusedTheSecondIsNotOffered) {
     Start();
     Command(kCmdNewGame);

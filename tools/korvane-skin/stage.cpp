@@ -1,5 +1,6 @@
 #include "tools/korvane-skin/stage.h"
 
+#include "gfx/bitmap_font.h"
 #include "gfx/display.h"
 #include "platform/headless/headless_host.h"
 #include "screens/stage.h"
@@ -24,6 +25,7 @@ Stage::Stage() {
 
 Stage::~Stage() {
     ClearStage();
+    theFont.reset();
 }
 
 std::vector<std::uint32_t> Stage::Show(const std::function<void()>& draw) {

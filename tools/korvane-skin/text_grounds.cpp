@@ -27,12 +27,13 @@ class Scenery {
                 At({x, y}) =
                     PixelOf(*tile, (x - area.left) % tile->size.cx, (y - area.top) % tile->size.cy);
     }
-    /// Draws a picture, all but its key colour.
-    void Draw(std::string_view file, POINT at) {
+    /// Draws the first of a picture's equal views from the left, all but its key colour.
+    void Draw(std::string_view file, POINT at, int views = 1) {
         const PictureRow& row = RowOf(file);
         const auto& picture = skin_.Picture(row).bitmap;
         if (!picture) return;
-        const RECT seen = Intersect(RectAt(at, picture->size), kScreen);
+        const SIZE view{picture->size.cx / views, picture->size.cy};
+        const RECT seen = Intersect(RectAt(at, view), kScreen);
         for (int y = seen.top; y < seen.bottom; ++y) {
             for (int x = seen.left; x < seen.right; ++x) {
                 const std::uint32_t pixel = PixelOf(*picture, x - at.x, y - at.y);
@@ -76,7 +77,8 @@ TextGround KeySlotGround(const CheckedSkin& skin, int width, const InkRows& rows
     const POINT slot = KeySlotPlace(Action::Rotate, Side::Right);
     const POINT glyph{slot.x + kGlyphInSlot.x, slot.y + kGlyphInSlot.y};
     Scenery menu = EmptyMenu(skin);
-    menu.Draw(kKeySlotFile, slot);
+    constexpr int kNormalAndPressed = 2;
+    menu.Draw(kKeySlotFile, slot, kNormalAndPressed);
     TextGround ground{kKeySlotFile, skin.Picture(RowOf(kKeySlotFile)).isOwn, 1, 0};
     menu.Measure({glyph.x, glyph.y + rows.top, glyph.x + width, glyph.y + rows.bottom}, ground);
     return ground;

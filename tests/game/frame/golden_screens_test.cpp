@@ -153,7 +153,15 @@ TEST_F(GoldenScreens, OverlaysLieOnTopOfTheBoard) {
                [](Player& player) { player.DeclareWinner(); },
                {45, 150},
                0x207020,
-               0x207020}}) {
+               0x207020},
+          Case{"a pause of the one who won",
+               [](Player& player) {
+                   player.DeclareWinner();
+                   player.TogglePause();
+               },
+               {45, 150},
+               0xC8386A,
+               0xC8386A}}) {
         theSettings.battle = std::string_view("loser winner").find(c.what) != std::string::npos;
         for (Player* player : {&right, &left}) {
             player->StartGame(false);

@@ -39,6 +39,7 @@ TEST_F(DialogTest, EditBox) {
         {"no half character", "", {thirty, U"äy"}, std::string(30, 'x') + "y"},
         {"words", "one two", {VK_END, Ctrl(VK_LEFT), U"_"}, "one _two"},
         {"mouse", "abc", {ClickOn(kName)}, "abc"},
+        {"press behind a letter's middle", "WWW", {ClickOn(In(kName, 14, 6)), U"_"}, "W_WW"},
         {"dragged over", "abc", {Drag(Item(kName), outOnTheLeft), U"z"}, "z"},
         // The text that was longer than the field is seen from its beginning again.
         {"no gap behind the text",
@@ -132,6 +133,11 @@ TEST_F(DialogTest, ScrollBar) {
         std::vector<int> asked;  // requests plus 100
     };
     const auto at = [](int x) { return In(kBar, x, 7); };
+    const auto letGoOfA = [] {
+        Headless().PushKey(VK_RIGHT, true);
+        Headless().PushKey('A', false);
+        PressKeys({VK_RIGHT});
+    };
     const Case cases[] = {
         {"right arrow", 50, Hold(at(140), 100), 51, {101, 108}},
         {"held: at 300 and 350 ms again", 50, Hold(at(140), 360), 53, {101, 101, 101, 108}},
@@ -142,6 +148,7 @@ TEST_F(DialogTest, ScrollBar) {
         {"thumb to the middle", 0, Drag(at(20), at(20 + 55)), 75, {105, 104, 108}},
         {"thumb held still", 0, Drag(at(20), at(20)), 0, {104, 108}},
         {"Right", 50, VK_RIGHT, 51, {101, 108}},
+        {"Right is held while another key comes up", 50, letGoOfA, 52, {101, 101, 108}},
         {"Page down at the top", 145, VK_NEXT, 150, {103, 108}},
         {"End", 50, VK_END, 150, {107, 108}},
     };

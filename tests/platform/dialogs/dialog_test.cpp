@@ -66,7 +66,12 @@ auto Without(std::uint16_t id) {
 
 TEST_F(DialogTest, WhatEndsIt) {
     const auto all = [](HDLG) {};
-    const auto heldReturn = [] { Headless().Push(Key(VK_RETURN, true, 0, true)); };
+    const auto held = [](std::uint8_t key) {
+        return [=] { Headless().Push(Key(key, true, 0, true)); };
+    };
+    const auto onOk = [](HostEventType type) {
+        return [=] { Headless().Push(Mouse(type, Item(IDOK)())); };
+    };
     const auto closeBox = [] {
         return POINT{ShownDialog()->Place().right - 10, ShownDialog()->Place().top + 12};
     };
@@ -85,10 +90,16 @@ TEST_F(DialogTest, WhatEndsIt) {
         {"mnemonic", all, {Alt('O')}, IDOK},
         {"Esc", all, {VK_ESCAPE}, IDCANCEL},
         {"Esc, no Cancel", Without(IDCANCEL), {VK_ESCAPE}, 0},
-        {"held Return", all, {heldReturn}, 0},
+        {"held Return", all, {held(VK_RETURN)}, 0},
+        {"held Esc", all, {held(VK_ESCAPE)}, 0},
         {"click", all, {ClickOn(IDOK)}, IDOK},
         {"click on greyed", Without(IDCANCEL), {ClickOn(IDCANCEL)}, 0},
         {"let go elsewhere", all, {Drag(Item(IDOK), Item(IDCANCEL))}, 0},
+        {"pressed before a box and let go after it",
+         all,
+         {onOk(HostEventType::LeftButtonDown), Alt('P'), VK_RETURN,
+          onOk(HostEventType::LeftButtonUp)},
+         0},
         {"close box", all, {ClickOn(closeBox)}, IDCANCEL},
         {"close box, no Cancel", Without(IDCANCEL), {ClickOn(closeBox)}, 0},
         {"Alt+F4", all, {Alt(VK_F4)}, IDCANCEL},

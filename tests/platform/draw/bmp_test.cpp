@@ -58,6 +58,7 @@ TEST(BmpTest, OtherFormatsAreRefused) {
         std::size_t offset;
         std::int32_t value;
         bool isRead = false;
+        int bits = 24;
     };
     for (const Case& c : {
              Case{"nothing changed", 2, 0, true},
@@ -83,8 +84,12 @@ TEST(BmpTest, OtherFormatsAreRefused) {
              Case{"65535 bits", 28, 65535},
              Case{"run lengths", 30, 1},
              Case{"embedded pictures", 30, 5},
+             Case{"all the palette's colours", 46, 16, true, 4},
+             Case{"more colours than 4 bits tell apart", 46, 17, false, 4},
          }) {
-        auto file = MakeBmp({.width = 4, .height = 4});
+        BmpRecipe recipe{.width = 4, .height = 4, .bits = c.bits};
+        if (c.bits < 24) recipe.palette.resize(17);
+        auto file = MakeBmp(recipe);
         for (std::size_t i = 0; i < 4; ++i)
             file[c.offset + i] = static_cast<std::byte>(c.value >> 8 * i);
         EXPECT_EQ(DecodeBmp(file).has_value(), c.isRead) << c.what;

@@ -273,5 +273,12 @@ TEST_F(FilesTest, AKillAtAnyMomentLeavesTheOldOrTheNewBytes) {
     EXPECT_GE(newSeen, 3);
 }
 
+TEST_F(FilesTest, AFileThatGrowsWhileItIsReadKeepsTheCap) {
+    // The kernel says 0 bytes of these, and then tells more.
+    const auto files = OpenDiskFiles("/proc/self");
+    EXPECT_TRUE(files->Read("status", kNoCap));
+    EXPECT_FALSE(files->Read("status", 10));
+}
+
 }  // namespace
 }  // namespace korvane

@@ -158,13 +158,14 @@ class RandomFrames {
 
     void ChangeFrame() {
         for (int count = Between(random_, 0, 4); count > 0; --count) {
-            const int change = Between(random_, 0, 5);
+            const int change = Between(random_, 0, 6);
             if (change == 0) frame_.insert(AnyCall(), RandomCall());
             if (change == 1 && frame_.size() > 30) frame_.erase(AnyCall());
             if (change == 2) *AnyCall() = RandomCall();
             if (change == 3) std::iter_swap(AnyCall(), AnyCall());
             if (change == 4) std::rotate(frame_.begin() + 1, AnyCall(), frame_.end());
             if (change == 5) ReplacePicture();
+            if (change == 6) AnyCall()->keyed ^= true;
         }
         if (Between(random_, 0, 20) == 0) frame_[0].fill = static_cast<std::uint32_t>(random_());
     }
