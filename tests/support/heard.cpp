@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/headless/headless_host.h"
 #include "tests/support/xm_writer.h"
@@ -20,18 +21,15 @@ double PitchOf(const std::vector<std::int16_t>& side) {
     const int threshold = PeakOf(side) / 4;
     if (threshold == 0) return 0;
     // A wave goes from well below zero to well above it.
-    int waves = 0;
+    std::vector<std::size_t> waves;
     bool below = false;
-    std::size_t first = 0;
-    std::size_t last = 0;
     for (std::size_t i = 0; i < side.size(); ++i) {
         if (side[i] < -threshold) below = true;
-        if (side[i] <= threshold || !below) continue;
-        below = false;
-        if (waves++ == 0) first = i;
-        last = i;
+        if (side[i] > threshold && std::exchange(below, false)) waves.push_back(i);
     }
-    return waves < 2 ? 0 : (waves - 1) * double{kSoundRate} / static_cast<double>(last - first);
+    if (waves.size() < 2) return 0;
+    return kSoundRate * static_cast<double>(waves.size() - 1) /
+           static_cast<double>(waves.back() - waves.front());
 }
 
 int HeardOrder() {

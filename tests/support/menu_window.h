@@ -13,11 +13,7 @@
 
 namespace korvane {
 
-inline constexpr std::uint16_t kOpen = 100;
-inline constexpr std::uint16_t kClose = 101;
-inline constexpr std::uint16_t kGreyed = 102;
-inline constexpr std::uint16_t kUndo = 200;
-inline constexpr std::uint16_t kUndoAll = 201;
+enum TestCommand : std::uint16_t { kOpen = 100, kClose, kGreyed, kUndo, kUndoAll };
 
 /// A message that the window's procedure got.
 struct Seen {

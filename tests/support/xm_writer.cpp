@@ -16,57 +16,51 @@ constexpr std::uint8_t kEffect = kPacked | 0x18;
 constexpr std::uint8_t kJumpToOrder = 0x0B;
 constexpr std::uint8_t kWaveBytes = 32;
 
-using Byte = std::uint8_t;
-using Word = std::uint16_t;
-using Long = std::uint32_t;
-
 template <typename Field>
 void WriteAs(ByteWriter& file, std::initializer_list<int> values) {
     for (const int value : values)
         file.Write(static_cast<Field>(value));
 }
 
-void WriteZeros(ByteWriter& file, std::size_t count) {
-    file.Write(std::string(count, '\0'));
-}
-
 void WriteHeader(ByteWriter& file, const XmRecipe& recipe, int patterns) {
     file.Write("Extended Module: " + std::string(20, ' ') + "\x1A" + std::string(20, ' '));
-    WriteAs<Word>(file, {0x0104});
-    WriteAs<Long>(file, {276});
-    WriteAs<Word>(file, {recipe.orders, /*restart=*/0, /*channels=*/1, patterns, /*instruments=*/1,
-                         /*linear pitches=*/1, /*speed=*/6, /*tempo=*/125});
+    WriteAs<std::uint16_t>(file, {0x0104});
+    WriteAs<std::uint32_t>(file, {276});
+    WriteAs<std::uint16_t>(
+        file, {recipe.orders, /*restart=*/0, /*channels=*/1, patterns, /*instruments=*/1,
+               /*linear pitches=*/1, /*speed=*/6, /*tempo=*/125});
     for (int order = 0; order < 256; ++order)
-        WriteAs<Byte>(file, {order < recipe.orders ? order % patterns : 0});
+        WriteAs<std::uint8_t>(file, {order < recipe.orders ? order % patterns : 0});
 }
 
 /// A note in the first row, then empty rows.
-void WritePattern(ByteWriter& file, int tone, std::size_t rows, std::optional<Byte> jump) {
-    std::vector<Byte> cells = {kNoteAndInstrument, static_cast<Byte>(kLowestNote + 3 * tone), 1};
+void WritePattern(ByteWriter& file, int tone, std::size_t rows, std::optional<std::uint8_t> jump) {
+    std::vector<std::uint8_t> cells = {kNoteAndInstrument,
+                                       static_cast<std::uint8_t>(kLowestNote + 3 * tone), 1};
     cells.resize(cells.size() + rows - 1, kPacked);
     if (jump) {
         cells.back() = kEffect;
         cells.insert(cells.end(), {kJumpToOrder, *jump});
     }
-    WriteAs<Long>(file, {9});
-    WriteAs<Byte>(file, {0});
-    WriteAs<Word>(file, {static_cast<int>(rows), static_cast<int>(cells.size())});
-    for (const Byte cell : cells)
+    WriteAs<std::uint32_t>(file, {9});
+    WriteAs<std::uint8_t>(file, {0});
+    WriteAs<std::uint16_t>(file, {static_cast<int>(rows), static_cast<int>(cells.size())});
+    for (const std::uint8_t cell : cells)
         file.Write(cell);
 }
 
 /// One period of a square wave, repeated for ever.
 void WriteInstrument(ByteWriter& file) {
-    WriteAs<Long>(file, {263});
-    WriteZeros(file, 22 + 1);
-    WriteAs<Word>(file, {1});
-    WriteAs<Long>(file, {40});
-    WriteZeros(file, 263 - 33);
-    WriteAs<Long>(file, {kWaveBytes, 0, kWaveBytes});
-    WriteAs<Byte>(file, {/*volume=*/64, 0, /*loops forwards=*/1, /*centre=*/128, 0, 0});
-    WriteZeros(file, 22);
+    WriteAs<std::uint32_t>(file, {263});
+    file.Write(std::string(22 + 1, '\0'));
+    WriteAs<std::uint16_t>(file, {1});
+    WriteAs<std::uint32_t>(file, {40});
+    file.Write(std::string(263 - 33, '\0'));
+    WriteAs<std::uint32_t>(file, {kWaveBytes, 0, kWaveBytes});
+    WriteAs<std::uint8_t>(file, {/*volume=*/64, 0, /*loops forwards=*/1, /*centre=*/128, 0, 0});
+    file.Write(std::string(22, '\0'));
     for (int i = 0; i < kWaveBytes; ++i)
-        WriteAs<Byte>(file, {i == 0 ? 60 : i == kWaveBytes / 2 ? -120 : 0});
+        WriteAs<std::uint8_t>(file, {i == 0 ? 60 : i == kWaveBytes / 2 ? -120 : 0});
 }
 
 }  // namespace

@@ -21,18 +21,17 @@ TEST(BmpTest, EveryDepthAndRowOrderIsRead) {
         for (const int height : {3, -3}) {
             for (const int width : {1, 5, 8, 9}) {
                 SCOPED_TRACE(testing::Message() << bits << " bits, " << width << " x " << height);
-                BmpRecipe recipe{.width = width, .height = height, .bits = bits, .pixel = Pattern};
-                if (bits <= 8) {
-                    recipe.palette = palette;
-                    recipe.pixel = index;
-                }
-                const auto bitmap = DecodeBmp(MakeBmp(recipe));
+                const auto bitmap = DecodeBmp(MakeBmp({.width = width,
+                                                       .height = height,
+                                                       .bits = bits,
+                                                       .pixel = bits <= 8 ? index : Pattern,
+                                                       .palette = palette}));
                 ASSERT_TRUE(bitmap);
                 ASSERT_EQ(bitmap->size, (SIZE{width, 3}));
                 std::vector<std::uint32_t> wanted;
                 for (int i = 0; i < 3 * width; ++i) {
-                    const std::uint32_t value = recipe.pixel(i % width, i / width);
-                    wanted.push_back(bits <= 8 ? palette[value] : value);
+                    const POINT at = {i % width, i / width};
+                    wanted.push_back(bits <= 8 ? palette[index(at.x, at.y)] : Pattern(at.x, at.y));
                 }
                 EXPECT_EQ(bitmap->pixels, wanted);
             }
@@ -53,46 +52,33 @@ TEST(BmpTest, LaterHeadersAndTheUsualMasksAreRead) {
 }
 
 TEST(BmpTest, OtherFormatsAreRefused) {
-    struct Case {
+    struct Field {
         const char* what;
         std::size_t offset;
-        std::int32_t value;
-        bool isRead = false;
-        int bits = 24;
+        std::vector<std::int32_t> refused;
     };
-    for (const Case& c : {
-             Case{"nothing changed", 2, 0, true},
-             Case{"another format", 0, 0x4D43},
-             Case{"pixels behind the end", 10, 1000},
-             Case{"pixels far behind the end", 10, -1},
-             Case{"pixels within the header", 10, 53},
-             Case{"an old header", 14, 12},
-             Case{"an unknown header", 14, 125},
-             Case{"no columns", 18, 0},
-             Case{"negative width", 18, -4},
-             Case{"more columns than the file holds", 18, 6},
-             Case{"the widest", 18, INT32_MAX},
-             Case{"no rows", 22, 0},
-             Case{"more rows than the file holds", 22, 5},
-             Case{"the tallest", 22, INT32_MAX},
-             Case{"the deepest", 22, INT32_MIN},
-             Case{"no depth", 28, 0},
-             Case{"2 bits", 28, 2},
-             Case{"16 bits", 28, 16},
-             Case{"31 bits", 28, 31},
-             Case{"64 bits", 28, 64},
-             Case{"65535 bits", 28, 65535},
-             Case{"run lengths", 30, 1},
-             Case{"embedded pictures", 30, 5},
-             Case{"all the palette's colours", 46, 16, true, 4},
-             Case{"more colours than 4 bits tell apart", 46, 17, false, 4},
+    const auto file = MakeBmp({.width = 4, .height = 4, .bits = 32});
+    EXPECT_TRUE(DecodeBmp(file));
+    for (const Field& field : {
+             Field{"signature", 0, {0x4D43}},
+             Field{"place of the pixels", 10, {53, 1000, -1}},
+             Field{"size of the header", 14, {12, 125}},
+             Field{"width", 18, {-4, 0, 6, INT32_MAX}},
+             Field{"height", 22, {INT32_MIN, 0, 5, INT32_MAX}},
+             Field{"depth", 28, {0, 2, 16, 31, 64, 65535}},
+             Field{"compression", 30, {1, 5}},
          }) {
-        BmpRecipe recipe{.width = 4, .height = 4, .bits = c.bits};
-        if (c.bits < 24) recipe.palette.resize(17);
-        auto file = MakeBmp(recipe);
-        for (std::size_t i = 0; i < 4; ++i)
-            file[c.offset + i] = static_cast<std::byte>(c.value >> 8 * i);
-        EXPECT_EQ(DecodeBmp(file).has_value(), c.isRead) << c.what;
+        for (const std::int32_t value : field.refused) {
+            auto changed = file;
+            for (std::size_t i = 0; i < 4; ++i)
+                changed[field.offset + i] = static_cast<std::byte>(value >> 8 * i);
+            EXPECT_FALSE(DecodeBmp(changed)) << field.what << ' ' << value;
+        }
+    }
+    auto indexed = MakeBmp({.bits = 4, .palette = std::vector<std::uint32_t>(17)});
+    for (const auto& [colours, isRead] : {std::pair(16, true), {17, false}}) {
+        indexed[46] = static_cast<std::byte>(colours);
+        EXPECT_EQ(DecodeBmp(indexed).has_value(), isRead) << colours << " colours of 4 bits";
     }
 }
 

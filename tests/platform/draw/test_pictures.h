@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <optional>
 #include <random>
-#include <span>
 
 #include "platform/base/types.h"
 #include "platform/draw/pixel_buffer.h"
@@ -30,23 +29,19 @@ inline PixelBuffer RandomPicture(Random& random, SIZE size, int bytesPerPixel, s
     for (int count = Between(random, 1, 12); count > 0; --count) {
         const RECT part = RandomPart(random, size);
         const bool transparent = Between(random, 0, 2) == 0;
-        for (int y = part.top; y < part.bottom; ++y) {
-            for (int x = part.left; x < part.right; ++x) {
+        for (int y = part.top; y < part.bottom; ++y)
+            for (int x = part.left; x < part.right; ++x)
                 picture.SetPixel({x, y}, transparent ? key : static_cast<std::uint32_t>(random()));
-            }
-        }
     }
-    for (int count = Between(random, 0, 8); count > 0; --count) {
+    for (int count = Between(random, 0, 8); count > 0; --count)
         picture.SetPixel({Between(random, 0, size.cx - 1), Between(random, 0, size.cy - 1)}, key);
-    }
     return picture;
 }
 
 inline void NaiveFill(PixelBuffer& target, const RECT& area, std::uint32_t value) {
-    for (int y = area.top; y < area.bottom; ++y) {
+    for (int y = area.top; y < area.bottom; ++y)
         for (int x = area.left; x < area.right; ++x)
             target.SetPixel({x, y}, value);
-    }
 }
 
 /// The key has no bits beyond the pixel's.
@@ -55,24 +50,16 @@ inline void NaiveCopy(PixelBuffer& target, POINT at, const PixelBuffer& source, 
     for (int y = part.top; y < part.bottom; ++y) {
         for (int x = part.left; x < part.right; ++x) {
             const std::uint32_t pixel = source.Pixel({x, y});
-            if (pixel == key) continue;
-            target.SetPixel({at.x + x - part.left, at.y + y - part.top}, pixel);
+            if (pixel != key) target.SetPixel({at.x + x - part.left, at.y + y - part.top}, pixel);
         }
     }
 }
 
-/// The first pixel, row by row, outside `except` where the two differ.
-inline std::optional<POINT> FirstDifference(const PixelBuffer& a, const PixelBuffer& b,
-                                            std::span<const RECT> except = {}) {
-    for (int y = 0; y < a.Size().cy; ++y) {
-        for (int x = 0; x < a.Size().cx; ++x) {
-            const RECT pixel = {x, y, x + 1, y + 1};
-            bool excepted = false;
-            for (const RECT& rect : except)
-                excepted |= !Intersect(rect, pixel).IsEmpty();
-            if (!excepted && a.Pixel({x, y}) != b.Pixel({x, y})) return POINT{x, y};
-        }
-    }
+/// The first pixel, row by row, where the two differ.
+inline std::optional<POINT> FirstDifference(const PixelBuffer& a, const PixelBuffer& b) {
+    for (int y = 0; y < a.Size().cy; ++y)
+        for (int x = 0; x < a.Size().cx; ++x)
+            if (a.Pixel({x, y}) != b.Pixel({x, y})) return POINT{x, y};
     return std::nullopt;
 }
 

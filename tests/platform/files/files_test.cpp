@@ -9,11 +9,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <functional>
+#include <memory>
+#include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -26,10 +27,7 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kNoCap = 1 << 20;
 
-std::vector<std::byte> Bytes(const std::string& text) {
-    const auto* first = reinterpret_cast<const std::byte*>(text.data());
-    return {first, first + text.size()};
-}
+using Names = std::multiset<std::string>;
 
 /// Runs something in a process of its own and returns what it returned.
 bool InChild(const std::function<bool()>& work) {
@@ -58,8 +56,7 @@ class FilesTest : public testing::Test {
     }
 
     void WriteFile(const std::string& path, const std::string& text) {
-        fs::create_directories((root_ / path).parent_path());
-        std::ofstream(root_ / path, std::ios::binary) << text;
+        temporary_.Write("game/" + path, std::as_bytes(std::span(text)));
     }
     void Link(const std::string& path, const std::string& target) {
         fs::create_directories((root_ / path).parent_path());
@@ -73,20 +70,15 @@ class FilesTest : public testing::Test {
         return {reinterpret_cast<const char*>(bytes->data()), bytes->size()};
     }
     bool Replace(std::string_view path, const std::string& text) {
-        return files_->Replace(path, Bytes(text));
+        return files_->Replace(path, std::as_bytes(std::span(text)));
     }
-    /// The names in a folder, sorted, folders with a slash behind.
-    std::string List(std::string_view folder) {
+    /// The names in a folder, those of folders with a slash behind.
+    Names List(std::string_view folder) {
+        Names names;
         const auto entries = files_->List(folder);
-        if (!entries) return "(none)";
-        std::vector<std::string> names;
-        for (const FolderEntry& entry : *entries)
-            names.push_back(entry.name + (entry.isFolder ? "/" : ""));
-        std::ranges::sort(names);
-        std::string all;
-        for (const std::string& name : names)
-            all += (all.empty() ? "" : " ") + name;
-        return all;
+        for (const FolderEntry& entry : entries.value())
+            names.insert(entry.name + (entry.isFolder ? "/" : ""));
+        return names;
     }
 
     const TemporaryFolder temporary_;
@@ -102,6 +94,7 @@ TEST_F(FilesTest, ReadsWhatLiesBeneathTheFolderAndNothingElse) {
     for (const char* name : {"a.TXT", "A.txT", "A.Txt", "a.Txt", "A.txt", "a.tXt"})
         WriteFile(std::string("Skins/Two/") + name, name);
     WriteFile("Skins/Two/a.txt ", "blank");
+    WriteFile("c:data/menu.dat", "drive");
     WriteFile("Skins/Two/B", "B");
     WriteFile("Skins/Two/b", "b");
     Link("Graphics/Original", "../Skins/Original");
@@ -117,44 +110,39 @@ TEST_F(FilesTest, ReadsWhatLiesBeneathTheFolderAndNothingElse) {
     ASSERT_EQ(mkfifo((root_ / "pipe").c_str(), 0666), 0);
 
     const std::string longName(255, 'n');
+    const std::string longerName(256, 'n');
+    const std::string dots(2000, '.');
     WriteFile(longName, "long");
 
     const struct {
-        std::string_view path;
         std::string_view want;
+        std::vector<std::string_view> paths;
     } kCases[] = {
-        {"data\\menu.dat", "menu"},
-        {"data/menu.dat", "menu"},
-        {"DATA\\Menu.Dat", "menu"},
-        {".\\data\\\\.//menu.dat", "menu"},
-        {"skins\\ORIGINAL\\game\\BLOCKS.BMP", "blocks"},
-        {"skins\\two\\b", "b"},
-        {"skins\\two\\B", "B"},
-        {"skins\\two\\A.TXT", "A.Txt"},
-        {"skins\\two\\a.txt ", "blank"},
-        {longName, "long"},
-        // Links.
-        {"Graphics\\Original\\Game\\blocks.bmp", "blocks"},
-        {"graphics\\original\\game\\blocks.bmp", "blocks"},
-        {"Graphics\\Chain\\blocks.bmp", "blocks"},
-        {"graphics\\FILE", "menu"},
+        {"menu",
+         {"data\\menu.dat", "data/menu.dat", "DATA\\Menu.Dat", ".\\data\\\\.//menu.dat",
+          "graphics\\FILE"}},
+        {"blocks",
+         {"skins\\ORIGINAL\\game\\BLOCKS.BMP", "Graphics\\Original\\Game\\blocks.bmp",
+          "graphics\\original\\game\\blocks.bmp", "Graphics\\Chain\\blocks.bmp"}},
+        {"b", {"skins\\two\\b"}},
+        {"B", {"skins\\two\\B"}},
+        {"A.Txt", {"skins\\two\\A.TXT"}},
+        {"blank", {"skins\\two\\a.txt "}},
+        {"long", {longName}},
+        {"(none)",
+         {// Links that lead out or nowhere.
+          "Graphics\\up\\secret", "Graphics\\up\\game\\data\\menu.dat", "Graphics\\secret",
+          "Graphics\\absolute", "rooted", "Graphics\\device", "Graphics\\circle",
+          "Graphics\\dangling",
+          // Other ways out, names that are too long, and things that are no file.
+          "..\\secret", "data\\..\\data\\menu.dat", "data/../../secret", "/etc/passwd",
+          "\\data\\menu.dat", "c:data\\menu.dat", std::string_view("data\\menu.dat\0", 14),
+          std::string_view("data\0\\menu.dat", 14), "", ".", "data", "pipe", "data\\missing",
+          "missing\\menu.dat", "data\\menu.dat\\x", "skins\\two\\b ", longerName, dots}},
     };
-    for (const auto& [path, want] : kCases)
-        EXPECT_EQ(Read(path), want) << path;
-    for (const std::string_view path : std::initializer_list<std::string_view>{
-             "skins\\two\\b ",
-             // Links.
-             "Graphics\\up\\secret", "Graphics\\up\\game\\data\\menu.dat", "Graphics\\secret",
-             "Graphics\\absolute", "rooted", "Graphics\\device", "Graphics\\circle",
-             "Graphics\\dangling",
-             // Ways out and things that are no file.
-             "..\\secret", "data\\..\\data\\menu.dat", "data/../../secret", "/etc/passwd",
-             "\\data\\menu.dat", "c:data\\menu.dat", std::string_view("data\\menu.dat\0", 14),
-             std::string_view("data\0\\menu.dat", 14), "", ".", "data", "pipe", "data\\missing",
-             "missing\\menu.dat", "data\\menu.dat\\x"})
-        EXPECT_EQ(Read(path), "(none)") << path;
-    EXPECT_EQ(Read(std::string(256, 'n')), "(none)");
-    EXPECT_EQ(Read(std::string(2000, '.')), "(none)");
+    for (const auto& [want, paths] : kCases)
+        for (const std::string_view path : paths)
+            EXPECT_EQ(Read(path), want) << path;
 }
 
 TEST_F(FilesTest, ReadsUpToTheCap) {
@@ -176,7 +164,7 @@ TEST_F(FilesTest, ReplaceMakesOrRewritesAFileUnderItsOwnName) {
     EXPECT_TRUE(Replace("data\\hs.dat", "third"));
     EXPECT_EQ(Read("data\\hs.dat"), "third");
     EXPECT_EQ(Read("data\\empty"), "");
-    EXPECT_EQ(List("data"), "empty hs.dat");
+    EXPECT_EQ(List("data"), (Names{"empty", "hs.dat"}));
 
     WriteFile("real", "old");
     Link("data/link", "../real");
@@ -204,7 +192,7 @@ TEST_F(FilesTest, ReplaceRefusesWhatIsNoWritableFileBeneathTheFolder) {
     fs::create_directory(root_ / "closed");
     fs::permissions(root_ / "closed", fs::perms(0555));
     EXPECT_TRUE(InChild([&] { return BecomeNobody() && Replace("data\\fresh", "new"); }));
-    const std::string before = List("data");
+    const Names before = List("data");
 
     for (const std::string_view path :
          {"data\\folder", "data\\pipe", "data\\out", "data\\new", "data\\old", "data\\locked",
@@ -212,10 +200,10 @@ TEST_F(FilesTest, ReplaceRefusesWhatIsNoWritableFileBeneathTheFolder) {
         EXPECT_FALSE(InChild([&] { return BecomeNobody() && Replace(path, "new"); })) << path;
     }
     EXPECT_EQ(List("data"), before);
-    EXPECT_EQ(List("closed"), "");
-    EXPECT_EQ(Read("data\\old"), "old");
-    EXPECT_EQ(Read("data\\locked"), "locked");
-    EXPECT_EQ(List(""), "closed/ data/");
+    EXPECT_EQ(List("closed"), Names{});
+    for (const std::string name : {"old", "locked"})
+        EXPECT_EQ(Read("data\\" + name), name);
+    EXPECT_EQ(List(""), (Names{"closed/", "data/"}));
     EXPECT_FALSE(fs::exists(top_ / "new"));
 }
 
@@ -229,7 +217,7 @@ TEST_F(FilesTest, AWriteThatFailsHalfwayLeavesTheOldFileAndNothingElse) {
                !Replace("data\\fits", std::string(1000, 'x'));
     }));
     EXPECT_EQ(Read("data\\hs.dat"), "old");
-    EXPECT_EQ(List("data"), "fits hs.dat");
+    EXPECT_EQ(List("data"), (Names{"fits", "hs.dat"}));
 }
 
 /// Starts `work` in a child and kills it when it is about to enter, or has just left, its n-th
@@ -261,7 +249,7 @@ TEST_F(FilesTest, AKillAtAnyMomentLeavesTheOldOrTheNewBytes) {
     int newSeen = 0;
     for (int stop = 1; stop < 500; ++stop) {
         ASSERT_TRUE(Replace("data\\hs.dat", older));
-        ASSERT_EQ(List("data"), "hs.dat") << "what the last kill left was not deleted";
+        ASSERT_EQ(List("data"), Names{"hs.dat"}) << "what the last kill left was not deleted";
         const bool killed = KilledAtStop(stop, [&] { Replace("data\\hs.dat", newer); });
         const std::string now = Read("data\\hs.dat");
         ASSERT_TRUE(now == older || now == newer) << "torn at stop " << stop;

@@ -10,6 +10,8 @@
 #include <future>
 #include <memory>
 #include <mutex>
+#include <optional>
+#include <queue>
 #include <random>
 #include <span>
 #include <thread>
@@ -22,45 +24,41 @@
 namespace korvane {
 namespace {
 
-/// A value that several threads change and one waits for.
-template <typename Value>
-class Awaited {
+/// Numbers of devices, which one thread hands to another.
+class DeviceQueue {
   public:
-    template <typename Change>
-    auto Update(Change change) {
+    void Push(SDL_AudioDeviceID device) {
         const std::lock_guard lock(mutex_);
-        changed_.notify_all();
-        return change(value_);
+        devices_.push(device);
+        pushed_.notify_all();
     }
-    /// Waits until the condition holds; false after 20 seconds.
-    template <typename Condition>
-    bool Wait(Condition condition) {
+    /// Waits for the next one; nothing when there is none for 20 seconds.
+    std::optional<SDL_AudioDeviceID> Pop() {
         std::unique_lock lock(mutex_);
-        return changed_.wait_for(lock, std::chrono::seconds(20), [&] { return condition(value_); });
+        const auto hasOne = [this] { return !devices_.empty(); };
+        if (!pushed_.wait_for(lock, std::chrono::seconds(20), hasOne)) return std::nullopt;
+        const SDL_AudioDeviceID device = devices_.front();
+        devices_.pop();
+        return device;
     }
 
   private:
     std::mutex mutex_;
-    std::condition_variable changed_;
-    Value value_{};
+    std::condition_variable pushed_;
+    std::queue<SDL_AudioDeviceID> devices_;
 };
 
-/// Silence; counts the devices that have asked for it, each with a thread of its own.
+/// Silence; pushes a number for each device that asks for it, which has a thread of its own.
 class CountingSource final : public SoundSource {
   public:
     void Render(std::span<std::int16_t> samples) override {
         thread_local bool isKnown = false;
         std::ranges::fill(samples, std::int16_t{0});
         EXPECT_EQ(samples.size(), std::size_t{kSoundBufferFrames} * kSoundChannels);
-        devices_.Update([](int& devices) { devices += isKnown ? 0 : 1; });
-        isKnown = true;
-    }
-    bool WaitForDevices(int count) {
-        return devices_.Wait([=](int devices) { return devices >= count; });
+        if (!std::exchange(isKnown, true)) devices.Push(0);
     }
 
-  private:
-    Awaited<int> devices_;
+    DeviceQueue devices;
 };
 
 void ReportRemoved(SdlSound& sound, SDL_AudioDeviceID device, bool recorder = false) {
@@ -88,53 +86,42 @@ class SdlSoundTest : public testing::Test {
 };
 
 TEST_F(SdlSoundTest, ARemovedDeviceIsOpenedAgainAndAClosedOneStaysClosed) {
-    int devices = 0;
+    setenv("SDL_AUDIODRIVER", "no such driver", 1);
+    EXPECT_FALSE(sound.Open(source));
+    setenv("SDL_AUDIODRIVER", "dummy", 1);
     for (int openings = 0; openings < 2; ++openings) {
         ASSERT_TRUE(sound.Open(source));
-        ASSERT_TRUE(source.WaitForDevices(++devices));
+        ASSERT_TRUE(source.devices.Pop());
         ReportAnyRemoved(sound, /*recorder=*/true);
         ReportAnyRemoved(sound, /*recorder=*/false);
-        ASSERT_TRUE(source.WaitForDevices(++devices));
+        ASSERT_TRUE(source.devices.Pop());
         sound.Close();
         sound.Close();
         ReportAnyRemoved(sound, /*recorder=*/false);
     }
 }
 
-TEST_F(SdlSoundTest, ThereMayBeNoDevice) {
-    setenv("SDL_AUDIODRIVER", "no such driver", 1);
-    EXPECT_FALSE(sound.Open(source));
-    setenv("SDL_AUDIODRIVER", "dummy", 1);
-    EXPECT_TRUE(sound.Open(source));
-}
-
 TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
     // The second look finds none, and the device of the third is lost before it can be used.
-    struct Looks {
-        int count = 0;
-        SDL_AudioDeviceID found = 0;
-    };
-    Awaited<Looks> looks;
+    std::atomic<int> looks = 0;
+    DeviceQueue found;
     SdlSound* opened = nullptr;
     const auto look = [&](SoundSource& to) {
-        return looks.Update([&](Looks& past) {
-            past.found = ++past.count == 2 ? 0 : SdlSound::OpenDefault(to);
-            if (past.count == 3) ReportRemoved(*opened, past.found);
-            return past.found;
-        });
+        const SDL_AudioDeviceID device = ++looks == 2 ? 0 : SdlSound::OpenDefault(to);
+        if (looks == 3) ReportRemoved(*opened, device);
+        found.Push(device);
+        return device;
     };
     SdlSound watched(look, {.retry = std::chrono::milliseconds(1)});
     opened = &watched;
-    const auto deviceOfLook = [&](int count) {
-        EXPECT_TRUE(looks.Wait([=](const Looks& past) { return past.count == count; }));
-        return looks.Update([](const Looks& past) { return past.found; });
-    };
     ASSERT_TRUE(watched.Open(source));
-    ReportRemoved(watched, deviceOfLook(1));
-    ReportRemoved(watched, deviceOfLook(4));
-    EXPECT_NE(deviceOfLook(5), 0U);
+    ReportRemoved(watched, found.Pop().value_or(0));
+    for (int failed = 2; failed <= 3; ++failed)
+        EXPECT_TRUE(found.Pop());
+    ReportRemoved(watched, found.Pop().value_or(0));
+    EXPECT_NE(found.Pop().value_or(0), 0U);
     watched.Close();
-    EXPECT_NE(deviceOfLook(5), 0U) << "no look for a device that is there";
+    EXPECT_EQ(looks, 5) << "no look for a device that is there";
 }
 
 TEST_F(SdlSoundTest, ADriverThatHangsIsLeftBehind) {

@@ -66,8 +66,7 @@ TEST_F(MixerTest, AnySumStaysBelowFullScaleWithItsSign) {
     mixer.StartMusic(stream, 0);
     for (std::uint32_t channel = 1; channel <= 60; ++channel) {
         mixer.PlaySample(Steady(-32768), channel, 3);
-        const int level = Level();
-        EXPECT_LT(level, -27000) << channel;
+        EXPECT_LT(Level(), -27000) << channel;
     }
     EXPECT_GT(PeakOf(Headless().Hear(4)), 32000);
 }
@@ -153,13 +152,12 @@ TEST_F(MixerTest, MusicThatFallsASecondBehindEndsAndStaysOff) {
     mixer.ResumeMusic(*stream);
     EXPECT_FALSE(mixer.IsMusicPlaying(*stream));
     // The delay of one piece does not count for the next.
-    const std::shared_ptr<FakeStream> others[] = {std::make_shared<FakeStream>(),
-                                                  std::make_shared<FakeStream>()};
-    for (const auto& other : others) {
+    for (int piece = 0; piece < 2; ++piece) {
+        const auto other = std::make_shared<FakeStream>();
         other->milliseconds = 500;
         EXPECT_TRUE(mixer.StartMusic(other, 0));
-        for (int i = 0; i < 2; ++i)
-            Level();
+        Level();
+        Level();
         EXPECT_TRUE(mixer.IsMusicPlaying(*other));
     }
 }

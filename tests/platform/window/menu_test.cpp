@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <span>
 #include <vector>
 
 #include "tests/support/menu_window.h"
@@ -27,7 +26,7 @@ struct Case {
 
 class MenuTest : public MenuWindowTest {
   protected:
-    void Try(std::span<const Case> cases) {
+    void Try(const std::vector<Case>& cases) {
         for (const Case& c : cases) {
             for (const HostEvent& event : c.events)
                 Push({event});
@@ -50,7 +49,7 @@ TEST_F(MenuTest, MouseWays) {
     const auto down = [](POINT at) { return Mouse(LeftButtonDown, at); };
     const auto up = [](POINT at) { return Mouse(LeftButtonUp, at); };
     const auto move = [](POINT at) { return Mouse(MouseMove, at); };
-    const Case cases[] = {
+    Try({
         {"a click opens", {down(file), up(file)}, kFile, {}},
         {"a second closes", {down(file), up(file), down(file), up(file)}, kNone, {}},
         {"click, click", {down(file), up(file), down(item(0, 0)), up(item(0, 0))}, kNone, {kOpen}},
@@ -64,8 +63,7 @@ TEST_F(MenuTest, MouseWays) {
         {"separator", {down(file), up(file), down(item(0, 1)), up(item(0, 1))}, kFile, {}},
         {"outside", {down(file), up(file), down(kOnGame), up(kOnGame)}, kNone, {}},
         {"empty end of the bar", {down({600, 5}), up({600, 5})}, kNone, {}},
-    };
-    Try(cases);
+    });
 }
 
 TEST_F(MenuTest, KeyboardWays) {
@@ -79,7 +77,7 @@ TEST_F(MenuTest, KeyboardWays) {
     const HostEvent down = press(VK_DOWN);
     const HostEvent esc = press(VK_ESCAPE);
     const auto rest = [](int x) { return Mouse(MouseMove, {x, kOnGame.y}); };
-    const Case cases[] = {
+    Try({
         {"Alt, Down, Return", {altDown, altUp, down, enter}, kNone, {kOpen}},
         {"Alt, letter", {altDown, altUp, press('E')}, kEdit, {}},
         {"F10, Right, Return", {press(VK_F10), press(VK_RIGHT), enter, enter}, kNone, {kUndo}},
@@ -99,17 +97,15 @@ TEST_F(MenuTest, KeyboardWays) {
         {"held Down", {altF, Key(VK_DOWN, true, 0, true), enter}, kNone, {kClose}},
         {"held Return", {altF, Key(VK_RETURN, true, 0, true)}, kFile, {}},
         {"pointer at rest", {rest(400), altF, down, rest(401), enter}, kNone, {kClose}},
-    };
-    Try(cases);
+    });
 }
 
 TEST_F(MenuTest, AMenuThatIsReplacedWhileItOpensStaysClosed) {
     replacesMenu_ = true;
-    const Case cases[] = {
+    Try({
         {"mouse", {Mouse(LeftButtonDown, TitleCentre(kFile))}, kNone, {}},
         {"key", {Key('F', true, kModAlt), Key(VK_RETURN, true)}, kNone, {}},
-    };
-    Try(cases);
+    });
     replacesMenu_ = false;
 }
 
