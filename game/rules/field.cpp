@@ -30,13 +30,12 @@ void FillRandomly(Board& board, int row) {
 
 void Field::Clear() {
     board.Clear();
-    hasMarkedRows_ = false;
+    isMarked_.fill(false);
 }
 
 void Field::Reset(Difficulty difficulty) {
     Clear();
     AddStartingGarbage(difficulty);
-    isMarked_.fill(false);
 }
 
 void Field::AddStartingGarbage(Difficulty difficulty) {
@@ -56,16 +55,18 @@ int Field::MarkFullRows() {
         isMarked_[static_cast<std::size_t>(row)] = full;
         if (full) board.FillRow(row, kMarkerCell);
     }
-    const auto rows = static_cast<int>(std::ranges::count(isMarked_, true));
-    if (rows > 0) hasMarkedRows_ = true;
-    return rows;
+    return static_cast<int>(std::ranges::count(isMarked_, true));
+}
+
+bool Field::HasMarkedRows() const {
+    return std::ranges::find(isMarked_, true) != isMarked_.end();
 }
 
 void Field::RemoveMarkedRows() {
     for (int row = 0; row < kBoardRows; ++row) {
         if (isMarked_[static_cast<std::size_t>(row)]) board.RemoveRow(row);
     }
-    hasMarkedRows_ = false;
+    isMarked_.fill(false);
 }
 
 void Field::AddJunkBlock() {
@@ -81,7 +82,10 @@ bool Field::PushGarbageRow(int requiredFreeRows) {
         if (!board.IsRowEmpty(row)) return false;
     }
     constexpr int kLastRow = kBoardRows - 1;
-    board.RaiseRows(std::max(requiredFreeRows - 1, 1));
+    const int highest = std::max(requiredFreeRows - 1, 1);
+    board.RaiseRows(highest);
+    std::shift_left(isMarked_.begin() + highest - 1, isMarked_.end(), 1);
+    isMarked_.back() = false;
     FillRandomly(board, kLastRow);
     for (int i = 0; i < kHolesPerRow; ++i)
         board.Set(kLastRow, RandomColumn(), kEmptyCell);

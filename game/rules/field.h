@@ -17,17 +17,17 @@ class Field {
     /// An empty board; no row waits.
     void Clear();
 
-    /// Finds every full row, those that still wait for their removal included, and fills it with
-    /// markers; the number of full rows.
+    /// Finds every full row and fills it with markers; the number of full rows.
     int MarkFullRows();
     /// Some marked rows have not been removed yet.
-    bool HasMarkedRows() const { return hasMarkedRows_; }
+    bool HasMarkedRows() const;
     /// Closes the board up over the marked rows; a falling figure stays where it is.
     void RemoveMarkedRows();
 
     /// Puts one block into the lowest empty row that is not near the floor, where it floats.
     void AddJunkBlock();
-    /// Pushes the stack up by a row of random cells with one to three sure holes. False, with
+    /// Pushes the stack up, marked rows and all, by a row of random cells with one to three sure
+    /// holes. False, with
     /// nothing changed, unless this many rows at the top are empty.
     bool PushGarbageRow(int requiredFreeRows);
 
@@ -35,7 +35,6 @@ class Field {
     void AddStartingGarbage(Difficulty difficulty);
 
     std::array<bool, kBoardRows> isMarked_{};
-    bool hasMarkedRows_ = false;
 };
 
 }  // namespace korvane

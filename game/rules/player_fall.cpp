@@ -55,7 +55,7 @@ void Player::UpdateFall(double seconds) {
 }
 
 void Player::FallOrLand(std::uint32_t now, double seconds) {
-    if (field_.HasMarkedRows() && now - lockTick_ > kRowRemovalMs) field_.RemoveMarkedRows();
+    if (now - lockTick_ > kRowRemovalMs) field_.RemoveMarkedRows();
     if (FallStep(seconds)) return;
     landState_ = LandState::Landed;
     landTick_ = now;
@@ -106,10 +106,13 @@ void Player::SoftDropStep() {
     if (moved) lastFallTick_ = lastSoftDropTick_ = GetTickCount();
 }
 
-/// The next figure falls already while the completed rows are still to be seen.
+/// The next figure falls already while the completed rows are still to be seen. Rows that wait
+/// since the last lock go first, and the figure's own cells sink with what lies above them: every
+/// row is counted once.
 void Player::LockFigure(std::uint32_t now) {
     lockTick_ = now;
     if (current_) current_->Lock();
+    field_.RemoveMarkedRows();
     SpawnNext();
     ScanRows();
 }

@@ -70,6 +70,28 @@ TEST_F(RowsTest, CompletedRowsAreMarkedAndThenTheOthersCloseUpInOrder) {
     EXPECT_EQ(player_.Score(), 154 + 4);
 }
 
+TEST_F(RowsTest, RowsThatWaitAreRemovedByTheNextLockAndCountedOnce) {
+    theLevelTable.normalMs[0].fill(50);  // the next figure rests before the removal is due
+    DropUprightBar(BoardEndingIn({"12345.7123", "12345.7123"}));
+    player_.SetRowsLastLock(0);
+    DropAndLock(player_);
+    EXPECT_EQ(RowsFrom(player_.GameBoard(), 17),
+              (Rows{"..........", "....33....", "....33....", ".....1....", ".....1...."}));
+    EXPECT_EQ(player_.RowsLastLock(), 0);
+    EXPECT_EQ(player_.Lines(), 2);
+    EXPECT_EQ(player_.Score(), 154 + 4);
+}
+
+TEST_F(RowsTest, AReceivedRowPushesWaitingRowsUpWithTheirMarks) {
+    DropUprightBar(BoardEndingIn({"3.........", "22222.2222", "4444......"}));
+    player_.ReceiveRows(2);
+    const Rows received = RowsFrom(player_.GameBoard(), 20);
+    WaitForRemoval();
+    Rows closedUp = {"..........", ".....1....", "3....1....", "4444.1...."};
+    closedUp.insert(closedUp.end(), received.begin(), received.end());
+    EXPECT_EQ(RowsFrom(player_.GameBoard(), 16), closedUp);
+}
+
 TEST_F(RowsTest, TheHighestThresholdPassedCountsInAnyTable) {
     struct Case {
         LevelThresholds figures;
