@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "app/dialogs/advanced_dialog.h"
@@ -54,9 +55,11 @@ HRESULT HandleDisplayState(HWND window, HRESULT state) {
     return state;
 }
 
+/// After 25 days without a frame the signed difference is negative.
 void KeepPace() {
     const auto elapsed = static_cast<std::int32_t>(GetTickCount() - lastFrameTick);
-    if (elapsed < kFramePauseMs) Sleep(static_cast<std::uint32_t>(kFramePauseMs - elapsed));
+    const std::int32_t pause = kFramePauseMs - std::max(elapsed, 0);
+    if (pause > 0) Sleep(static_cast<std::uint32_t>(pause));
 }
 
 }  // namespace

@@ -141,6 +141,12 @@ TEST_F(StartUpTest, FramesAreTenMillisecondsApartAndStopWhileMinimised) {
     const std::uint32_t start = Headless().Milliseconds();
     Passes(100);
     EXPECT_EQ(Headless().Milliseconds() - start, 1000u);
+    for (const std::uint32_t days : {20u, 26u, 49u}) {
+        Headless().Advance(days * 86'400'000);
+        const std::uint32_t before = Headless().Milliseconds();
+        Passes(1);
+        EXPECT_LE(Headless().Milliseconds() - before, 10u) << "after " << days << " days";
+    }
 
     Headless().Push({.type = HostEventType::Minimized});
     int waits = 0;
