@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <utility>
 
 namespace korvane {
 namespace {
@@ -13,16 +14,6 @@ constexpr std::uint32_t kInfoHeaderSize = 40;
 constexpr std::uint32_t kLargestInfoHeaderSize = 124;
 constexpr std::uint32_t kUncompressed = 0;
 constexpr std::uint32_t kBitFields = 3;
-
-struct Header {
-    SIZE size;
-    bool topDown = false;
-    unsigned bits = 0;
-    std::size_t paletteOffset = 0;
-    std::size_t paletteCount = 0;
-    std::size_t pixelOffset = 0;
-    std::size_t rowBytes = 0;  ///< in the file, padded to four bytes
-};
 
 std::uint32_t Byte(std::span<const std::byte> file, std::size_t at) {
     return std::to_integer<std::uint32_t>(file[at]);
@@ -53,7 +44,7 @@ bool IsKnownFormat(std::span<const std::byte> file, unsigned bits, std::uint32_t
     return knownDepth && compression == kUncompressed;
 }
 
-std::optional<Header> ReadHeader(std::span<const std::byte> file) {
+std::optional<BmpLayout> ReadHeader(std::span<const std::byte> file) {
     if (file.size() < kFileHeaderSize + kInfoHeaderSize || file.size() > kMaxBitmapBytes)
         return std::nullopt;
     if (Word(file, 0) != 0x4D42) return std::nullopt;  // "BM"
@@ -66,7 +57,7 @@ std::optional<Header> ReadHeader(std::span<const std::byte> file) {
     if (width < 1 || width > kMaxBitmapSide || rows < 1 || rows > kMaxBitmapSide)
         return std::nullopt;
 
-    Header header;
+    BmpLayout header;
     header.size = {static_cast<std::int32_t>(width), static_cast<std::int32_t>(rows)};
     header.topDown = height < 0;
     header.bits = Word(file, 28);
@@ -89,14 +80,6 @@ std::optional<Header> ReadHeader(std::span<const std::byte> file) {
         if (header.paletteOffset + header.paletteCount * 4 > file.size()) return std::nullopt;
     }
     return header;
-}
-
-/// All 256 entries, so that an index beyond the file's palette is black and not a fault.
-std::array<std::uint32_t, 256> ReadPalette(std::span<const std::byte> file, const Header& header) {
-    std::array<std::uint32_t, 256> palette{};
-    for (std::size_t i = 0; i < header.paletteCount; ++i)
-        palette[i] = Long(file, header.paletteOffset + 4 * i) & 0x00FFFFFF;
-    return palette;
 }
 
 void DecodeRow(std::span<const std::byte> row, unsigned bits,
@@ -122,18 +105,33 @@ void DecodeRow(std::span<const std::byte> row, unsigned bits,
 
 }  // namespace
 
+std::optional<BmpFile> BmpFile::Open(std::vector<std::byte> file) {
+    const std::optional<BmpLayout> layout = ReadHeader(file);
+    if (!layout) return std::nullopt;
+    return BmpFile(std::move(file), *layout);
+}
+
+BmpFile::BmpFile(std::vector<std::byte> file, const BmpLayout& layout)
+    : file_(std::move(file)), layout_(layout) {
+    for (std::size_t i = 0; i < layout_.paletteCount; ++i)
+        palette_[i] = Long(file_, layout_.paletteOffset + 4 * i) & 0x00FFFFFF;
+}
+
+void BmpFile::ReadRow(int y, std::span<std::uint32_t> pixels) const {
+    const auto stored = static_cast<std::size_t>(layout_.topDown ? y : layout_.size.cy - 1 - y);
+    DecodeRow(
+        std::span(file_).subspan(layout_.pixelOffset + stored * layout_.rowBytes, layout_.rowBytes),
+        layout_.bits, palette_, pixels);
+}
+
 std::optional<DecodedBitmap> DecodeBmp(std::span<const std::byte> file) {
-    const std::optional<Header> header = ReadHeader(file);
-    if (!header) return std::nullopt;
-    const auto palette = ReadPalette(file, *header);
-    const auto width = static_cast<std::size_t>(header->size.cx);
-    const auto height = static_cast<std::size_t>(header->size.cy);
-    DecodedBitmap bitmap{header->size, std::vector<std::uint32_t>(width * height)};
-    for (std::size_t y = 0; y < height; ++y) {
-        const std::size_t stored = header->topDown ? y : height - 1 - y;
-        DecodeRow(file.subspan(header->pixelOffset + stored * header->rowBytes, header->rowBytes),
-                  header->bits, palette, std::span(bitmap.pixels).subspan(y * width, width));
-    }
+    const auto bmp = BmpFile::Open({file.begin(), file.end()});
+    if (!bmp) return std::nullopt;
+    const auto width = static_cast<std::size_t>(bmp->Size().cx);
+    const auto height = static_cast<std::size_t>(bmp->Size().cy);
+    DecodedBitmap bitmap{bmp->Size(), std::vector<std::uint32_t>(width * height)};
+    for (std::size_t y = 0; y < height; ++y)
+        bmp->ReadRow(static_cast<int>(y), std::span(bitmap.pixels).subspan(y * width, width));
     return bitmap;
 }
 

@@ -1,6 +1,7 @@
 #include "platform/surfaces/gdi.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "platform/draw/bmp.h"
@@ -9,7 +10,7 @@
 namespace korvane {
 
 struct GdiBitmap {
-    DecodedBitmap decoded;
+    BmpFile file;
 };
 
 namespace {
@@ -21,26 +22,19 @@ class MemoryContext final : public DeviceContext {
   public:
     void Select(GdiBitmap* bitmap) { bitmap_ = bitmap; }
 
-    SIZE Size() const override { return bitmap_ ? bitmap_->decoded.size : SIZE{1, 1}; }
+    SIZE Size() const override { return bitmap_ ? bitmap_->file.Size() : SIZE{1, 1}; }
 
     void ReadRow(int y, std::span<std::uint32_t> pixels) const override {
         if (bitmap_) {
-            std::copy_n(RowAt(y), pixels.size(), pixels.begin());
+            bitmap_->file.ReadRow(y, pixels);
         } else {
             std::fill(pixels.begin(), pixels.end(), 0);
         }
     }
 
-    void WriteRow(int y, std::span<const std::uint32_t> pixels) override {
-        if (bitmap_) std::copy(pixels.begin(), pixels.end(), RowAt(y));
-    }
+    void WriteRow(int /*y*/, std::span<const std::uint32_t> /*pixels*/) override {}
 
   private:
-    std::uint32_t* RowAt(int y) const {
-        return bitmap_->decoded.pixels.data() +
-               static_cast<std::ptrdiff_t>(y) * bitmap_->decoded.size.cx;
-    }
-
     GdiBitmap* bitmap_ = nullptr;
 };
 
@@ -52,15 +46,15 @@ constexpr std::uint32_t SwapRedAndBlue(std::uint32_t colour) {
 
 HBITMAP LoadImageA(const std::string& path) {
     if (path.size() > kLongestPath) return nullptr;
-    const auto file = TheHost().GameFiles().Read(path, kMaxBitmapBytes);
+    auto file = TheHost().GameFiles().Read(path, kMaxBitmapBytes);
     if (!file) return nullptr;
-    auto decoded = DecodeBmp(*file);
-    return decoded ? new GdiBitmap{std::move(*decoded)} : nullptr;
+    auto bitmap = BmpFile::Open(std::move(*file));
+    return bitmap ? new GdiBitmap{std::move(*bitmap)} : nullptr;
 }
 
 BITMAP GetObjectA(HBITMAP bitmap) {
     if (!bitmap) return {};
-    return {bitmap->decoded.size.cx, bitmap->decoded.size.cy};
+    return {bitmap->file.Size().cx, bitmap->file.Size().cy};
 }
 
 void DeleteObject(HBITMAP bitmap) {

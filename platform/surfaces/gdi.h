@@ -38,7 +38,8 @@ void DeleteObject(HBITMAP bitmap);
 /// A memory context of one black pixel until a bitmap is selected into it. The caller frees it with
 /// DeleteDC.
 HDC CreateCompatibleDC();
-/// Makes a memory context draw on a bitmap, which stays the caller's.
+/// Lets a bitmap, which stays the caller's, be copied from a memory context. A bitmap is as its
+/// file has it: drawing on it does nothing.
 void SelectObject(HDC memory, HBITMAP bitmap);
 void DeleteDC(HDC memory);
 
