@@ -153,15 +153,31 @@ HRESULT Display::CopyToBackBuffer(std::uint32_t x, std::uint32_t y, IDirectDrawS
     return backBuffer_->BltFast(x, y, source, sourceArea, flags);
 }
 
+bool Display::FitsBudget(HBITMAP bitmap, bool fromSkin) const {
+    if (!bitmap || !backBuffer_) return bitmap != nullptr;
+    DDSURFACEDESC2 description;
+    backBuffer_->GetSurfaceDesc(description);
+    const BITMAP size = GetObjectA(bitmap);
+    const auto pixels =
+        static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
+    return pictureBudget.Take(pixels * static_cast<std::size_t>(description.format.bits) / 8,
+                              fromSkin);
+}
+
 HRESULT Display::CreateSurfaceFromBitmap(const std::string& fileName,
-                                         std::unique_ptr<OffscreenSurface>& surface, SIZE& size) {
+                                         std::unique_ptr<OffscreenSurface>& surface, SIZE& size,
+                                         std::int32_t leastSide) {
     surface.reset();
     if (!directDraw_ || fileName.empty()) return E_INVALIDARG;
     UniqueBitmap bitmap(LoadImageA(SkinPath(fileName)));
-    if (!bitmap) bitmap.reset(LoadImageA(FallbackPicturePath(fileName)));
-    if (!bitmap) return E_FAIL;
+    if (!FitsBudget(bitmap.get(), /*fromSkin=*/true)) {
+        bitmap.reset(LoadImageA(FallbackPicturePath(fileName)));
+        if (!FitsBudget(bitmap.get(), /*fromSkin=*/false)) return E_FAIL;
+    }
     const BITMAP information = GetObjectA(bitmap.get());
-    size = {information.width, information.height};
+    const SIZE copies{(leastSide + information.width - 1) / information.width,
+                      (leastSide + information.height - 1) / information.height};
+    size = {copies.cx * information.width, copies.cy * information.height};
 
     DDSURFACEDESC2 description;
     description.flags = DDSD_CAPS | DDSD_HEIGHT | DDSD_WIDTH;
@@ -172,7 +188,7 @@ HRESULT Display::CreateSurfaceFromBitmap(const std::string& fileName,
     const HRESULT result = created->Create(directDraw_.get(), description);
     if (Failed(result)) return result;
     surface = std::move(created);
-    return surface->CopyBitmap(bitmap.get());
+    return surface->CopyBitmap(bitmap.get(), copies);
 }
 
 }  // namespace korvane

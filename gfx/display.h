@@ -38,10 +38,13 @@ class Display final {
                              const RECT& sourceArea, std::uint32_t flags);
 
     /// Loads a picture of the current skin, or the fallback folder's, into a new surface.
-    /// E_INVALIDARG without display object or name, E_FAIL when neither place has a bitmap; a
-    /// surface that could be made but not filled is handed out all the same, with the error.
+    /// E_INVALIDARG without display object or name, E_FAIL when neither place has a bitmap that the
+    /// picture budget allows; a surface that could be made but not filled is handed out all the
+    /// same, with the error. `size` is that of the surface. With a `leastSide` the surface holds
+    /// the bitmap as often side by side as it takes to make both sides that long.
     HRESULT CreateSurfaceFromBitmap(const std::string& fileName,
-                                    std::unique_ptr<OffscreenSurface>& surface, SIZE& size);
+                                    std::unique_ptr<OffscreenSurface>& surface, SIZE& size,
+                                    std::int32_t leastSide = 1);
 
     IDirectDraw7* DirectDraw() const { return directDraw_.get(); }
     IDirectDrawSurface7* FrontBuffer() const { return frontBuffer_.get(); }
@@ -52,6 +55,7 @@ class Display final {
     HRESULT CreateFlippingChain();
     HRESULT CreateWindowedBuffers(std::int32_t width, std::int32_t height);
     HRESULT ClipToWindow(HWND window);
+    bool FitsBudget(HBITMAP bitmap, bool fromSkin) const;
 
     UniqueInterface<IDirectDraw7> directDraw_;
     UniqueInterface<IDirectDrawSurface7> frontBuffer_;

@@ -24,7 +24,7 @@ HRESULT OffscreenSurface::Create(IDirectDraw7* directDraw, const DDSURFACEDESC2&
     return result;
 }
 
-HRESULT OffscreenSurface::CopyBitmap(HBITMAP bitmap) {
+HRESULT OffscreenSurface::CopyBitmap(HBITMAP bitmap, SIZE copies) {
     if (!bitmap || !surface_) return E_INVALIDARG;
     HRESULT result = surface_->Restore();
     if (Failed(result)) return result;
@@ -40,9 +40,12 @@ HRESULT OffscreenSurface::CopyBitmap(HBITMAP bitmap) {
     HDC context = nullptr;
     result = surface_->GetDC(context);
     if (Failed(result)) return result;
-    const RECT all{0, 0, static_cast<std::int32_t>(description_.width),
-                   static_cast<std::int32_t>(description_.height)};
-    StretchBlt(context, all, memory.get(), {0, 0, size.width, size.height});
+    const SIZE copy{static_cast<std::int32_t>(description_.width) / copies.cx,
+                    static_cast<std::int32_t>(description_.height) / copies.cy};
+    for (int y = 0; y < copies.cy; ++y)
+        for (int x = 0; x < copies.cx; ++x)
+            StretchBlt(context, RectAt({x * copy.cx, y * copy.cy}, copy), memory.get(),
+                       {0, 0, size.width, size.height});
     return surface_->ReleaseDC(context);
 }
 

@@ -12,10 +12,10 @@ class OffscreenSurface {
     /// Makes the surface and reads its description back; the display's error on failure.
     HRESULT Create(IDirectDraw7* directDraw, const DDSURFACEDESC2& wanted);
 
-    /// Fills the surface with a bitmap, stretched if the sizes differ; colours are converted to the
-    /// surface's format. E_INVALIDARG without bitmap or surface, E_NOTIMPL for a surface without
-    /// plain pixels, else the error of the failing step.
-    HRESULT CopyBitmap(HBITMAP bitmap);
+    /// Fills the surface with so many copies of a bitmap side by side, stretched if the sizes
+    /// differ; colours are converted to the surface's format. E_INVALIDARG without bitmap or
+    /// surface, E_NOTIMPL for a surface without plain pixels, else the error of the failing step.
+    HRESULT CopyBitmap(HBITMAP bitmap, SIZE copies = {1, 1});
     /// Makes pixels of this colour transparent in keyed copies. E_POINTER without a surface.
     HRESULT ApplyColorKey(COLORREF colour);
     /// The raw pixel value that drawing in this colour gives (CLR_INVALID: that of the pixel which

@@ -9,6 +9,14 @@
 namespace korvane {
 
 SkinColorKeys skinColorKeys;
+PictureBudget pictureBudget;
+
+bool PictureBudget::Take(std::size_t bytes, bool fromSkin) {
+    std::size_t& used = used_[fromSkin ? 1 : 0];
+    if (bytes > kMost - used) return false;
+    used += bytes;
+    return true;
+}
 
 std::string SkinPath(const std::string& fileName) {
     return "Skins\\" + theSettings.skinName + "\\" + fileName;

@@ -12,6 +12,25 @@ std::string SkinPath(const std::string& fileName);
 /// Where a picture is looked for when the skin lacks it.
 std::string FallbackPicturePath(const std::string& fileName);
 
+/// What the pictures of a skin may take together in the display's format, in bytes. Beyond it a
+/// picture counts as missing, so that a small archive cannot take all memory. What comes from the
+/// fallback folder has a budget of its own.
+class PictureBudget {
+  public:
+    static constexpr std::size_t kMost = std::size_t{64} << 20;
+
+    /// To be called before the pictures of a skin are loaded.
+    void Begin() { used_ = {}; }
+    /// False, with nothing taken, when there is not so much left.
+    bool Take(std::size_t bytes, bool fromSkin);
+
+  private:
+    std::array<std::size_t, 2> used_{};
+};
+
+/// The budget of the pictures that are loaded now.
+extern PictureBudget pictureBudget;
+
 /// The three transparent colours of a skin.
 class SkinColorKeys {
   public:

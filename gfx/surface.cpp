@@ -7,17 +7,25 @@
 
 namespace korvane {
 
-Surface::Surface(const std::string& fileName) {
-    Load(fileName);
+namespace {
+
+/// Tiles of this size fill a screen in fewer than a hundred copies.
+constexpr std::int32_t kLeastTileSide = 64;
+
+}  // namespace
+
+Surface::Surface(const std::string& fileName, Use use) {
+    Load(fileName, use);
 }
 
-bool Surface::Load(const std::string& fileName) {
+bool Surface::Load(const std::string& fileName, Use use) {
     offscreen_.reset();
     loaded_ = false;
     width_ = height_ = 0;
     if (!currentDisplay) return false;
     SIZE size;
-    const HRESULT result = currentDisplay->CreateSurfaceFromBitmap(fileName, offscreen_, size);
+    const HRESULT result = currentDisplay->CreateSurfaceFromBitmap(
+        fileName, offscreen_, size, use == Use::Tile ? kLeastTileSide : 1);
     if (Failed(result)) return false;
     width_ = size.cx;
     height_ = size.cy;

@@ -11,12 +11,16 @@ namespace korvane {
 /// A picture of the skin. One that could not be loaded draws nothing and reports nothing.
 class Surface {
   public:
+    /// What a picture is for. One for DrawTiled alone is kept several times side by side when it is
+    /// small: copying single pixels all over a screen takes long. Its size is that of the whole.
+    enum class Use { Single, Tile };
+
     /// Loads the file at once; the name is relative to the skin folder.
-    explicit Surface(const std::string& fileName);
+    explicit Surface(const std::string& fileName, Use use = Use::Single);
     virtual ~Surface() = default;
 
     /// Loads another picture in place, with colour key 0; false when there is none to be had.
-    bool Load(const std::string& fileName);
+    bool Load(const std::string& fileName, Use use = Use::Single);
 
     /// Copies a part of the picture to the back buffer; a source width or height below 1 means the
     /// whole picture's. Nothing is clipped: a copy that leaves the picture or the buffer is

@@ -5,6 +5,7 @@
 #include "game/frame/game_frame.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
+#include "gfx/skin.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
 
@@ -15,6 +16,7 @@ void ReloadSkinGraphics() {
         currentDisplay->FrontBuffer()->Restore();
         currentDisplay->BackBuffer()->Restore();
     }
+    pictureBudget.Begin();
     if (theFont) theFont->Reload();
     if (theMenuScreen) theMenuScreen->ReloadPictures();
     if (theHighScoreScreen) theHighScoreScreen->ReloadPictures();

@@ -5,12 +5,14 @@
 #include "game/frame/skin_sounds.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
+#include "gfx/skin.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
 
 namespace korvane {
 
 void SetStage() {
+    pictureBudget.Begin();
     theGameArt.Load();
     theGameArt.LoadLevelSound();
     theFont = std::make_unique<BitmapFont>();

@@ -9,12 +9,13 @@ namespace {
 struct ArtFile {
     const char* name;
     int colorKey;
+    Surface::Use use = Surface::Use::Single;
 };
 
 // In the order of `Art`, which is the order of loading.
 constexpr std::array<ArtFile, static_cast<std::size_t>(Art::Count)> kArtFiles = {{
-    {"Background.bmp", 0},
-    {"Game\\Background.bmp", 0},
+    {"Background.bmp", 0, Surface::Use::Tile},
+    {"Game\\Background.bmp", 0, Surface::Use::Tile},
     {"Game\\previewframe.bmp", 0},
     {"Game\\playboard.bmp", 0},
     {"Game\\gameover.bmp", 1},
@@ -43,7 +44,7 @@ constinit GameArt& theGameArt = room.object;
 void GameArt::Load() {
     skinColorKeys.Load();
     for (std::size_t i = 0; i < kArtFiles.size(); ++i) {
-        pictures_[i] = std::make_unique<Surface>(kArtFiles[i].name);
+        pictures_[i] = std::make_unique<Surface>(kArtFiles[i].name, kArtFiles[i].use);
         ApplyOwnColorKey(*pictures_[i], kArtFiles[i]);
     }
     loaded_ = true;
@@ -52,7 +53,7 @@ void GameArt::Load() {
 void GameArt::Reload() {
     if (!loaded_) return;
     for (std::size_t i = 0; i < kArtFiles.size(); ++i) {
-        pictures_[i]->Load(kArtFiles[i].name);
+        pictures_[i]->Load(kArtFiles[i].name, kArtFiles[i].use);
         ApplyOwnColorKey(*pictures_[i], kArtFiles[i]);
     }
 }

@@ -42,6 +42,35 @@ TEST_F(SurfaceTest, LooksInTheSkinThenInTheFallbackFolder) {
     }
 }
 
+TEST_F(SurfaceTest, BeyondTheBudgetOfASkinTheFallbackIsTaken) {
+    theSettings.skinName = "Mine";
+    folder.Write("Skins/Mine/x.bmp",
+                 MakeBmp({.width = 4096, .height = 2048, .bits = 1, .palette = {0, 0}}));
+    folder.Write("Graphics/Original/x.bmp", Flat(4, 4, kBlue));
+    for (int loads = 0; loads < 2; ++loads) {
+        pictureBudget.Begin();
+        for (const int width : {4096, 4096, 4, 4})
+            EXPECT_EQ(Surface("x.bmp").Width(), width) << "32 MiB each";
+    }
+}
+
+TEST_F(SurfaceTest, ASmallTileFillsAnAreaAsItsPictureWould) {
+    folder.Write("Skins/Original/x.bmp",
+                 MakeBmp({.width = 3, .height = 70, .pixel = [](int x, int y) {
+                              return 0x010000u * static_cast<std::uint32_t>(x + 1) +
+                                     static_cast<std::uint32_t>(y);
+                          }}));
+    const Surface tile("x.bmp", Surface::Use::Tile);
+    EXPECT_EQ((SIZE{tile.Width(), tile.Height()}), (SIZE{66, 70}));
+    Clear();
+    tile.DrawTiled(5, 7, 200, 150);
+    for (const POINT at : {POINT{0, 0}, {2, 69}, {3, 70}, {65, 1}, {66, 139}, {199, 149}})
+        EXPECT_EQ(Shown(5 + at.x, 7 + at.y), 0x010000u * static_cast<std::uint32_t>(at.x % 3 + 1) +
+                                                 static_cast<std::uint32_t>(at.y % 70))
+            << at.x << ", " << at.y;
+    EXPECT_EQ(Shown(205, 7) | Shown(5, 157) | Shown(4, 7), 0u);
+}
+
 TEST_F(SurfaceTest, ASkinsNameCannotLeadOutOfTheSkinsFolder) {
     TemporaryFolder elsewhere;
     elsewhere.Write("x.bmp", Flat(4, 4, kRed));

@@ -125,7 +125,6 @@ const CheckCase kFaults[] = {
     {"menu/startbut.bmp", "", Warning, "misspelt"},
     {"Audio/Trible.wav", "", Warning, "misspelt"},
 
-    {"Background.bmp", Sized(15, 64), Warning, "thousands of times"},
     {"Letters.bmp", Sized(415, 16), Error, "26 cells"},
     {"Game/statistics.bmp", Sized(56, 19), Error, "7 cells"},
     {"KeyConfig/keys2.bmp", Sized(581, 44), Warning, "never shows"},
@@ -197,6 +196,18 @@ TEST_F(SkinChecks, MissingPicturesThatTheOriginalCannotReplace) {
     Make("Game/pause.bmp", kMissing);
     std::filesystem::remove(folder.Path() + "/Skins/Original/Game/pause.bmp");
     EXPECT_TRUE(Finds(Error, "Game/pause.bmp", "neither"));
+}
+
+TEST_F(SkinChecks, PicturesThatTakeTooMuchTogether) {
+    const Paint huge = [](BmpRecipe& picture) {
+        const std::uint32_t colour = picture.pixel(0, 0);
+        picture = {.width = 4096, .height = 2048, .bits = 8, .palette = {colour}};
+        picture.palette.resize(256);
+    };
+    Make("Background.bmp", huge);
+    EXPECT_TRUE(Finds(Note, "", "", 0));
+    Make("Game/Background.bmp", huge);
+    EXPECT_TRUE(Finds(Error, "Game/Background.bmp", "finds no room: the pictures of a skin take"));
 }
 
 /// Which kinds of characters are hard to read somewhere, and what else is found.

@@ -12,6 +12,7 @@ void DisplayFixture::SetUp() {
     skinColorKeys = {};
     RegisterClass({"Test", DefWindowProc});
     window = CreateWindowEx(0, "Test", "", 0, {0, 0}, {640, 480});
+    pictureBudget.Begin();
     currentDisplay = std::make_unique<Display>();
     ASSERT_EQ(currentDisplay->OpenWindowed(window, 640, 480), S_OK);
     Clear();

@@ -31,7 +31,12 @@ std::string WhatIsWrong(const std::string& file) {
 void CheckPicture(const CheckedSkin& skin, const PictureRow& row, Report& report) {
     const SkinPicture& picture = skin.Picture(row);
     if (picture.isOwn) return;
-    if (picture.isThere) {
+    if (picture.isTooMuch) {
+        report.Add(
+            Severity::Error, row.file,
+            Text("finds no room: the pictures of a skin take at most ", PictureBudget::kMost >> 20,
+                 " MiB together, four bytes a pixel; make them smaller"));
+    } else if (picture.isThere) {
         report.Add(Severity::Error, row.file,
                    Text(WhatIsWrong(std::string(row.file)),
                         "; save it as an uncompressed BMP of 24 bits (the Original's shows until "

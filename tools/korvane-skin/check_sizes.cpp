@@ -1,5 +1,4 @@
 #include "tools/korvane-skin/checks.h"
-#include "tools/korvane-skin/limits.h"
 
 namespace korvane {
 namespace {
@@ -28,15 +27,6 @@ void CheckRoom(const PictureRow& row, SIZE view, Report& report) {
         report.Add(Severity::Warning, row.file,
                    Text(SizeOf(view), " covers what is beside it; its room is ", SizeOf(row.room)));
     }
-}
-
-void CheckTile(const PictureRow& row, SIZE size, Report& report) {
-    if (size.cx < kLeastTileSide || size.cy < kLeastTileSide)
-        report.Add(Severity::Warning, row.file,
-                   Text(SizeOf(size),
-                        " is laid out thousands of times in each frame; lay some side "
-                        "by side in the file, up to ",
-                        SizeOf(row.room)));
 }
 
 void CheckExact(const PictureRow& row, SIZE size, Report& report) {
@@ -77,8 +67,6 @@ void CheckButton(const CheckedSkin& skin, const PictureRow& row, SIZE size, Repo
 
 void CheckSize(const CheckedSkin& skin, const PictureRow& row, SIZE size, Report& report) {
     switch (row.kind) {
-        case PictureKind::Tile:
-            return CheckTile(row, size, report);
         case PictureKind::Single:
             return CheckRoom(row, size, report);
         case PictureKind::Exact:
@@ -87,6 +75,7 @@ void CheckSize(const CheckedSkin& skin, const PictureRow& row, SIZE size, Report
             return CheckButton(skin, row, size, report);
         case PictureKind::Cells:
             return CheckCells(row, size, report);
+        case PictureKind::Tile:
         case PictureKind::Keys:
             return;
     }

@@ -10,9 +10,20 @@
 namespace korvane {
 namespace {
 
-std::optional<DecodedBitmap> Decode(const std::string& path) {
-    const auto file = TheHost().GameFiles().Read(path, kMaxBitmapBytes);
-    return file ? DecodeBmp(*file) : std::nullopt;
+using File = std::vector<std::byte>;
+
+File Read(const std::string& path) {
+    return TheHost().GameFiles().Read(path, kMaxBitmapBytes).value_or(File());
+}
+
+/// Whether the budget has room for a picture on a display of 32 bits a pixel. A file that is no
+/// picture needs none.
+bool HasRoom(PictureBudget& budget, const File& file) {
+    const auto bmp = BmpFile::Open(file);
+    if (!bmp) return true;
+    const RECT area = RectAt({0, 0}, bmp->Size());
+    return budget.Take(static_cast<std::size_t>(area.PixelCount()) * sizeof(std::uint32_t),
+                       /*fromSkin=*/true);
 }
 
 std::uint32_t FromGdi(COLORREF colour) {
@@ -23,13 +34,16 @@ std::uint32_t FromGdi(COLORREF colour) {
 
 CheckedSkin::CheckedSkin() {
     ListFolder("");
+    PictureBudget budget;
     for (const PictureRow& row : kPictures) {
         const std::string file(row.file);
         SkinPicture& picture = pictures_[IndexOf(row)];
         picture.isThere = Has(file);
-        picture.bitmap = Decode(SkinPath(file));
+        const File own = Read(SkinPath(file));
+        picture.isTooMuch = !HasRoom(budget, own);
+        if (!picture.isTooMuch) picture.bitmap = DecodeBmp(own);
         picture.isOwn = picture.bitmap.has_value();
-        if (!picture.isOwn) picture.bitmap = Decode(FallbackPicturePath(file));
+        if (!picture.isOwn) picture.bitmap = DecodeBmp(Read(FallbackPicturePath(file)));
     }
     keys_ = LoadKeys();
     const std::string name = theSettings.skinName;

@@ -14,8 +14,9 @@ namespace korvane {
 
 /// A picture as the game would get it.
 struct SkinPicture {
-    bool isThere = false;  ///< the skin has a file for it
-    bool isOwn = false;    ///< the picture is the skin's, not the Original's
+    bool isThere = false;    ///< the skin has a file for it
+    bool isOwn = false;      ///< the picture is the skin's, not the Original's
+    bool isTooMuch = false;  ///< the skin's other pictures leave no room for it
     /// Nothing when neither skin has one that can be read.
     std::optional<DecodedBitmap> bitmap;
 };

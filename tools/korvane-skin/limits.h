@@ -30,7 +30,4 @@ inline constexpr double kLeastColourDistance = 5.0;
 /// a soft brush or scaling leaves it.
 inline constexpr double kFringeDistance = 128.0;
 
-/// Smaller background tiles are copied so often in each frame that it takes time.
-inline constexpr int kLeastTileSide = 16;
-
 }  // namespace korvane
