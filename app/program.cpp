@@ -1,7 +1,10 @@
 #include "app/program.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
+#include <memory>
+#include <new>
 
 #include "app/dialogs/advanced_dialog.h"
 #include "app/display_switch.h"
@@ -62,6 +65,17 @@ void KeepPace() {
     if (pause > 0) Sleep(static_cast<std::uint32_t>(pause));
 }
 
+/// Whatever the box still needs, the data come first.
+int EndWithoutMemory() {
+    SaveAll();
+    try {
+        ShowError("There is not enough memory. Korvane will now exit. ");
+    } catch (const std::bad_alloc&) {
+        // The exit code has to tell it.
+    }
+    return EXIT_FAILURE;
+}
+
 }  // namespace
 
 HRESULT RenderFrame(HWND window) {
@@ -81,6 +95,7 @@ HRESULT RenderFrame(HWND window) {
 }
 
 bool StartUp() {
+    SetEmergencySave(SaveAll);
     if (Failed(CreateMainWindow(mainWindow))) return false;
     if (Failed(InitDisplay(mainWindow))) {
         ShowError("DirectDraw init failed. Korvane will now exit. ");
@@ -124,9 +139,16 @@ std::optional<int> RunLoopPass() {
 }
 
 int RunProgram() {
-    if (!StartUp()) return 0;
-    for (;;) {
-        if (const std::optional<int> exitCode = RunLoopPass()) return *exitCode;
+    // What is given back when memory runs out: enough to save, and for a box.
+    auto reserve = std::make_unique_for_overwrite<std::byte[]>(std::size_t{1} << 20);
+    try {
+        if (!StartUp()) return 0;
+        for (;;) {
+            if (const std::optional<int> exitCode = RunLoopPass()) return *exitCode;
+        }
+    } catch (const std::bad_alloc&) {
+        reserve.reset();
+        return EndWithoutMemory();
     }
 }
 

@@ -14,6 +14,7 @@
 #include "audio/music_player.h"
 #include "game/frame/game_frame.h"
 #include "game/rules/key_bindings.h"
+#include "game/rules/level_table.h"
 #include "gfx/display.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
@@ -59,6 +60,12 @@ void OnDestroy() {
 void SaveScoresAndKeys() {
     if (theHighScoreScreen) theHighScoreScreen->Table().Save();
     if (theMenuScreen) keyBindings.Save();
+}
+
+void SaveAll() {
+    SaveScoresAndKeys();
+    theLevelTable.SaveTable();
+    theSettings.Save();
 }
 
 LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lParam) {

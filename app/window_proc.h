@@ -11,5 +11,7 @@ LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lPa
 
 /// Writes the high scores and the key bindings; each only while its screen exists.
 void SaveScoresAndKeys();
+/// Writes all that is kept, for an end that does not come by the usual way.
+void SaveAll();
 
 }  // namespace korvane

@@ -61,6 +61,8 @@ class HeadlessHost final : public Host {
     /// samples that were heard. Silence while there is no device.
     std::vector<std::int16_t> Hear(std::size_t frames);
     bool IsSoundOpen() const { return sound_ != nullptr; }
+    /// Saves as when the display never answers.
+    void SaveInEmergency() const { emergencySave_(); }
 
     // Faults on request.
 
@@ -105,6 +107,7 @@ class HeadlessHost final : public Host {
                     std::span<const RECT> changed) override;
     HRESULT DisplayState() override { return displayState_; }
     void Report(const std::string& caption, const std::string& text) override;
+    void SetEmergencySave(std::function<void()> save) override { emergencySave_ = std::move(save); }
     bool OpenSound(SoundSource& source) override;
     void CloseSound() override { sound_ = nullptr; }
     Files& GameFiles() override;
@@ -132,6 +135,7 @@ class HeadlessHost final : public Host {
     bool acceptsText_ = false;
     std::string clipboard_;
     std::function<void()> wake_;
+    std::function<void()> emergencySave_;
     std::unique_ptr<Files> files_;
 
     bool open_ = false;

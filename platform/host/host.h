@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -130,6 +131,12 @@ class Host {
     virtual HRESULT DisplayState() = 0;
     /// Tells the user something when no window can show it.
     virtual void Report(const std::string& caption, const std::string& text) = 0;
+
+    /// What saves the program's data in an emergency: the program was asked to end (Terminate), and
+    /// its thread has been waiting for the display since. Another thread calls `save`, at most
+    /// once, and then ends the process. `save` may read whatever the program's thread owns, since
+    /// that stays in its wait, and must not use the display.
+    virtual void SetEmergencySave(std::function<void()> save) = 0;
 
     /// Opens the sound device, which from then on asks `source` for frames until CloseSound
     /// returns. A device that vanishes meanwhile is looked for again without the caller noticing.

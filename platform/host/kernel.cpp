@@ -1,5 +1,7 @@
 #include "platform/host/kernel.h"
 
+#include <utility>
+
 #include "platform/host/host.h"
 
 namespace korvane {
@@ -29,6 +31,10 @@ std::int64_t SecondsSinceEpoch() {
 
 void Sleep(std::uint32_t milliseconds) {
     TheHost().Sleep(milliseconds);
+}
+
+void SetEmergencySave(std::function<void()> save) {
+    TheHost().SetEmergencySave(std::move(save));
 }
 
 Files& GameFiles() {

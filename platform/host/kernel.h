@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "platform/host/files.h"
 
@@ -17,6 +18,10 @@ std::uint32_t timeGetTime();
 /// Seconds since 1970-01-01 UTC.
 std::int64_t SecondsSinceEpoch();
 void Sleep(std::uint32_t milliseconds);
+
+/// Names what saves the program's data when the display keeps its thread for ever; see
+/// Host::SetEmergencySave.
+void SetEmergencySave(std::function<void()> save);
 
 /// All files are read and written through this: the game's own and those of skins.
 Files& GameFiles();

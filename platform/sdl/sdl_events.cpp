@@ -35,7 +35,10 @@ int MillisecondsUntil(std::optional<Clock::time_point> end) {
 }  // namespace
 
 bool SdlHost::NextEvent(HostEvent& event) {
-    if (pending_.empty()) PumpEvents();
+    if (pending_.empty()) {
+        const DisplayCall call(*this);
+        PumpEvents();
+    }
     if (pending_.empty()) return false;
     event = pending_.front();
     pending_.pop_front();
@@ -45,6 +48,7 @@ bool SdlHost::NextEvent(HostEvent& event) {
 void SdlHost::WaitForEvent(std::optional<std::uint32_t> milliseconds) {
     std::optional<Clock::time_point> end;
     if (milliseconds) end = Clock::now() + std::chrono::milliseconds(*milliseconds);
+    const DisplayCall call(*this);
     // SDL also returns for events that mean nothing to us.
     for (PumpEvents(); pending_.empty(); PumpEvents()) {
         const int left = MillisecondsUntil(end);

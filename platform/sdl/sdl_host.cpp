@@ -9,6 +9,7 @@
 #include <string_view>
 #include <thread>
 #include <tuple>
+#include <utility>
 
 #include "platform/sdl/heap.h"
 
@@ -58,6 +59,12 @@ bool DriverShowsNothing() {
     if (driver == nullptr) return true;
     const std::string_view name = driver;
     return (name == "offscreen" || name == "dummy") && SDL_GetHint(SDL_HINT_VIDEODRIVER) == nullptr;
+}
+
+void PushTerminate() {
+    SDL_Event event{};
+    event.type = kTerminateEvent;
+    SDL_PushEvent(&event);
 }
 
 RECT LayerRect(const SDL_Rect& area, int scale) {
@@ -115,11 +122,8 @@ bool SdlHost::StartVideo() {
     // before any other thread.
     if (SDL_InitSubSystem(SDL_INIT_EVENTS) != 0) return false;
     if (!signals_) {
-        signals_.emplace([] {
-            SDL_Event event{};
-            event.type = kTerminateEvent;
-            SDL_PushEvent(&event);
-        });
+        signals_.emplace(
+            SignalWatch::Actions{.ask = PushTerminate, .save = [this] { SaveInEmergency(); }});
     }
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return false;
     if (DriverShowsNothing()) {
@@ -131,7 +135,20 @@ bool SdlHost::StartVideo() {
     return true;
 }
 
+void SdlHost::SetEmergencySave(std::function<void()> save) {
+    emergencySave_ = std::move(save);
+}
+
+/// A thread that hangs somewhere else does not let go of the data. What it was doing to them then
+/// counts less than losing them.
+void SdlHost::SaveInEmergency() {
+    constexpr std::chrono::seconds kPatience{1};
+    std::ignore = data_.try_lock_for(kPatience);  // kept until the process ends
+    if (emergencySave_) emergencySave_();
+}
+
 bool SdlHost::OpenWindow(const std::string& title, SIZE clientSize) {
+    const DisplayCall call(*this);
     if (!StartVideo()) return false;
     scale_ = FittingScale(clientSize);
     window_.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
@@ -141,6 +158,7 @@ bool SdlHost::OpenWindow(const std::string& title, SIZE clientSize) {
 }
 
 void SdlHost::CloseWindow() {
+    const DisplayCall call(*this);
     window_.reset();
     fullScreen_ = shown_ = false;
     surface_ = WindowSurface();
@@ -152,6 +170,7 @@ void SdlHost::TrimSoon() {
 }
 
 void SdlHost::ShowWindow(bool visible) {
+    const DisplayCall call(*this);
     shown_ = visible;
     if (visible) {
         TrimSoon();

@@ -6,7 +6,9 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <span>
 #include <string>
@@ -65,6 +67,8 @@ class SdlHost final : public Host {
     HRESULT DisplayState() override;
     void Report(const std::string& caption, const std::string& text) override;
 
+    void SetEmergencySave(std::function<void()> save) override;
+
     bool OpenSound(SoundSource& source) override { return sound_.Open(source); }
     void CloseSound() override { sound_.Close(); }
 
@@ -75,7 +79,21 @@ class SdlHost final : public Host {
         void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
     };
 
+    /// Around what may wait for the display: the program's data keeps still meanwhile, so that it
+    /// can be saved in an emergency.
+    class DisplayCall {
+      public:
+        explicit DisplayCall(SdlHost& host) : host_(host) { host_.holdsData_.unlock(); }
+        ~DisplayCall() { host_.holdsData_.lock(); }
+        DisplayCall(const DisplayCall&) = delete;
+        DisplayCall& operator=(const DisplayCall&) = delete;
+
+      private:
+        SdlHost& host_;
+    };
+
     bool StartVideo();
+    void SaveInEmergency();
     int DisplayIndex() const;
     SDL_DisplayMode DesktopMode() const;
     /// The window's inside, in screen pixels.
@@ -120,6 +138,10 @@ class SdlHost final : public Host {
     /// The code that each held key went down as: it comes up as the same, also when NumLock or the
     /// layout has changed meanwhile.
     std::array<std::uint8_t, SDL_NUM_SCANCODES> held_{};
+    /// Held by the program's thread but for its calls of the display.
+    std::timed_mutex data_;
+    std::unique_lock<std::timed_mutex> holdsData_{data_};
+    std::function<void()> emergencySave_;
     std::optional<SignalWatch> signals_;
 };
 

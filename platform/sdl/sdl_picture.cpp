@@ -29,6 +29,7 @@ bool SdlHost::HasFrame() const {
 
 bool SdlHost::EnterFullScreen(SIZE pictureSize) {
     if (!window_) return false;
+    const DisplayCall call(*this);
     if (!fullScreen_) {
         windowed_ = WindowArea();
         isManaged_ = HasFrame();
@@ -67,6 +68,7 @@ bool SdlHost::AwaitReturnFrom(const SDL_Rect& full) const {
 
 void SdlHost::LeaveFullScreen() {
     if (!fullScreen_) return;
+    const DisplayCall call(*this);
     fullScreen_ = false;
     SDL_EnableScreenSaver();
     const SDL_Rect full = WindowArea();
@@ -119,6 +121,7 @@ HRESULT SdlHost::Present(const PictureView& picture, const RECT& target,
                          std::span<const RECT> changed) {
     using enum WindowSurface::State;
     if (!window_) return E_FAIL;
+    const DisplayCall call(*this);
     const RECT inWindow{target.left * scale_, target.top * scale_, target.right * scale_,
                         target.bottom * scale_};
     const WindowSurface::State state =

@@ -17,9 +17,20 @@ bool IsIgnored(int signal) {
 /// Ends the waiting thread. It is always watched, so it must be none of the others.
 constexpr int kEndSignal = SIGUSR2;
 
+/// Ends the process as the signal does where nobody takes it.
+void EndBy(int signal) {
+    std::signal(signal, SIG_DFL);
+    sigset_t only;
+    sigemptyset(&only);
+    sigaddset(&only, signal);
+    pthread_sigmask(SIG_UNBLOCK, &only, nullptr);
+    std::raise(signal);
+}
+
 }  // namespace
 
-SignalWatch::SignalWatch(std::function<void()> onSignal) : onSignal_(std::move(onSignal)) {
+SignalWatch::SignalWatch(Actions actions, std::chrono::milliseconds patience)
+    : actions_(std::move(actions)), patience_(patience) {
     sigemptyset(&signals_);
     sigaddset(&signals_, kEndSignal);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
@@ -44,12 +55,21 @@ SignalWatch::~SignalWatch() {
 }
 
 void SignalWatch::Run() {
-    for (;;) {
-        int signal = 0;
-        if (sigwait(&signals_, &signal) != 0) return;
-        if (ending_) return;
-        if (signal != kEndSignal) onSignal_();
+    int signal = kEndSignal;
+    while (signal == kEndSignal) {
+        if (sigwait(&signals_, &signal) != 0 || ending_) return;
     }
+    actions_.ask();
+    if (EndsInTime()) return;
+    actions_.save();
+    EndBy(signal);
+}
+
+bool SignalWatch::EndsInTime() const {
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(patience_);
+    const timespec patience{seconds.count(), std::chrono::nanoseconds(patience_ - seconds).count()};
+    sigtimedwait(&signals_, nullptr, &patience);
+    return ending_;
 }
 
 }  // namespace korvane

@@ -45,6 +45,10 @@ std::optional<std::uint32_t> Sooner(std::optional<std::uint32_t> a,
 ModalWindow::ModalWindow(Window& window, Overlay overlay)
     : window_(window), overlay_(overlay), alone_(!window.shown && !TheDesktop().fullScreen) {}
 
+ModalWindow::~ModalWindow() {
+    if (TheDesktop().modal == this) TheDesktop().modal = outer_;
+}
+
 void ModalWindow::Run() {
     if (IsEndWaiting()) return;
     Desktop& desktop = TheDesktop();

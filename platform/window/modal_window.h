@@ -17,7 +17,8 @@ namespace korvane {
 class ModalWindow {
   public:
     ModalWindow(Window& window, Overlay overlay);
-    virtual ~ModalWindow() = default;
+    /// One that an exception ends gives the input back as well.
+    virtual ~ModalWindow();
     ModalWindow(const ModalWindow&) = delete;
     ModalWindow& operator=(const ModalWindow&) = delete;
 

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <new>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -10,9 +11,13 @@
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
 #include "game/frame/game_frame.h"
+#include "game/rules/key_bindings.h"
+#include "game/rules/level_table.h"
 #include "platform/headless/headless_host.h"
+#include "screens/high_score_screen.h"
 #include "screens/menu_action.h"
 #include "tests/support/bmp_writer.h"
+#include "tests/support/dialog_script.h"
 #include "tests/support/program_fixture.h"
 #include "tests/support/shown_box.h"
 #include "tests/support/test_skin.h"
@@ -99,6 +104,60 @@ TEST_F(StartUpTest, AFullScreenThatFailsAtTheStartIsToldAndEndsTheProgram) {
         MSG quit;
         EXPECT_TRUE(PeekMessage(quit, PM_REMOVE));
     }
+}
+
+TEST_F(StartUpTest, WhenTheDisplayNeverAnswersAllFourFilesAreSaved) {
+    Start();
+    theHighScoreScreen->Submit(Side::Right, 5000, 1, 1);
+    keyBindings.Key(Action::Drop, Side::Left) = 'X';
+    theLevelTable.version = 152;
+    theSettings.players = 2;
+    Headless().SaveInEmergency();
+    EXPECT_EQ(folder.Read("data/hs.dat").at(22), std::byte{5000 & 0xFF});
+    EXPECT_EQ(folder.Read("data/keys.dat").at(6), std::byte{'X'});
+    EXPECT_EQ(folder.Read("data/sync.dat").at(0), std::byte{152});
+    EXPECT_EQ(folder.Read("data/menu.dat").at(0), std::byte{2});
+}
+
+/// Files of a folder; reading one with this name takes more memory than there is.
+class MemoryEater final : public Files {
+  public:
+    explicit MemoryEater(const std::string& folder) : files_(OpenDiskFiles(folder)) {}
+
+    std::optional<std::vector<std::byte>> Read(std::string_view path, std::size_t cap) override {
+        if (hungry && path.ends_with("pause.bmp")) throw std::bad_alloc();
+        return files_->Read(path, cap);
+    }
+    bool Replace(std::string_view path, std::span<const std::byte> bytes) override {
+        return files_->Replace(path, bytes);
+    }
+    std::optional<std::vector<FolderEntry>> List(std::string_view path) override {
+        return files_->List(path);
+    }
+
+    bool hungry = false;
+
+  private:
+    std::unique_ptr<Files> files_;
+};
+
+TEST_F(StartUpTest, WhenMemoryRunsOutTheGameIsSavedAndTheUserTold) {
+    auto files = std::make_unique<MemoryEater>(folder.Path());
+    MemoryEater& eater = *files;
+    Headless().UseFiles(std::move(files));
+    theSettings.showAdvancedAtStart = true;
+    const DialogScript script({[&] {
+                                   theHighScoreScreen->Submit(Side::Right, 5000, 1, 1);
+                                   eater.hungry = true;
+                               },
+                               VK_RETURN, [] { EXPECT_EQ(ShownDialog(), nullptr) << "a box"; },
+                               VK_RETURN});
+    EXPECT_EQ(RunProgram(), 1);
+    EXPECT_TRUE(script.WentAsWritten());
+    EXPECT_EQ(folder.Read("data/hs.dat").at(22), std::byte{5000 & 0xFF});
+    DestroyWindow(mainWindow);
+    MSG quit;
+    EXPECT_TRUE(PeekMessage(quit, PM_REMOVE));
 }
 
 TEST_F(StartUpTest, TheProgramWaitsWhileAnotherHasTheDisplay) {
