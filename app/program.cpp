@@ -76,6 +76,13 @@ int EndWithoutMemory() {
     return EXIT_FAILURE;
 }
 
+/// Xlib ends the process when the display dies, in whatever call that shows. The display's objects
+/// must go while the desktop that they belong to is still there.
+void EndWithoutWindow() {
+    SaveScoresAndKeys();
+    currentDisplay.reset();
+}
+
 }  // namespace
 
 HRESULT RenderFrame(HWND window) {
@@ -105,8 +112,7 @@ bool StartUp() {
     showFps = false;
     ChooseGameClock();
     SetStage();
-    // Xlib ends the process when the display dies, in whatever call that shows.
-    std::atexit(SaveScoresAndKeys);
+    std::atexit(EndWithoutWindow);
     nextFigureCheat = false;
     theMusic.SetScreenQuiet(MusicScreen::Menu);
     // Whoever ends the program in the first dialog does not see its window come up.

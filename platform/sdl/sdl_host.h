@@ -80,16 +80,22 @@ class SdlHost final : public Host {
     };
 
     /// Around what may wait for the display: the program's data keeps still meanwhile, so that it
-    /// can be saved in an emergency.
+    /// can be saved in an emergency. When the display dies, Xlib ends the process out of such a
+    /// call, and what ends then makes others.
     class DisplayCall {
       public:
-        explicit DisplayCall(SdlHost& host) : host_(host) { host_.holdsData_.unlock(); }
-        ~DisplayCall() { host_.holdsData_.lock(); }
+        explicit DisplayCall(SdlHost& host) : host_(host), isOuter_(host.holdsData_.owns_lock()) {
+            if (isOuter_) host_.holdsData_.unlock();
+        }
+        ~DisplayCall() {
+            if (isOuter_) host_.holdsData_.lock();
+        }
         DisplayCall(const DisplayCall&) = delete;
         DisplayCall& operator=(const DisplayCall&) = delete;
 
       private:
         SdlHost& host_;
+        const bool isOuter_;
     };
 
     bool StartVideo();
