@@ -117,8 +117,8 @@ class Game:
         button = self.buttons[name]
         self.click(button.x + button.width // 2, button.y + button.height // 2)
 
-    def end(self, what):
-        """Waits for the program to end, which it must do without an error."""
+    def end(self, what, expected=0):
+        """Waits for the program to end with an exit code (below 0: by that signal)."""
         wait_for(f"end of the program {what}", lambda: self.process.poll() is not None)
-        if self.process.returncode != 0:
+        if self.process.returncode != expected:
             raise TourFailure(f"{what} the program ended with {self.process.returncode}")

@@ -4,6 +4,7 @@ import contextlib
 import os
 import re
 import shutil
+import signal
 import subprocess
 import tempfile
 from pathlib import Path
@@ -57,6 +58,16 @@ class VirtualScreen:
         process = subprocess.Popen(command, env=self.environment | (environment or {}), **options)
         self.processes.append(process)
         return process
+
+    @contextlib.contextmanager
+    def halted(self):
+        """The server takes what it is sent and does not answer."""
+        server = self.processes[0]
+        server.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            server.send_signal(signal.SIGCONT)
 
     def close(self):
         for process in reversed(self.processes):
