@@ -129,7 +129,7 @@ bool ModalWindow::Takes(const HostEvent& event) {
             OnPointer(event, {event.x - corner_.x, event.y - corner_.y});
             return true;
         case HostEventType::CloseRequested:
-            return alone_ && OnCloseBox();
+            return OnCloseBox() || !alone_;
         case HostEventType::Terminate:
             return false;
         default:

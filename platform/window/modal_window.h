@@ -53,8 +53,8 @@ class ModalWindow {
     virtual void OnPointer(const HostEvent& event, POINT at) = 0;
     /// Somebody else gets the input now: a held mouse button counts as released.
     virtual void OnInputLost() {}
-    /// The close box of the window was used while the box is alone in it. False: that ends the
-    /// program.
+    /// The close box of the window was used. False: this box cannot be closed so, and if it is
+    /// alone in the window, that ends the program.
     virtual bool OnCloseBox() = 0;
     virtual bool WantsText() const { return false; }
     /// Milliseconds until Tick has something to do; it may also be called sooner.

@@ -103,7 +103,9 @@ TEST_F(DialogTest, WhatEndsIt) {
         {"close box", all, {ClickOn(closeBox)}, IDCANCEL},
         {"close box, no Cancel", Without(IDCANCEL), {ClickOn(closeBox)}, 0},
         {"Alt+F4", all, {Alt(VK_F4)}, IDCANCEL},
-        {"window closed", all, {PushClose}, -1},
+        {"window closed", all, {PushClose}, IDCANCEL},
+        {"window closed, no Cancel", Without(IDCANCEL), {PushClose}, 0},
+        {"window closed under a box", all, {Alt('P'), PushClose}, 0},
         {"terminated", all, {[] { Headless().Push({.type = HostEventType::Terminate}); }}, -1},
         {"quit", all, {[] { PostQuitMessage(3); }}, -1},
     };
