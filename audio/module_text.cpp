@@ -57,6 +57,9 @@ constexpr Keyword kKeywords[] = {
 }  // namespace
 
 void ApplyModuleText(std::string_view text, ModuleChoice& choice) {
+    // Some editors begin a UTF-8 text with a mark.
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
     for (int i = 0; i < kKeywordLines; ++i) {
         const std::string line = TakeLine(text);
         const auto* keyword = std::ranges::find_if(kKeywords, [&](const Keyword& known) {

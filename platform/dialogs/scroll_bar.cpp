@@ -1,5 +1,7 @@
 #include "platform/dialogs/scroll_bar.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 #include "platform/base/virtual_keys.h"
@@ -79,6 +81,16 @@ void ScrollBar::OnDragLost() {
     SendRequest(grip_.Release());
     SendRequest(SB_ENDSCROLL);
     Changed();
+}
+
+bool ScrollBar::OnWheel(int notches) {
+    constexpr int kLinesPerNotch = 3;
+    constexpr int kMostNotches = 100;  // a wheel that spins freely
+    const int lines = kLinesPerNotch * std::abs(std::clamp(notches, -kMostNotches, kMostNotches));
+    for (int i = 0; i < lines; ++i)
+        SendRequest(notches > 0 ? SB_LINELEFT : SB_LINERIGHT);
+    SendRequest(SB_ENDSCROLL);
+    return true;
 }
 
 void ScrollBar::SendRequest(ScrollGrip::Request request) {

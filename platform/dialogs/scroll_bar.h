@@ -23,6 +23,7 @@ class ScrollBar final : public Control {
     void OnDrag(POINT at) override;
     void OnRelease(POINT at) override;
     void OnDragLost() override;
+    bool OnWheel(int notches) override;
     std::optional<std::uint32_t> TimeToTick() const override { return grip_.TimeToTick(); }
     void Tick() override { SendRequest(grip_.Tick()); }
 

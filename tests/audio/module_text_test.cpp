@@ -33,6 +33,10 @@ TEST(ModuleTextTest, KeywordsAndTheirLines) {
         {"line ends of other systems",
          "FILENAME:\r\na.xm\r\nMENU START POSITION:\r\n7\r\n",
          {"a.xm", 7, 2, 3}},
+        {"a byte-order mark",
+         "\xEF\xBB\xBF"
+         "FILENAME:\na.xm\n",
+         {"a.xm", 1, 2, 3}},
         {"no line end at the end", "MENU START POSITION:\n7", {"before.xm", 7, 2, 3}},
         {"nothing", "", kBefore},
         {"a blank before or after", " FILENAME:\na\nFILENAME: \nb\n", kBefore},

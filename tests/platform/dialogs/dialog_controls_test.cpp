@@ -13,6 +13,14 @@ MousePlace In(std::uint16_t id, int right, int down) {
     };
 }
 
+Act Wheel(const MousePlace& at, int notches) {
+    return [=] {
+        HostEvent event = Mouse(HostEventType::Wheel, at());
+        event.amount = notches;
+        Headless().Push(event);
+    };
+}
+
 TEST_F(DialogTest, EditBox) {
     struct Case {
         const char* way;
@@ -77,11 +85,6 @@ TEST_F(DialogTest, ListBox) {
             Headless().PushLater(360, Mouse(HostEventType::LeftButtonUp, off));
         };
     };
-    const auto wheel = [&] {
-        HostEvent event = Mouse(HostEventType::Wheel, row(1)());
-        event.amount = -1;
-        Headless().Push(event);
-    };
     const Case cases[] = {
         {"Down from nothing", LB_ERR, {VK_DOWN}, 0, 0},
         {"Up at the top", 0, {VK_UP}, 0, 0},
@@ -98,7 +101,7 @@ TEST_F(DialogTest, ListBox) {
         {"drag", LB_ERR, {Drag(row(0), row(3))}, 3, 0},
         {"held below", 0, {heldOff(135)}, 6, 2},
         {"held just above", 6, {heldOff(-12)}, 0, 0},
-        {"wheel", 0, {wheel}, 0, 2},
+        {"wheel", 0, {Wheel(row(1), -1)}, 0, 2},
         {"arrow", 0, {ClickOn(bar(8))}, 0, 1},
         {"thumb", 0, {Drag(bar(55), bar(0))}, 0, 2},
     };
@@ -147,6 +150,8 @@ TEST_F(DialogTest, ScrollBar) {
         {"thumb to the end", 0, Drag(at(20), at(500)), 150, {105, 104, 108}},
         {"thumb to the middle", 0, Drag(at(20), at(20 + 55)), 75, {105, 104, 108}},
         {"thumb held still", 0, Drag(at(20), at(20)), 0, {104, 108}},
+        {"wheel towards the user", 50, Wheel(at(70), -1), 53, {101, 101, 101, 108}},
+        {"wheel away at the end", 1, Wheel(at(70), 2), 0, {100, 100, 100, 100, 100, 100, 108}},
         {"Right", 50, VK_RIGHT, 51, {101, 108}},
         {"Right is held while another key comes up", 50, letGoOfA, 52, {101, 101, 108}},
         {"Page down at the top", 145, VK_NEXT, 150, {103, 108}},
