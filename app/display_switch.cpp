@@ -17,10 +17,16 @@ HRESULT OpenWindow(HWND window) {
     return result;
 }
 
+/// Other systems count 15 bits of colours without the one that is left over, and 24 without those
+/// that only fill up.
+std::uint32_t DepthToOpen() {
+    const std::uint32_t bits = theSettings.fullscreenBpp;
+    return bits == 15 ? 16 : bits == 24 ? 32 : bits;
+}
+
 HRESULT OpenWholeScreen(HWND window) {
-    const HRESULT result =
-        currentDisplay->OpenFullScreen(window, kFrameWidth, kFrameHeight, theSettings.fullscreenBpp,
-                                       theSettings.fullscreenRefresh);
+    const HRESULT result = currentDisplay->OpenFullScreen(
+        window, kFrameWidth, kFrameHeight, DepthToOpen(), theSettings.fullscreenRefresh);
     if (Failed(result)) {
         ShowError("This display card does not support 640x480x8. ");
         return result;

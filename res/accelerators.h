@@ -15,6 +15,7 @@ inline constexpr std::array kAccelerators = {
     ACCEL{FCONTROL | FSHIFT, 'S', kCmdSfxSettings},
     ACCEL{0, VK_ESCAPE, kCmdGotoMenu},
     ACCEL{0, VK_F1, kCmdLeftRestart},
+    ACCEL{0, VK_F11, kCmdToggleFullScreen},
     ACCEL{0, VK_F12, kCmdGotoMenu},
     ACCEL{0, VK_F2, kCmdRightRestart},
     ACCEL{0, VK_F3, kCmdNewGame},

@@ -41,6 +41,7 @@ enum VirtualKey : std::uint8_t {
     VK_F5 = 0x74,
     VK_F9 = 0x78,
     VK_F10 = 0x79,
+    VK_F11 = 0x7A,
     VK_F12 = 0x7B,
     VK_NUMLOCK = 0x90,
     VK_SCROLL = 0x91,
