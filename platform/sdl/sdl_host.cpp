@@ -25,9 +25,6 @@ constexpr float kOrdinaryDpi = 96;
 constexpr std::uint64_t kFirstPicturesMs = 1000;
 
 void SetHints() {
-    // Otherwise SDL sends the window's surface through OpenGL, which takes ten times as long
-    // without a graphics card.
-    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
     // SDL would ask the desktop to switch its effects off, as for a game that fills the screen.
@@ -39,11 +36,23 @@ void SetHints() {
     SDL_setenv("XCOMPOSEFILE", "/dev/null", /*overwrite=*/0);
 }
 
+/// A Wayland compositor, which scales by itself, so that all sizes are before that.
+bool IsWayland() {
+    const char* driver = SDL_GetCurrentVideoDriver();
+    return driver != nullptr && std::string_view(driver) == "wayland";
+}
+
+/// Decides how the window's surface gets to the screen, which must be known before the surface is
+/// first asked for.
+void ChooseWayToScreen() {
+    // Everywhere else SDL would send the surface through OpenGL, which takes ten times as long
+    // without a graphics card. On Wayland there is no other way.
+    if (!IsWayland()) SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+}
+
 /// Screen pixels for one layer pixel: by the display's density, as far as the window then fits.
 int FittingScale(SIZE clientSize) {
-    // The compositor scales by itself; all sizes there are before that.
-    const char* driver = SDL_GetCurrentVideoDriver();
-    if (driver != nullptr && std::string_view(driver) == "wayland") return 1;
+    if (IsWayland()) return 1;
     float dpi = 0;
     SDL_Rect usable;
     if (SDL_GetDisplayDPI(0, nullptr, &dpi, nullptr) != 0) return 1;
@@ -130,6 +139,7 @@ bool SdlHost::StartVideo() {
         SDL_QuitSubSystem(SDL_INIT_VIDEO);
         return false;
     }
+    ChooseWayToScreen();
     SDL_StopTextInput();  // an input method would take letters that steer
     ReadKeyboardLayout();
     return true;
@@ -153,7 +163,7 @@ bool SdlHost::OpenWindow(const std::string& title, SIZE clientSize) {
     scale_ = FittingScale(clientSize);
     window_.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
                                    clientSize.cx * scale_, clientSize.cy * scale_,
-                                   SDL_WINDOW_HIDDEN));
+                                   SDL_WINDOW_HIDDEN | SDL_WINDOW_ALLOW_HIGHDPI));
     return window_ != nullptr;
 }
 
