@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <vector>
 
 namespace korvane {
 
@@ -15,11 +14,18 @@ inline constexpr int kMinWavRate = 8000;
 inline constexpr int kMaxWavRate = 48000;
 inline constexpr int kMaxWavSeconds = 30;
 
-/// What a WAV file holds.
+/// What a WAV file holds. A view: the file's bytes must outlive it.
 struct WavSound {
-    int rate = 0;                       ///< frames per second
-    int channels = 0;                   ///< 1 or 2
-    std::vector<std::int16_t> samples;  ///< frames one after the other, left before right
+    int rate = 0;      ///< frames per second
+    int channels = 0;  ///< 1 or 2
+    int bits = 0;      ///< of each sample, 8 or 16
+    /// Whole frames one after the other, left before right.
+    std::span<const std::byte> bytes;
+
+    /// The number of samples: one for each channel of each frame.
+    std::size_t Samples() const { return bytes.size() / static_cast<std::size_t>(bits / 8); }
+    /// A sample as 16 bits; `index` is below Samples().
+    std::int16_t At(std::size_t index) const;
 };
 
 /// Reads a RIFF file with uncompressed samples of 8 or 16 bits in one or two channels. Chunks of

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "platform/sound/mixer.h"
+#include "tests/support/wav_writer.h"
 #include "tests/support/xm_writer.h"
 
 namespace korvane {
@@ -162,7 +163,8 @@ TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
     Mixer mixer;
     const std::shared_ptr<MusicStream> music[] = {OpenModule(MakeXm({})),
                                                   OpenModuleLater(MakeXm({}))};
-    const auto click = std::make_shared<const Sample>(Sample{1, std::vector<std::int16_t>(90)});
+    const std::shared_ptr<const Sample> clicks[] = {MakeSample({.frames = 90}),
+                                                    MakeSample({.rate = 8000, .frames = 90})};
     std::atomic<bool> ended = false;
     std::thread device([&] {
         std::vector<std::int16_t> buffer(std::size_t{2} * 16);
@@ -179,6 +181,7 @@ TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
         if (call == 1) mixer.PauseMusic(*stream);
         if (call == 2) mixer.ResumeMusic(*stream);
         if (call == 3) mixer.StopMusic(*stream);
+        const auto& click = clicks[random() % 2];
         if (call == 4) mixer.StopSample(*click);
         if (call == 5) mixer.PlaySample(click, channel, 3);
         sounded = sounded || mixer.IsChannelSounding(channel);
@@ -189,6 +192,8 @@ TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
     mixer.StopAll();
     for (const auto& stream : music)
         EXPECT_EQ(stream.use_count(), 1) << "nobody holds it any more";
+    for (const auto& click : clicks)
+        EXPECT_EQ(click.use_count(), 1);
 }
 
 }  // namespace
