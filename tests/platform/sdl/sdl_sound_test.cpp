@@ -1,7 +1,11 @@
 #include "platform/sdl/sdl_sound.h"
 
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <stdlib.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
@@ -14,16 +18,21 @@
 #include <queue>
 #include <random>
 #include <span>
+#include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 #include <vector>
 
 #include "platform/sound/mixer.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/support/wav_writer.h"
 #include "tests/support/xm_writer.h"
 
 namespace korvane {
 namespace {
+
+constexpr std::chrono::seconds kLong(20);
 
 /// Numbers of devices, which one thread hands to another.
 class DeviceQueue {
@@ -33,11 +42,11 @@ class DeviceQueue {
         devices_.push(device);
         pushed_.notify_all();
     }
-    /// Waits for the next one; nothing when there is none for 20 seconds.
+    /// Waits for the next one; nothing when there is none for a long time.
     std::optional<SDL_AudioDeviceID> Pop() {
         std::unique_lock lock(mutex_);
         const auto hasOne = [this] { return !devices_.empty(); };
-        if (!pushed_.wait_for(lock, std::chrono::seconds(20), hasOne)) return std::nullopt;
+        if (!pushed_.wait_for(lock, kLong, hasOne)) return std::nullopt;
         const SDL_AudioDeviceID device = devices_.front();
         devices_.pop();
         return device;
@@ -76,14 +85,23 @@ void ReportAnyRemoved(SdlSound& sound, bool recorder) {
         ReportRemoved(sound, device, recorder);
 }
 
+bool HasDriver(std::string_view name) {
+    for (int i = 0; i < SDL_GetNumAudioDrivers(); ++i)
+        if (SDL_GetAudioDriver(i) == name) return true;
+    return false;
+}
+
 class SdlSoundTest : public testing::Test {
   protected:
     // A driver that takes frames at the right pace and plays them nowhere.
     void SetUp() override { setenv("SDL_AUDIODRIVER", "dummy", 1); }
-    void TearDown() override { unsetenv("SDL_AUDIODRIVER"); }
+    void TearDown() override {
+        for (const char* name : {"SDL_AUDIODRIVER", "PULSE_SERVER", "PULSE_COOKIE"})
+            unsetenv(name);
+    }
 
     CountingSource source;
-    SdlSound sound;
+    SdlSound sound{SdlSound::OpenDefault, {.answer = kLong}};
 };
 
 TEST_F(SdlSoundTest, ARemovedDeviceIsOpenedAgainAndAClosedOneStaysClosed) {
@@ -125,25 +143,105 @@ TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
     EXPECT_EQ(looks, 5) << "no look for a device that is there";
 }
 
+/// A way to open devices whose look of one number hangs until it is released. What the thread that
+/// hangs uses lives as long as it does.
+class HangingOpener {
+  public:
+    explicit HangingOpener(int look) : look_(look) {}
+
+    SdlSound::Opener Open() const {
+        return [all = *this](SoundSource& to) {
+            if (++all.shared_->looks != all.look_) return SdlSound::OpenDefault(to);
+            all.shared_->hanging.set_value();
+            return all.released_.wait(), SDL_AudioDeviceID{0};
+        };
+    }
+    bool Hangs() const {
+        return shared_->hanging.get_future().wait_for(kLong) == std::future_status::ready;
+    }
+    void Release() const { shared_->release.set_value(); }
+    int Looks() const { return shared_->looks; }
+
+  private:
+    struct Shared {
+        std::promise<void> hanging, release;
+        std::atomic<int> looks = 0;
+    };
+
+    const int look_;
+    const std::shared_ptr<Shared> shared_ = std::make_shared<Shared>();
+    const std::shared_future<void> released_ = shared_->release.get_future().share();
+};
+
 TEST_F(SdlSoundTest, ADriverThatHangsIsLeftBehind) {
-    // What the thread that hangs uses lives as long as it does.
-    const auto hanging = std::make_shared<std::promise<void>>();
-    const auto looks = std::make_shared<int>(0);
-    std::promise<void> release;
-    SdlSound stuck(
-        [hanging, looks, released = release.get_future().share()](SoundSource& to) {
-            if (++*looks == 1) return SdlSound::OpenDefault(to);
-            hanging->set_value();
-            released.wait();
-            return SDL_AudioDeviceID{0};
-        },
-        {.patience = std::chrono::milliseconds(1)});
+    const HangingOpener opener(2);
+    SdlSound stuck(opener.Open(), {.patience = std::chrono::milliseconds(1)});
     ASSERT_TRUE(stuck.Open(source));
     ReportAnyRemoved(stuck, /*recorder=*/false);
-    ASSERT_EQ(hanging->get_future().wait_for(std::chrono::seconds(20)), std::future_status::ready);
+    ASSERT_TRUE(opener.Hangs());
     stuck.Close();  // returns
-    EXPECT_EQ(*looks, 2);
-    release.set_value();
+    EXPECT_EQ(opener.Looks(), 2);
+    opener.Release();
+}
+
+TEST_F(SdlSoundTest, ASoundSystemThatAnswersLateIsWaitedForByNobody) {
+    // Nothing here may end by itself: each time that is waited is longer than a test may take.
+    constexpr SdlSound::Times kTimes = {.answer = std::chrono::milliseconds(1),
+                                        .retry = std::chrono::milliseconds(1),
+                                        .patience = std::chrono::hours(1)};
+    for (const bool isClosedFirst : {true, false}) {
+        const HangingOpener opener(1);
+        SdlSound late(opener.Open(), kTimes);
+        ASSERT_TRUE(late.Open(source)) << "as with a device";
+        ASSERT_TRUE(opener.Hangs());
+        ReportAnyRemoved(late, /*recorder=*/false);
+        if (isClosedFirst) late.Close();
+        opener.Release();
+        if (isClosedFirst) continue;
+        EXPECT_TRUE(source.devices.Pop()) << "the second look finds a device";
+        EXPECT_EQ(opener.Looks(), 2);
+    }
+    // The first thread has left SDL, or this one could not play.
+    ASSERT_TRUE(sound.Open(source));
+    EXPECT_TRUE(source.devices.Pop());
+}
+
+/// A sound server that takes connections and says nothing.
+class SilentServer {
+  public:
+    explicit SilentServer(const std::string& path) {
+        sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+        path.copy(address.sun_path, sizeof address.sun_path - 1);
+        EXPECT_EQ(bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(listen(socket_, 9), 0);
+    }
+    ~SilentServer() { close(socket_); }
+    SilentServer(const SilentServer&) = delete;
+    SilentServer& operator=(const SilentServer&) = delete;
+
+    /// Waits for a connection.
+    bool IsCalled() const {
+        pollfd call{socket_, POLLIN, 0};
+        return poll(&call, 1, static_cast<int>(std::chrono::milliseconds(kLong).count())) == 1;
+    }
+
+  private:
+    const int socket_ = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+};
+
+TEST_F(SdlSoundTest, ASoundServerThatSaysNothingHoldsUpNobody) {
+    const TemporaryFolder folder;
+    setenv("SDL_AUDIODRIVER", "pulseaudio", 1);
+    setenv("PULSE_SERVER", ("unix:" + folder.Path() + "/sound").c_str(), 1);
+    setenv("PULSE_COOKIE", (folder.Path() + "/cookie").c_str(), 1);
+    if (!HasDriver("pulseaudio")) GTEST_SKIP() << "SDL cannot talk to such a server";
+    {
+        const SilentServer server(folder.Path() + "/sound");
+        SdlSound silent(SdlSound::OpenDefault, {.patience = std::chrono::hours(1)});
+        EXPECT_TRUE(silent.Open(source)) << "as with a device";
+        EXPECT_TRUE(server.IsCalled());
+    }
+    EXPECT_FALSE(sound.Open(source)) << "nobody listens; the thread that was left behind has ended";
 }
 
 TEST(QuietStartTest, TheSourceIsSilentUntilTheQuietTimeIsOver) {
