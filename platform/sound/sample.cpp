@@ -42,9 +42,11 @@ bool SampleReader::IsConverted() const {
 }
 
 std::size_t SampleReader::Copy(std::span<std::int16_t> room) {
-    const std::size_t count = std::min(room.size(), sample_->sound.Samples() - next_);
-    for (std::int16_t& sample : room.first(count))
-        sample = sample_->sound.At(next_++);
+    const WavSound& sound = sample_->sound;
+    const std::size_t count = std::min(room.size(), sound.Samples() - next_);
+    for (std::size_t i = 0; i < count; ++i)
+        room[i] = sound.At(next_ + i);
+    next_ += count;
     return count;
 }
 

@@ -61,16 +61,6 @@ bool IsAccepted(const WavFormat& format) {
            format.rate <= kMaxWavRate;
 }
 
-/// 8-bit samples are unsigned with silence at 128.
-std::int16_t From8Bits(std::byte sample) {
-    return static_cast<std::int16_t>((std::to_integer<int>(sample) - 128) * 256);
-}
-
-std::int16_t From16Bits(std::byte low, std::byte high) {
-    return static_cast<std::int16_t>(std::to_integer<unsigned>(low) |
-                                     std::to_integer<unsigned>(high) << 8);
-}
-
 std::optional<WavSound> SoundOf(const WavFormat& format, std::span<const std::byte> bytes) {
     const std::size_t frames = bytes.size() / format.frameBytes;
     if (frames == 0 || frames > std::size_t{kMaxWavSeconds} * format.rate) return std::nullopt;
@@ -81,10 +71,6 @@ std::optional<WavSound> SoundOf(const WavFormat& format, std::span<const std::by
 }
 
 }  // namespace
-
-std::int16_t WavSound::At(std::size_t index) const {
-    return bits == 8 ? From8Bits(bytes[index]) : From16Bits(bytes[2 * index], bytes[2 * index + 1]);
-}
 
 std::optional<WavSound> ReadWav(std::span<const std::byte> file) {
     ByteReader reader(file);
