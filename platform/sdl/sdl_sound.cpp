@@ -89,8 +89,7 @@ class SdlSound::Device {
 void SdlSound::Device::Run() {
     const std::lock_guard alone(SdlSoundLock());
     Keep();
-    if (device_ != 0) SDL_CloseAudioDevice(device_);
-    if (hasDriver_) SDL_AudioQuit();
+    if (hasDriver_) SDL_AudioQuit();  // closes the device
     const std::lock_guard lock(mutex_);
     ended_ = true;
     changed_.notify_all();

@@ -115,6 +115,7 @@ TEST_F(SdlSoundTest, ARemovedDeviceIsOpenedAgainAndAClosedOneStaysClosed) {
         ReportAnyRemoved(sound, /*recorder=*/false);
         ASSERT_TRUE(source.devices.Pop());
         sound.Close();
+        EXPECT_EQ(SDL_GetCurrentAudioDriver(), nullptr);
         sound.Close();
         ReportAnyRemoved(sound, /*recorder=*/false);
     }

@@ -86,6 +86,7 @@ TEST_F(MixerTest, OneMoreThanTheLimitEndsTheOldestOfThatSampleAlone) {
     mixer.StopChannel(3);
     EXPECT_NEAR(Level(), 3 * 4000, 5);
     mixer.StopSample(*sample);
+    EXPECT_EQ(sample.use_count(), 1) << "nobody holds it any more";
     EXPECT_NEAR(Level(), 4000, 5);
     EXPECT_TRUE(mixer.IsChannelSounding(9));
     Headless().Hear(2000 - 3 * kSoundBufferFrames);
