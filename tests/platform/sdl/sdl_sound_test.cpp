@@ -19,7 +19,6 @@
 #include <random>
 #include <span>
 #include <string>
-#include <string_view>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -85,12 +84,6 @@ void ReportAnyRemoved(SdlSound& sound, bool recorder) {
         ReportRemoved(sound, device, recorder);
 }
 
-bool HasDriver(std::string_view name) {
-    for (int i = 0; i < SDL_GetNumAudioDrivers(); ++i)
-        if (SDL_GetAudioDriver(i) == name) return true;
-    return false;
-}
-
 class SdlSoundTest : public testing::Test {
   protected:
     // A driver that takes frames at the right pace and plays them nowhere.
@@ -132,7 +125,7 @@ TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
         found.Push(device);
         return device;
     };
-    SdlSound watched(look, {.retry = std::chrono::milliseconds(1)});
+    SdlSound watched(look, {.answer = kLong, .retry = std::chrono::milliseconds(1)});
     opened = &watched;
     ASSERT_TRUE(watched.Open(source));
     ReportRemoved(watched, found.Pop().value_or(0));
@@ -144,104 +137,69 @@ TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
     EXPECT_EQ(looks, 5) << "no look for a device that is there";
 }
 
-/// A way to open devices whose look of one number hangs until it is released. What the thread that
-/// hangs uses lives as long as it does.
-class HangingOpener {
-  public:
-    explicit HangingOpener(int look) : look_(look) {}
-
-    SdlSound::Opener Open() const {
-        return [all = *this](SoundSource& to) {
-            if (++all.shared_->looks != all.look_) return SdlSound::OpenDefault(to);
-            all.shared_->hanging.set_value();
-            return all.released_.wait(), SDL_AudioDeviceID{0};
-        };
-    }
-    bool Hangs() const {
-        return shared_->hanging.get_future().wait_for(kLong) == std::future_status::ready;
-    }
-    void Release() const { shared_->release.set_value(); }
-    int Looks() const { return shared_->looks; }
-
-  private:
-    struct Shared {
-        std::promise<void> hanging, release;
-        std::atomic<int> looks = 0;
-    };
-
-    const int look_;
-    const std::shared_ptr<Shared> shared_ = std::make_shared<Shared>();
-    const std::shared_future<void> released_ = shared_->release.get_future().share();
+/// What a thread that hangs uses: it lives as long as the thread does.
+struct Hanging {
+    DeviceQueue reached;
+    std::promise<void> release;
+    std::atomic<int> looks = 0;
 };
 
-TEST_F(SdlSoundTest, ADriverThatHangsIsLeftBehind) {
-    const HangingOpener opener(2);
-    SdlSound stuck(opener.Open(), {.patience = std::chrono::milliseconds(1)});
-    ASSERT_TRUE(stuck.Open(source));
-    ReportAnyRemoved(stuck, /*recorder=*/false);
-    ASSERT_TRUE(opener.Hangs());
-    stuck.Close();  // returns
-    EXPECT_EQ(opener.Looks(), 2);
-    opener.Release();
+/// Opens devices; the look of that number hangs until it is released, and then finds none.
+SdlSound::Opener HangAt(int look, const std::shared_ptr<Hanging>& hanging) {
+    return [=](SoundSource& to) {
+        if (++hanging->looks != look) return SdlSound::OpenDefault(to);
+        hanging->reached.Push(0);
+        hanging->release.get_future().wait();
+        return SDL_AudioDeviceID{0};
+    };
 }
 
+TEST_F(SdlSoundTest, ADriverThatHangsIsLeftBehind) {
+    const auto hanging = std::make_shared<Hanging>();
+    SdlSound stuck(HangAt(2, hanging), {.answer = kLong, .patience = std::chrono::milliseconds(1)});
+    ASSERT_TRUE(stuck.Open(source));
+    ReportAnyRemoved(stuck, /*recorder=*/false);
+    ASSERT_TRUE(hanging->reached.Pop());
+    stuck.Close();  // returns
+    EXPECT_EQ(hanging->looks, 2);
+    hanging->release.set_value();
+}
+
+constexpr SdlSound::Times kInAHurry = {.answer = std::chrono::milliseconds(1),
+                                       .retry = std::chrono::milliseconds(1),
+                                       .patience = std::chrono::hours(1)};
+
 TEST_F(SdlSoundTest, ASoundSystemThatAnswersLateIsWaitedForByNobody) {
-    // Nothing here may end by itself: each time that is waited is longer than a test may take.
-    constexpr SdlSound::Times kTimes = {.answer = std::chrono::milliseconds(1),
-                                        .retry = std::chrono::milliseconds(1),
-                                        .patience = std::chrono::hours(1)};
     for (const bool isClosedFirst : {true, false}) {
-        const HangingOpener opener(1);
-        SdlSound late(opener.Open(), kTimes);
+        const auto hanging = std::make_shared<Hanging>();
+        SdlSound late(HangAt(1, hanging), kInAHurry);
         ASSERT_TRUE(late.Open(source)) << "as with a device";
-        ASSERT_TRUE(opener.Hangs());
-        ReportAnyRemoved(late, /*recorder=*/false);
+        ASSERT_TRUE(hanging->reached.Pop());
         if (isClosedFirst) late.Close();
-        opener.Release();
-        if (isClosedFirst) continue;
-        EXPECT_TRUE(source.devices.Pop()) << "the second look finds a device";
-        EXPECT_EQ(opener.Looks(), 2);
+        hanging->release.set_value();
+        EXPECT_TRUE(isClosedFirst || source.devices.Pop()) << "the second look finds a device";
     }
     // The first thread has left SDL, or this one could not play.
     ASSERT_TRUE(sound.Open(source));
     EXPECT_TRUE(source.devices.Pop());
 }
 
-/// A sound server that takes connections and says nothing.
-class SilentServer {
-  public:
-    explicit SilentServer(const std::string& path) {
-        sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
-        path.copy(address.sun_path, sizeof address.sun_path - 1);
-        EXPECT_EQ(bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-        EXPECT_EQ(listen(socket_, 9), 0);
-    }
-    ~SilentServer() { close(socket_); }
-    SilentServer(const SilentServer&) = delete;
-    SilentServer& operator=(const SilentServer&) = delete;
-
-    /// Waits for a connection.
-    bool IsCalled() const {
-        pollfd call{socket_, POLLIN, 0};
-        return poll(&call, 1, static_cast<int>(std::chrono::milliseconds(kLong).count())) == 1;
-    }
-
-  private:
-    const int socket_ = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-};
-
-TEST_F(SdlSoundTest, ASoundServerThatSaysNothingHoldsUpNobody) {
+TEST_F(SdlSoundTest, ASoundServerThatTakesAConnectionAndSaysNothingHoldsUpNobody) {
     const TemporaryFolder folder;
+    const std::string path = folder.Path() + "/server";
     setenv("SDL_AUDIODRIVER", "pulseaudio", 1);
-    setenv("PULSE_SERVER", ("unix:" + folder.Path() + "/sound").c_str(), 1);
+    setenv("PULSE_SERVER", ("unix:" + path).c_str(), 1);
     setenv("PULSE_COOKIE", (folder.Path() + "/cookie").c_str(), 1);
-    if (!HasDriver("pulseaudio")) GTEST_SKIP() << "SDL cannot talk to such a server";
-    {
-        const SilentServer server(folder.Path() + "/sound");
-        SdlSound silent(SdlSound::OpenDefault, {.patience = std::chrono::hours(1)});
-        EXPECT_TRUE(silent.Open(source)) << "as with a device";
-        EXPECT_TRUE(server.IsCalled());
-    }
+    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    pollfd server{socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0), POLLIN, 0};
+    ASSERT_EQ(bind(server.fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(listen(server.fd, 1), 0);
+    SdlSound silent(SdlSound::OpenDefault, kInAHurry);
+    EXPECT_TRUE(silent.Open(source)) << "as with a device";
+    EXPECT_EQ(poll(&server, 1, 20'000), 1) << "it is called";
+    silent.Close();
+    close(server.fd);
     EXPECT_FALSE(sound.Open(source)) << "nobody listens; the thread that was left behind has ended";
 }
 
