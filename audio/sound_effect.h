@@ -1,11 +1,17 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "platform/sound/bass.h"
+#include "platform/sound/wav.h"
 
 namespace korvane {
+
+/// The most that one file's sound takes, as its file holds it or decoded.
+inline constexpr std::size_t kMaxSoundBytes = std::max(kMaxWavBytes, kMaxDecodedWavBytes);
 
 /// Whether the sound of an event (one of the kSfx... bits) is to be played: sound effects are on,
 /// there is a sound device, and the user has not switched this event off.

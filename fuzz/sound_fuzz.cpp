@@ -15,11 +15,16 @@ namespace korvane::fuzz {
 namespace {
 
 void TrySample(std::span<const std::byte> input) {
-    const std::optional<Sample> sample = LoadSample(input);
-    if (!sample) return;
-    Expect(sample->channels == 1 || sample->channels == 2);
-    Expect(sample->Frames() >= 1);
-    Expect(sample->samples.size() == sample->Frames() * static_cast<std::size_t>(sample->channels));
+    std::optional<Sample> loaded =
+        LoadSample(std::make_shared<std::vector<std::byte>>(input.begin(), input.end()));
+    if (!loaded) return;
+    SampleReader reader(std::make_shared<const Sample>(*std::move(loaded)));
+    Expect(reader.Channels() == 1 || reader.Channels() == 2);
+    std::vector<std::int16_t> room(std::size_t{kSoundBufferFrames} * kSoundChannels);
+    std::size_t samples = 0;
+    while (!reader.HasEnded())
+        samples += reader.Read(room).size();
+    Expect(samples >= 1 && samples % static_cast<std::size_t>(reader.Channels()) == 0);
 }
 
 void TryModule(std::span<const std::byte> input) {

@@ -20,6 +20,11 @@ constexpr std::array kSounds = {
 };
 static_assert(kSounds.size() == static_cast<std::size_t>(GameSound::NewLevel) + 1);
 
+/// The most that all sounds of a skin may take. Nobody needs to count while they are loaded: these
+/// and the menu's one fit at their longest, as each file is kept once.
+constexpr std::size_t kMaxSkinSoundBytes = std::size_t{64} << 20;
+static_assert((kSounds.size() + 1) * kMaxSoundBytes <= kMaxSkinSoundBytes);
+
 }  // namespace
 
 void SkinSounds::Load() {

@@ -140,7 +140,8 @@ class Host {
 
     /// Opens the sound device, which from then on asks `source` for frames until CloseSound
     /// returns. A device that vanishes meanwhile is looked for again without the caller noticing.
-    /// False: there is no device.
+    /// False: there is no device. True also when that cannot be told at once; frames are then asked
+    /// for as soon as there is one.
     virtual bool OpenSound(SoundSource& source) = 0;
     /// The source is not asked any more when this returns; does nothing without a device.
     virtual void CloseSound() = 0;

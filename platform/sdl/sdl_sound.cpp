@@ -29,6 +29,13 @@ void SDLCALL Fill(void* source, Uint8* bytes, int count) {
     static_cast<SoundSource*>(source)->Render(std::span(samples, size));
 }
 
+/// Held by the thread that uses SDL's sound: one that was left behind may still be in there when
+/// the next device is opened. Never destroyed, as threads may outlive everything else.
+std::mutex& SdlSoundLock() {
+    static auto* const mutex = new std::mutex;
+    return *mutex;
+}
+
 }  // namespace
 
 void QuietStart::Render(std::span<std::int16_t> samples) {
@@ -36,42 +43,101 @@ void QuietStart::Render(std::span<std::int16_t> samples) {
     std::ranges::fill(samples, std::int16_t{0});
 }
 
-/// An open device, and the thread that opens it again. The thread that ends both shares it, and may
-/// outlive everything else when the sound system hangs.
+/// A device and the thread that opens, watches and closes it. The thread shares it, and may outlive
+/// everything else when the sound system hangs.
 class SdlSound::Device {
   public:
     Device(const Opener& opener, const Times& times, SoundSource& source)
-        : opener_(opener), times_(times), source_(source, kQuiet), device_(opener_(source_)) {}
+        : opener_(opener), times_(times), source_(source, kQuiet) {}
 
-    bool IsThere() const { return device_ != 0; }
-    void StartKeeper() {
-        keeper_ = std::thread([this] { Keep(); });
-    }
+    /// Body of the thread.
+    void Run();
+    /// False when the answer is that there is no device; true also when none comes in time.
+    bool AwaitAnswer();
     void OnRemoved(SDL_AudioDeviceID removed);
-
     void AskToEnd();
-    /// Ends thread and device, however long that takes.
-    void End();
-    /// False when that takes too long.
-    bool AwaitEnd();
+    /// Waits until the device is closed, unless the sound system hangs.
+    void AwaitEnd();
 
   private:
-    /// Body of the thread.
+    enum class Answer : std::uint8_t { Awaited, Late, Device, NoDevice };
+
+    /// Looks for a device until it is asked to end, or until its first look was answered in time
+    /// and has found none.
     void Keep();
+    /// Looks for a device in the place of one that has gone. Called with the lock, which is given
+    /// up meanwhile: nobody must wait for it.
+    void Look(std::unique_lock<std::mutex>& lock);
+    SDL_AudioDeviceID Find();
+    bool StartDriver();
 
     const Opener opener_;
     const Times times_;
     QuietStart source_;
-    std::thread keeper_;
+    bool hasDriver_ = false;  ///< the thread's own
 
     std::mutex mutex_;  // guards all below
     std::condition_variable changed_;
+    Answer answer_ = Answer::Awaited;
     SDL_AudioDeviceID device_ = 0;
-    SDL_AudioDeviceID removed_ = 0;  ///< reported while the keeper was opening
-    bool lost_ = false;
+    SDL_AudioDeviceID removed_ = 0;  ///< reported while the thread was looking
+    bool lost_ = true;
     bool ending_ = false;
     bool ended_ = false;
 };
+
+void SdlSound::Device::Run() {
+    const std::lock_guard alone(SdlSoundLock());
+    Keep();
+    if (hasDriver_) SDL_AudioQuit();  // closes the device
+    const std::lock_guard lock(mutex_);
+    ended_ = true;
+    changed_.notify_all();
+}
+
+void SdlSound::Device::Keep() {
+    std::unique_lock lock(mutex_);
+    while (!ending_) {
+        if (lost_) Look(lock);
+        answer_ = lost_ && answer_ == Answer::Awaited ? Answer::NoDevice : Answer::Device;
+        changed_.notify_all();
+        if (answer_ == Answer::NoDevice) return;
+        if (lost_) changed_.wait_for(lock, times_.retry, [this] { return ending_; });
+        changed_.wait(lock, [this] { return ending_ || lost_; });
+    }
+}
+
+void SdlSound::Device::Look(std::unique_lock<std::mutex>& lock) {
+    const SDL_AudioDeviceID gone = std::exchange(device_, 0);
+    removed_ = 0;
+    lock.unlock();
+    if (gone != 0) SDL_CloseAudioDevice(gone);
+    const SDL_AudioDeviceID found = Find();
+    lock.lock();
+    device_ = found;
+    lost_ = found == 0 || found == removed_;
+}
+
+SDL_AudioDeviceID SdlSound::Device::Find() {
+    return hasDriver_ || StartDriver() ? opener_(source_) : 0;
+}
+
+/// The driver stays the same from then on: while a sound server restarts, SDL would take another
+/// driver, which the server then finds in its way.
+bool SdlSound::Device::StartDriver() {
+    // Not SDL_InitSubSystem, whose counts of users are not made for two threads.
+    if (SDL_AudioInit(nullptr) != 0) return false;
+    hasDriver_ = !DriverIsMute();
+    if (!hasDriver_) SDL_AudioQuit();
+    return hasDriver_;
+}
+
+bool SdlSound::Device::AwaitAnswer() {
+    std::unique_lock lock(mutex_);
+    const auto isAnswered = [this] { return answer_ != Answer::Awaited; };
+    if (!changed_.wait_for(lock, times_.answer, isAnswered)) answer_ = Answer::Late;
+    return answer_ != Answer::NoDevice;
+}
 
 void SdlSound::Device::OnRemoved(SDL_AudioDeviceID removed) {
     {
@@ -82,24 +148,6 @@ void SdlSound::Device::OnRemoved(SDL_AudioDeviceID removed) {
     changed_.notify_all();
 }
 
-void SdlSound::Device::Keep() {
-    std::unique_lock lock(mutex_);
-    for (;;) {
-        changed_.wait(lock, [this] { return ending_ || lost_; });
-        if (ending_) return;
-        const SDL_AudioDeviceID gone = std::exchange(device_, 0);
-        removed_ = 0;
-        // Opening and closing may take long; nobody must wait for the lock meanwhile.
-        lock.unlock();
-        if (gone != 0) SDL_CloseAudioDevice(gone);
-        const SDL_AudioDeviceID found = opener_(source_);
-        lock.lock();
-        device_ = found;
-        lost_ = found == 0 || found == removed_;
-        if (lost_) changed_.wait_for(lock, times_.retry, [this] { return ending_; });
-    }
-}
-
 void SdlSound::Device::AskToEnd() {
     {
         const std::lock_guard lock(mutex_);
@@ -108,50 +156,30 @@ void SdlSound::Device::AskToEnd() {
     changed_.notify_all();
 }
 
-void SdlSound::Device::End() {
-    if (keeper_.joinable()) keeper_.join();
-    if (device_ != 0) SDL_CloseAudioDevice(device_);
-    const std::lock_guard lock(mutex_);
-    ended_ = true;
-    changed_.notify_all();
-}
-
-bool SdlSound::Device::AwaitEnd() {
+void SdlSound::Device::AwaitEnd() {
     std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, times_.patience, [this] { return ended_; });
+    changed_.wait_for(lock, times_.patience, [this] { return ended_ || answer_ == Answer::Late; });
 }
 
 SdlSound::SdlSound(Opener opener, Times times) : opener_(std::move(opener)), times_(times) {}
 
 bool SdlSound::Open(SoundSource& source) {
     Close();
-    // Apart from video: a machine without sound still shows the game.
-    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
-    if (!DriverIsMute()) device_ = std::make_shared<Device>(opener_, times_, source);
-    if (!device_ || !device_->IsThere()) {
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
-        device_.reset();
-        return false;
-    }
+    const auto device = std::make_shared<Device>(opener_, times_, source);
     try {
-        device_->StartKeeper();
+        std::thread([device] { device->Run(); }).detach();
     } catch (const std::system_error&) {
-        // The device is not looked for again.
+        return false;  // SDL could not make its own threads either
     }
-    return true;
+    if (device->AwaitAnswer()) device_ = device;
+    return device_ != nullptr;
 }
 
 void SdlSound::Close() {
     if (!device_) return;
     const std::shared_ptr<Device> device = std::exchange(device_, nullptr);
     device->AskToEnd();
-    try {
-        std::thread([device] { device->End(); }).detach();
-    } catch (const std::system_error&) {
-        device->End();
-    }
-    // A sound system that hangs keeps what it uses: the program must be able to end.
-    if (device->AwaitEnd()) SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    device->AwaitEnd();
 }
 
 void SdlSound::OnEvent(const SDL_AudioDeviceEvent& event) {

@@ -32,18 +32,22 @@ class QuietStart final : public SoundSource {
 /// It is silent at first. The program loads and shows its pictures then, and opening the first
 /// music would delay them by some 20 ms.
 ///
-/// When the device vanishes (a plug pulled, a sound server restarted), a second thread opens the
-/// default device again until there is one; the program never waits for that.
+/// A thread of its own does all that may take long: it starts SDL's sound, opens the device, opens
+/// the default device again when it vanishes (a plug pulled, a sound server restarted), and closes
+/// it. A sound server may also accept a connection and never answer. So the program waits for the
+/// thread for a short time only, and leaves it behind when it hangs.
 class SdlSound {
   public:
-    /// Opens a device and starts it; 0 when there is none.
+    /// Opens a device and starts it; 0 when there is none. Called on the thread.
     using Opener = std::function<SDL_AudioDeviceID(SoundSource&)>;
     static SDL_AudioDeviceID OpenDefault(SoundSource& source);
 
     struct Times {
+        /// How long Open waits for the first answer of the sound system.
+        std::chrono::milliseconds answer{300};
         /// Between two tries to open a device, which is to be heard a second after it has come.
         std::chrono::milliseconds retry{500};
-        /// How long Close waits for a sound system that hangs.
+        /// How long Close waits for one that has answered before and now hangs.
         std::chrono::milliseconds patience{1000};
     };
 
@@ -53,9 +57,12 @@ class SdlSound {
     SdlSound(const SdlSound&) = delete;
     SdlSound& operator=(const SdlSound&) = delete;
 
-    /// False: there is no device. The source must live until Close has returned; for ever where a
+    /// False: there is no device. True also when the sound system does not answer in time: the
+    /// source is then asked for frames as soon as there is a device. SDL's events must be started,
+    /// if they are used at all. The source must live until Close has returned; for ever where a
     /// sound system may hang, as Close then leaves the device behind.
     bool Open(SoundSource& source);
+    /// Does not wait at all for a sound system that has not yet answered.
     void Close();
     /// To be told of every device that SDL reports as added or removed.
     void OnEvent(const SDL_AudioDeviceEvent& event);

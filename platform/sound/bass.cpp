@@ -62,6 +62,17 @@ bool ChangeMusic(HMUSIC handle, Change change) {
     return true;
 }
 
+/// A file's bytes. Both players load the same sounds: what a sample has already is kept once.
+SharedBytes KeepOnce(std::vector<std::byte> file) {
+    for (const auto& [handle, loaded] : Library().samples)
+        if (*loaded.sample->file == file) return loaded.sample->file;
+    return std::make_shared<const std::vector<std::byte>>(std::move(file));
+}
+
+std::optional<Sample> LoadSampleOnce(std::vector<std::byte> file) {
+    return LoadSample(KeepOnce(std::move(file)));
+}
+
 /// What `load` makes of a file's bytes. When the file cannot be read or loaded the result is empty
 /// and the error code is set.
 template <typename Load, typename Result = std::invoke_result_t<Load, std::vector<std::byte>>>
@@ -163,7 +174,7 @@ void BASS_MusicFree(HMUSIC music) {
 
 HSAMPLE BASS_SampleLoad(bool /*fromMemory*/, const std::string& path, std::uint32_t /*offset*/,
                         std::uint32_t /*length*/, std::uint32_t limit, std::uint32_t /*flags*/) {
-    std::optional<Sample> sample = LoadFile(path, kMaxWavBytes, LoadSample);
+    std::optional<Sample> sample = LoadFile(path, kMaxWavBytes, LoadSampleOnce);
     if (!sample) return 0;
     AudioLibrary& library = Library();
     library.samples[++library.lastHandle] = {std::make_shared<const Sample>(std::move(*sample)),

@@ -29,7 +29,8 @@ std::uint32_t BASS_GetVersion();
 /// Why the last call that failed did so.
 int BASS_ErrorGetCode();
 
-/// Opens the sound device; 1, or 0 without one. There is one device and one rate, so all four
+/// Opens the sound device; 1, or 0 without one. A sound system that does not answer at once counts
+/// as a device, which is heard when it is there. There is one device and one rate, so all four
 /// arguments are ignored.
 int BASS_Init(int device, std::uint32_t rate, std::uint32_t flags, HWND window);
 /// Does nothing, as sound runs from BASS_Init on; false without a device.

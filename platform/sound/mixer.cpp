@@ -95,53 +95,63 @@ void Mixer::WatchPace(const std::shared_ptr<MusicStream>& stream, Seconds took) 
     if (IsCurrent(*stream)) state_ = MusicState::Stopped;
 }
 
+Mixer::Voice::Voice(std::shared_ptr<const Sample> played, std::uint32_t number)
+    : sample(std::move(played)), channel(number), start(TheHost().Counter()), reader(sample) {}
+
 void Mixer::PlaySample(std::shared_ptr<const Sample> sample, std::uint32_t channel,
                        std::size_t limit) {
-    const auto isSame = [&](const Voice& voice) { return voice.sample == sample; };
+    const auto voice = std::make_shared<Voice>(std::move(sample), channel);
+    const auto isSame = [&](const auto& other) { return other->sample == voice->sample; };
     const std::lock_guard lock(mutex_);
     if (std::ranges::count_if(voices_, isSame) >= static_cast<std::ptrdiff_t>(limit))
         voices_.erase(std::ranges::find_if(voices_, isSame));
-    voices_.push_back({std::move(sample), channel, 0, TheHost().Counter()});
+    voices_.push_back(voice);
 }
 
 bool Mixer::IsChannelSounding(std::uint32_t channel) {
     const std::lock_guard lock(mutex_);
-    return std::ranges::find(voices_, channel, &Voice::channel) != voices_.end();
+    return std::ranges::any_of(voices_,
+                               [&](const auto& voice) { return voice->channel == channel; });
 }
 
 void Mixer::StopChannel(std::uint32_t channel) {
     const std::lock_guard lock(mutex_);
-    std::erase_if(voices_, [&](const Voice& voice) { return voice.channel == channel; });
+    std::erase_if(voices_, [&](const auto& voice) { return voice->channel == channel; });
 }
 
 void Mixer::StopSample(const Sample& sample) {
     const std::lock_guard lock(mutex_);
-    std::erase_if(voices_, [&](const Voice& voice) { return voice.sample.get() == &sample; });
+    std::erase_if(voices_, [&](const auto& voice) { return voice->sample.get() == &sample; });
+}
+
+void Mixer::TakeVoices() {
+    const std::lock_guard lock(mutex_);
+    std::erase_if(voices_, [](const auto& voice) {
+        return !voice->hasBegun && TimeSince(voice->start) > kLatestStart;
+    });
+    heard_ = voices_;
 }
 
 void Mixer::MixVoices() {
+    TakeVoices();
+    for (const auto& voice : heard_)
+        MixVoice(*voice);
+    heard_.clear();
     const std::lock_guard lock(mutex_);
-    std::erase_if(voices_, [](const Voice& voice) {
-        return voice.frame == 0 && TimeSince(voice.start) > kLatestStart;
-    });
-    for (Voice& voice : voices_)
-        MixVoice(voice);
-    std::erase_if(voices_,
-                  [](const Voice& voice) { return voice.frame >= voice.sample->Frames(); });
+    std::erase_if(voices_, [](const auto& voice) { return voice->reader.HasEnded(); });
 }
 
 void Mixer::MixVoice(Voice& voice) {
     constexpr float kScale = 1.0F / 32768.0F;
-    const Sample& sample = *voice.sample;
-    const auto channels = static_cast<std::size_t>(sample.channels);
-    const std::size_t frames =
-        std::min(mix_.size() / kSoundChannels, sample.Frames() - voice.frame);
-    const std::int16_t* from = &sample.samples[voice.frame * channels];
-    for (std::size_t i = 0; i < frames; ++i, from += channels) {
-        mix_[2 * i] += static_cast<float>(from[0]) * kScale;
-        mix_[2 * i + 1] += static_cast<float>(from[channels - 1]) * kScale;
+    const auto channels = static_cast<std::size_t>(voice.reader.Channels());
+    decoded_.resize(mix_.size() / kSoundChannels * channels);
+    const std::span<const std::int16_t> samples = voice.reader.Read(decoded_);
+    const std::size_t frames = samples.size() / channels;
+    for (std::size_t i = 0; i < frames; ++i) {
+        mix_[2 * i] += static_cast<float>(samples[i * channels]) * kScale;
+        mix_[2 * i + 1] += static_cast<float>(samples[i * channels + channels - 1]) * kScale;
     }
-    voice.frame += frames;
+    voice.hasBegun = true;
 }
 
 void Mixer::StopAll() {

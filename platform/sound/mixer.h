@@ -22,9 +22,9 @@ float SoftLimit(float sample);
 /// Mixes one piece of music with any number of samples.
 ///
 /// One thread (the game's) says what is to sound, another (the device's) calls Render. The lock
-/// between them is held for a few assignments and for the mixing of samples that lie in memory.
-/// The music's own work, jumps included, is done by the rendering thread outside of it: nobody
-/// else touches a stream that plays, and slow music holds up nothing but itself.
+/// between them is held for a few assignments. Decoding samples and the music's own work, jumps
+/// included, are done by the rendering thread outside of it: nobody else touches a stream that
+/// plays, and slow music holds up nothing but itself.
 class Mixer final : public SoundSource {
   public:
     /// Music that falls this far behind is switched off. Frames that take longer to compute than
@@ -61,12 +61,15 @@ class Mixer final : public SoundSource {
   private:
     enum class MusicState : std::uint8_t { Stopped, Playing, Paused };
 
-    /// A sample that sounds.
+    /// A sample that sounds. The rendering thread alone changes it.
     struct Voice {
-        std::shared_ptr<const Sample> sample;
-        std::uint32_t channel = 0;
-        std::size_t frame = 0;
-        std::uint64_t start = 0;  ///< the host's counter when it was asked for
+        Voice(std::shared_ptr<const Sample> played, std::uint32_t number);
+
+        const std::shared_ptr<const Sample> sample;
+        const std::uint32_t channel;
+        const std::uint64_t start;  ///< the host's counter when it was asked for
+        SampleReader reader;
+        bool hasBegun = false;
     };
 
     struct Jump {
@@ -80,6 +83,8 @@ class Mixer final : public SoundSource {
     void RenderMusic();
     void WatchPace(const std::shared_ptr<MusicStream>& stream, Seconds took);
     void MixVoices();
+    /// The voices that are to be heard; those that come too late end.
+    void TakeVoices();
     /// Adds the next frames of a voice to the mix, as many as it still has.
     void MixVoice(Voice& voice);
 
@@ -88,12 +93,14 @@ class Mixer final : public SoundSource {
     MusicState state_ = MusicState::Stopped;
     Jump jump_;  ///< waits for the next frames of that stream
     std::weak_ptr<MusicStream> tooSlow_;
-    std::vector<Voice> voices_;  ///< in the order in which they began
+    std::vector<std::shared_ptr<Voice>> voices_;  ///< in the order in which they began
 
     // The rendering thread's own.
     std::vector<float> mix_;
-    Seconds behind_{};                    ///< never negative
-    std::weak_ptr<MusicStream> watched_;  ///< the stream that behind_ belongs to
+    std::vector<std::shared_ptr<Voice>> heard_;  ///< empty between two renders
+    std::vector<std::int16_t> decoded_;          ///< of one voice
+    Seconds behind_{};                           ///< never negative
+    std::weak_ptr<MusicStream> watched_;         ///< the stream that behind_ belongs to
 };
 
 }  // namespace korvane

@@ -61,28 +61,13 @@ bool IsAccepted(const WavFormat& format) {
            format.rate <= kMaxWavRate;
 }
 
-/// 8-bit samples are unsigned with silence at 128.
-std::int16_t From8Bits(std::byte sample) {
-    return static_cast<std::int16_t>((std::to_integer<int>(sample) - 128) * 256);
-}
-
-std::int16_t From16Bits(std::byte low, std::byte high) {
-    return static_cast<std::int16_t>(std::to_integer<unsigned>(low) |
-                                     std::to_integer<unsigned>(high) << 8);
-}
-
-std::optional<WavSound> Decode(const WavFormat& format, std::span<const std::byte> bytes) {
+std::optional<WavSound> SoundOf(const WavFormat& format, std::span<const std::byte> bytes) {
     const std::size_t frames = bytes.size() / format.frameBytes;
     if (frames == 0 || frames > std::size_t{kMaxWavSeconds} * format.rate) return std::nullopt;
-    WavSound sound;
-    sound.rate = static_cast<int>(format.rate);
-    sound.channels = format.channels;
-    sound.samples.resize(frames * format.channels);
-    for (std::size_t i = 0; i < sound.samples.size(); ++i) {
-        sound.samples[i] =
-            format.bits == 8 ? From8Bits(bytes[i]) : From16Bits(bytes[2 * i], bytes[2 * i + 1]);
-    }
-    return sound;
+    return WavSound{.rate = static_cast<int>(format.rate),
+                    .channels = format.channels,
+                    .bits = format.bits,
+                    .bytes = bytes.first(frames * format.frameBytes)};
 }
 
 }  // namespace
@@ -100,7 +85,7 @@ std::optional<WavSound> ReadWav(std::span<const std::byte> file) {
             if (!format || !IsAccepted(*format)) return std::nullopt;
         } else if (chunk->name == "data") {
             if (!format) return std::nullopt;
-            return Decode(*format, chunk->content);
+            return SoundOf(*format, chunk->content);
         }
     }
     return std::nullopt;

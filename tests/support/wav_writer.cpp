@@ -33,4 +33,9 @@ std::vector<std::byte> MakeWav(const WavRecipe& recipe) {
     return {file.Bytes().begin(), file.Bytes().end()};
 }
 
+std::shared_ptr<const Sample> MakeSample(const WavRecipe& recipe) {
+    auto sample = LoadSample(std::make_shared<std::vector<std::byte>>(MakeWav(recipe)));
+    return sample ? std::make_shared<const Sample>(*std::move(sample)) : nullptr;
+}
+
 }  // namespace korvane

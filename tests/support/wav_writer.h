@@ -3,8 +3,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "platform/sound/sample.h"
 
 namespace korvane {
 
@@ -26,5 +29,7 @@ struct WavRecipe {
 };
 
 std::vector<std::byte> MakeWav(const WavRecipe& recipe);
+/// The file's sound, loaded; null when it is refused.
+std::shared_ptr<const Sample> MakeSample(const WavRecipe& recipe);
 
 }  // namespace korvane

@@ -1,7 +1,11 @@
 #include "platform/sdl/sdl_sound.h"
 
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <stdlib.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
@@ -14,15 +18,20 @@
 #include <queue>
 #include <random>
 #include <span>
+#include <string>
 #include <thread>
 #include <utility>
 #include <vector>
 
 #include "platform/sound/mixer.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/wav_writer.h"
 #include "tests/support/xm_writer.h"
 
 namespace korvane {
 namespace {
+
+constexpr std::chrono::seconds kLong(20);
 
 /// Numbers of devices, which one thread hands to another.
 class DeviceQueue {
@@ -32,11 +41,11 @@ class DeviceQueue {
         devices_.push(device);
         pushed_.notify_all();
     }
-    /// Waits for the next one; nothing when there is none for 20 seconds.
+    /// Waits for the next one; nothing when there is none for a long time.
     std::optional<SDL_AudioDeviceID> Pop() {
         std::unique_lock lock(mutex_);
         const auto hasOne = [this] { return !devices_.empty(); };
-        if (!pushed_.wait_for(lock, std::chrono::seconds(20), hasOne)) return std::nullopt;
+        if (!pushed_.wait_for(lock, kLong, hasOne)) return std::nullopt;
         const SDL_AudioDeviceID device = devices_.front();
         devices_.pop();
         return device;
@@ -79,10 +88,13 @@ class SdlSoundTest : public testing::Test {
   protected:
     // A driver that takes frames at the right pace and plays them nowhere.
     void SetUp() override { setenv("SDL_AUDIODRIVER", "dummy", 1); }
-    void TearDown() override { unsetenv("SDL_AUDIODRIVER"); }
+    void TearDown() override {
+        for (const char* name : {"SDL_AUDIODRIVER", "PULSE_SERVER", "PULSE_COOKIE"})
+            unsetenv(name);
+    }
 
     CountingSource source;
-    SdlSound sound;
+    SdlSound sound{SdlSound::OpenDefault, {.answer = kLong}};
 };
 
 TEST_F(SdlSoundTest, ARemovedDeviceIsOpenedAgainAndAClosedOneStaysClosed) {
@@ -96,6 +108,7 @@ TEST_F(SdlSoundTest, ARemovedDeviceIsOpenedAgainAndAClosedOneStaysClosed) {
         ReportAnyRemoved(sound, /*recorder=*/false);
         ASSERT_TRUE(source.devices.Pop());
         sound.Close();
+        EXPECT_EQ(SDL_GetCurrentAudioDriver(), nullptr);
         sound.Close();
         ReportAnyRemoved(sound, /*recorder=*/false);
     }
@@ -112,7 +125,7 @@ TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
         found.Push(device);
         return device;
     };
-    SdlSound watched(look, {.retry = std::chrono::milliseconds(1)});
+    SdlSound watched(look, {.answer = kLong, .retry = std::chrono::milliseconds(1)});
     opened = &watched;
     ASSERT_TRUE(watched.Open(source));
     ReportRemoved(watched, found.Pop().value_or(0));
@@ -124,25 +137,70 @@ TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
     EXPECT_EQ(looks, 5) << "no look for a device that is there";
 }
 
-TEST_F(SdlSoundTest, ADriverThatHangsIsLeftBehind) {
-    // What the thread that hangs uses lives as long as it does.
-    const auto hanging = std::make_shared<std::promise<void>>();
-    const auto looks = std::make_shared<int>(0);
+/// What a thread that hangs uses: it lives as long as the thread does.
+struct Hanging {
+    DeviceQueue reached;
     std::promise<void> release;
-    SdlSound stuck(
-        [hanging, looks, released = release.get_future().share()](SoundSource& to) {
-            if (++*looks == 1) return SdlSound::OpenDefault(to);
-            hanging->set_value();
-            released.wait();
-            return SDL_AudioDeviceID{0};
-        },
-        {.patience = std::chrono::milliseconds(1)});
+    std::atomic<int> looks = 0;
+};
+
+/// Opens devices; the look of that number hangs until it is released, and then finds none.
+SdlSound::Opener HangAt(int look, const std::shared_ptr<Hanging>& hanging) {
+    return [=](SoundSource& to) {
+        if (++hanging->looks != look) return SdlSound::OpenDefault(to);
+        hanging->reached.Push(0);
+        hanging->release.get_future().wait();
+        return SDL_AudioDeviceID{0};
+    };
+}
+
+TEST_F(SdlSoundTest, ADriverThatHangsIsLeftBehind) {
+    const auto hanging = std::make_shared<Hanging>();
+    SdlSound stuck(HangAt(2, hanging), {.answer = kLong, .patience = std::chrono::milliseconds(1)});
     ASSERT_TRUE(stuck.Open(source));
     ReportAnyRemoved(stuck, /*recorder=*/false);
-    ASSERT_EQ(hanging->get_future().wait_for(std::chrono::seconds(20)), std::future_status::ready);
+    ASSERT_TRUE(hanging->reached.Pop());
     stuck.Close();  // returns
-    EXPECT_EQ(*looks, 2);
-    release.set_value();
+    EXPECT_EQ(hanging->looks, 2);
+    hanging->release.set_value();
+}
+
+constexpr SdlSound::Times kInAHurry = {.answer = std::chrono::milliseconds(1),
+                                       .retry = std::chrono::milliseconds(1),
+                                       .patience = std::chrono::hours(1)};
+
+TEST_F(SdlSoundTest, ASoundSystemThatAnswersLateIsWaitedForByNobody) {
+    for (const bool isClosedFirst : {true, false}) {
+        const auto hanging = std::make_shared<Hanging>();
+        SdlSound late(HangAt(1, hanging), kInAHurry);
+        ASSERT_TRUE(late.Open(source)) << "as with a device";
+        ASSERT_TRUE(hanging->reached.Pop());
+        if (isClosedFirst) late.Close();
+        hanging->release.set_value();
+        EXPECT_TRUE(isClosedFirst || source.devices.Pop()) << "the second look finds a device";
+    }
+    // The first thread has left SDL, or this one could not play.
+    ASSERT_TRUE(sound.Open(source));
+    EXPECT_TRUE(source.devices.Pop());
+}
+
+TEST_F(SdlSoundTest, ASoundServerThatTakesAConnectionAndSaysNothingHoldsUpNobody) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Path() + "/server";
+    setenv("SDL_AUDIODRIVER", "pulseaudio", 1);
+    setenv("PULSE_SERVER", ("unix:" + path).c_str(), 1);
+    setenv("PULSE_COOKIE", (folder.Path() + "/cookie").c_str(), 1);
+    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    pollfd server{socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0), POLLIN, 0};
+    ASSERT_EQ(bind(server.fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(listen(server.fd, 1), 0);
+    SdlSound silent(SdlSound::OpenDefault, kInAHurry);
+    EXPECT_TRUE(silent.Open(source)) << "as with a device";
+    EXPECT_EQ(poll(&server, 1, 20'000), 1) << "it is called";
+    silent.Close();
+    close(server.fd);
+    EXPECT_FALSE(sound.Open(source)) << "nobody listens; the thread that was left behind has ended";
 }
 
 TEST(QuietStartTest, TheSourceIsSilentUntilTheQuietTimeIsOver) {
@@ -162,7 +220,8 @@ TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
     Mixer mixer;
     const std::shared_ptr<MusicStream> music[] = {OpenModule(MakeXm({})),
                                                   OpenModuleLater(MakeXm({}))};
-    const auto click = std::make_shared<const Sample>(Sample{1, std::vector<std::int16_t>(90)});
+    const std::shared_ptr<const Sample> clicks[] = {MakeSample({.frames = 90}),
+                                                    MakeSample({.rate = 8000, .frames = 90})};
     std::atomic<bool> ended = false;
     std::thread device([&] {
         std::vector<std::int16_t> buffer(std::size_t{2} * 16);
@@ -179,6 +238,7 @@ TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
         if (call == 1) mixer.PauseMusic(*stream);
         if (call == 2) mixer.ResumeMusic(*stream);
         if (call == 3) mixer.StopMusic(*stream);
+        const auto& click = clicks[random() % 2];
         if (call == 4) mixer.StopSample(*click);
         if (call == 5) mixer.PlaySample(click, channel, 3);
         sounded = sounded || mixer.IsChannelSounding(channel);
@@ -189,6 +249,8 @@ TEST(TwoThreadsTest, TheGameMayChangeWhatSoundsAtAnyMoment) {
     mixer.StopAll();
     for (const auto& stream : music)
         EXPECT_EQ(stream.use_count(), 1) << "nobody holds it any more";
+    for (const auto& click : clicks)
+        EXPECT_EQ(click.use_count(), 1);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "platform/headless/headless_host.h"
 #include "tests/support/heard.h"
+#include "tests/support/wav_writer.h"
 
 namespace korvane {
 namespace {
@@ -37,7 +38,9 @@ class MixerTest : public testing::Test {
 
     static int Level() { return Headless().Hear(kSoundBufferFrames).back(); }
     static std::shared_ptr<const Sample> Steady(std::int16_t level, std::size_t frames = 2000) {
-        return std::make_shared<const Sample>(Sample{1, std::vector<std::int16_t>(frames, level)});
+        WavRecipe recipe{.frames = frames};
+        recipe.wave = [level](std::size_t, int) { return level / 32768.0; };
+        return MakeSample(recipe);
     }
 
     Mixer mixer;
@@ -83,6 +86,7 @@ TEST_F(MixerTest, OneMoreThanTheLimitEndsTheOldestOfThatSampleAlone) {
     mixer.StopChannel(3);
     EXPECT_NEAR(Level(), 3 * 4000, 5);
     mixer.StopSample(*sample);
+    EXPECT_EQ(sample.use_count(), 1) << "nobody holds it any more";
     EXPECT_NEAR(Level(), 4000, 5);
     EXPECT_TRUE(mixer.IsChannelSounding(9));
     Headless().Hear(2000 - 3 * kSoundBufferFrames);
@@ -101,9 +105,12 @@ TEST_F(MixerTest, ASampleThatCouldNotBeginInTimeIsDropped) {
 }
 
 TEST_F(MixerTest, BothSidesOfAStereoSampleStayApart) {
-    const auto sample = std::make_shared<const Sample>(Sample{2, {100, -200, 300, -400}});
-    mixer.PlaySample(sample, 1, 3);
-    EXPECT_EQ(Headless().Hear(3), (std::vector<std::int16_t>{100, -200, 300, -400, 0, 0}));
+    WavRecipe recipe{.channels = 2, .frames = 2};
+    recipe.wave = [](std::size_t frame, int channel) {
+        return (frame == 0 ? 100 : 300) / 32768.0 * (channel == 0 ? 1 : -2);
+    };
+    mixer.PlaySample(MakeSample(recipe), 1, 3);
+    EXPECT_EQ(Headless().Hear(3), (std::vector<std::int16_t>{100, -200, 300, -600, 0, 0}));
 }
 
 TEST_F(MixerTest, TheRenderingThreadDoesTheJumps) {
