@@ -14,6 +14,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/state/process_state.h"
@@ -104,6 +105,8 @@ class SoakTest : public RandomInput {
     std::uint64_t nextRowMs_ = kHourMs;
     int lives_ = 0;
     int games_ = 0;
+    int skins_ = 0;  ///< how often another was chosen
+    std::string skin_ = "Original";
     std::int64_t frames_ = 0;
     std::int64_t rows_ = 0;
     std::uint32_t digest_ = 0;
@@ -124,7 +127,9 @@ void SoakTest::Soak() {
     // The clock wraps around a quarter of an hour after the start.
     Headless().SetMilliseconds(lastTick_ = 0xFFFFFFFF - kHourMs / 4);
     std::printf("seed %u; memory in KiB\n", seed);
-    std::puts("   hours in play  lives  games    rows   frames    heap resident    digest");
+    std::puts(
+        "   hours in play  lives  games    rows  dialog events  skins   frames    heap resident    "
+        "digest");
     while (!IsOver() && !HasFailure()) {
         Live();
         Sample();
@@ -153,6 +158,7 @@ void SoakTest::Step() {
     if (what == 198) Headless().Push({.type = HostEventType::Minimized});
     if (what == 199) Headless().FailPresents({DDERR_SURFACELOST});
     if (!IsAlive()) return;
+    skins_ += std::exchange(skin_, theSettings.skinName) != theSettings.skinName;
     Look();
     ASSERT_NO_FATAL_FAILURE(ExpectScreensAgree());
     ASSERT_NO_FATAL_FAILURE(ExpectSettingsInRange());
@@ -277,10 +283,10 @@ void SoakTest::Sample() {
 }
 
 void SoakTest::PrintRow() const {
-    std::printf("%8.1f%8.1f%7d%7d%8lld%9lld%8zu%9zu  %08x\n",
+    std::printf("%8.1f%8.1f%7d%7d%8lld%15d%7d%9lld%8zu%9zu  %08x\n",
                 static_cast<double>(passedMs_) / kHourMs, static_cast<double>(playedMs_) / kHourMs,
-                lives_, games_, static_cast<long long>(rows_), static_cast<long long>(frames_),
-                memory_.asked, memory_.resident, digest_);
+                lives_, games_, static_cast<long long>(rows_), wakings_, skins_,
+                static_cast<long long>(frames_), memory_.asked, memory_.resident, digest_);
     std::fflush(stdout);
 }
 
