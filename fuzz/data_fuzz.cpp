@@ -1,5 +1,8 @@
-// The four data files and a skin's module.txt. The input's first byte says which it is.
+// The four data files, a skin's module.txt and its key colours. The input's first byte says which
+// it is.
 
+#include <algorithm>
+#include <array>
 #include <memory>
 #include <string>
 #include <vector>
@@ -10,6 +13,7 @@
 #include "fuzz/memory_files.h"
 #include "game/rules/key_bindings.h"
 #include "game/rules/level_table.h"
+#include "gfx/skin.h"
 #include "platform/headless/headless_host.h"
 #include "screens/high_score_table.h"
 
@@ -45,11 +49,26 @@ void TryModuleText(std::span<const std::byte> input) {
     Expect(choice.fileName.size() <= 254);
 }
 
+/// Each key is black or stands in the file: blue, green, red.
+void TryColorKeys(Bytes content) {
+    SkinColorKeys keys;
+    Disk().insert_or_assign("Skins\\Original\\colorkey.bmp", content);
+    keys.Load();
+    for (int i = 0; i < 3; ++i) {
+        const COLORREF key = keys.Key(i);
+        const std::array stored = {std::byte(key >> 16), std::byte(key >> 8 & 0xFF),
+                                   std::byte(key & 0xFF)};
+        const auto found =
+            std::search(content.begin(), content.end(), stored.begin(), stored.end());
+        Expect(key == 0 || found != content.end());
+    }
+}
+
 void Try(std::span<const std::byte> input) {
     if (input.empty()) return;
     const std::span<const std::byte> rest = input.subspan(1);
     Bytes content(rest.begin(), rest.end());
-    switch (std::to_integer<int>(input.front()) % 5) {
+    switch (std::to_integer<int>(input.front()) % 6) {
         case 0:
             return CheckSettles("data\\menu.dat", std::move(content), [] {
                 const Settings settings;  // saves when it ends
@@ -67,8 +86,10 @@ void Try(std::span<const std::byte> input) {
                 bindings.Load();
                 bindings.Save();
             });
-        default:
+        case 4:
             return TryModuleText(rest);
+        default:
+            return TryColorKeys(std::move(content));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <span>
+#include <string_view>
 
 namespace korvane::fuzz {
 
@@ -14,6 +15,10 @@ inline void Expect(bool holds) {
 
 inline std::span<const std::byte> InputBytes(const std::uint8_t* data, std::size_t size) {
     return {reinterpret_cast<const std::byte*>(data), size};
+}
+
+inline std::string_view InputText(const std::uint8_t* data, std::size_t size) {
+    return {reinterpret_cast<const char*>(data), size};
 }
 
 }  // namespace korvane::fuzz

@@ -25,6 +25,9 @@ struct StoredText {
     Text& text;
     std::size_t limit;
 };
+// clang 14 does not work this out by itself.
+template <typename Text>
+StoredText(Text&, std::size_t) -> StoredText<Text>;
 
 /// Gives the visited fields what the bytes hold. Fields behind the end of the bytes keep what they
 /// have.

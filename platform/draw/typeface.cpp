@@ -3,6 +3,7 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
+#include <cstddef>
 #include <map>
 
 #include "platform/base/utf8.h"
@@ -11,6 +12,9 @@ namespace korvane {
 namespace {
 
 constexpr int kPixelSize = 13;
+
+/// Many more than the program's own texts need. What a user types or pastes can be any character.
+constexpr std::size_t kMostGlyphs = 512;
 
 /// Where Linux distributions install the face.
 constexpr const char* kFontFiles[] = {
@@ -69,6 +73,7 @@ Typeface::Typeface(int scale) : scale_(scale) {
 Typeface::~Typeface() = default;
 
 const Glyph& Typeface::GlyphOf(char32_t character) {
+    if (glyphs_.size() >= kMostGlyphs && !glyphs_.contains(character)) glyphs_.clear();
     const auto [entry, isNew] = glyphs_.try_emplace(character);
     if (isNew) entry->second = file_ ? file_->Load(character) : TinyGlyph(character, scale_);
     return entry->second;

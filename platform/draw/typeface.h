@@ -47,6 +47,7 @@ class Typeface {
   private:
     struct FontFile;
 
+    /// Valid until the next call.
     const Glyph& GlyphOf(char32_t character);
 
     int scale_;

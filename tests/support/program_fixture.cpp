@@ -75,8 +75,9 @@ void ProgramFixture::Pass() {
 void ProgramFixture::Run(std::uint32_t milliseconds) {
     const std::uint32_t start = Headless().Milliseconds();
     while (running_ && Headless().Milliseconds() - start < milliseconds) {
-        Headless().Advance(10);
+        Headless().Advance(passMs);
         Pass();
+        AfterPass();
     }
 }
 

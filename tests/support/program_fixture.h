@@ -28,7 +28,7 @@ class ProgramFixture : public testing::Test {
     /// Lets the message loop go on until it ends; its exit code, none after so many passes.
     static std::optional<int> Passes(int count);
 
-    /// Lets the message loop go on for some time, a pass every 10 ms.
+    /// Lets the message loop go on for some time, a pass every `passMs`.
     void Run(std::uint32_t milliseconds);
     /// One frame, or more, with nothing happening.
     void Frame() { Run(20); }
@@ -51,7 +51,11 @@ class ProgramFixture : public testing::Test {
     /// Lets a player lock some figures, for at least four points each, and then ends its game.
     void EndGame(Player& player, int figures);
 
+    /// Called after every pass of the message loop that `Run` makes.
+    virtual void AfterPass() {}
+
     TemporaryFolder folder;
+    std::uint32_t passMs = 10;
 
   private:
     void Pass();
