@@ -128,7 +128,7 @@ class Host {
     /// DDERR_EXCLUSIVEMODEALREADYSET, or DDERR_WRONGMODE (somebody else has changed the display's
     /// mode).
     virtual HRESULT DisplayState() = 0;
-    /// Tells the user something when no window can show it.
+    /// Tells the user something on the terminal, where no window can show it or none is to.
     virtual void Report(const std::string& caption, const std::string& text) = 0;
 
     /// Opens the sound device, which from then on asks `source` for frames until CloseSound

@@ -31,6 +31,10 @@ void Sleep(std::uint32_t milliseconds) {
     TheHost().Sleep(milliseconds);
 }
 
+void TellOnTerminal(const std::string& text) {
+    TheHost().Report("Korvane", text);
+}
+
 Files& GameFiles() {
     return TheHost().GameFiles();
 }

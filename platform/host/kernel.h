@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/host/files.h"
 
@@ -17,6 +18,9 @@ std::uint32_t timeGetTime();
 /// Seconds since 1970-01-01 UTC.
 std::int64_t SecondsSinceEpoch();
 void Sleep(std::uint32_t milliseconds);
+
+/// One line on the terminal that the program was started from; never a window.
+void TellOnTerminal(const std::string& text);
 
 /// All files are read and written through this: the game's own and those of skins.
 Files& GameFiles();
