@@ -103,19 +103,21 @@ Bytes TableOf(const std::string& rows) {
 
 TEST_F(HighScoreTableTest, RowsKeptBesideTheFileAreTakenUpByTheirRank) {
     const struct {
+        const char* had;
         const char* kept;
         const char* want;
     } kCases[] = {
-        {"..........", "ABCDEFGHIJ"},  // nothing was earned
-        {"K.........", "ABCDEFGHIK"},  // above the one that it equals
-        {"KL........", "ABCDEFGHIK"},  // both equal the last one
-        {"...M......", "MABCDEFGHI"}, {"M........K", "MABCDEFGHI"},
-        {"N.........", "ABCDEFGHIJ"},  // below all
-        {"A.C.......", "ABCDEFGHIJ"},  // they are there already
-        {"A...A.....", "AABCDEFGHI"},  // one of them is
+        {"ABCDEFGHIJ", "..........", "ABCDEFGHIJ"},  // nothing was earned
+        {"ABCDEFGHIJ", "K.........", "ABCDEFGHIK"},  // above the one that it equals
+        {"ABCDEFGHIJ", "KL........", "ABCDEFGHIK"},  // both equal the last one
+        {"ABCDEFGHIJ", "...M......", "MABCDEFGHI"}, {"ABCDEFGHIJ", "M........K", "MABCDEFGHI"},
+        {"ABCDEFGHIJ", "N.........", "ABCDEFGHIJ"},  // below all
+        {"ABCDEFGHIJ", "A.C.......", "ABCDEFGHIJ"},  // they are there already
+        {"ABCDEFGHIJ", "A...A.....", "AABCDEFGHI"},  // one of them is
+        {"AABCDEFGHI", ".....A....", "AABCDEFGHI"},
     };
-    for (const auto& [kept, want] : kCases) {
-        folder.Write(kFile, TableOf("ABCDEFGHIJ"));
+    for (const auto& [had, kept, want] : kCases) {
+        folder.Write(kFile, TableOf(had));
         for (int times = 1; times <= 2; ++times) {  // the second time changes nothing
             folder.Write(std::string(kFile) + ".new", TableOf(kept));
             HighScoreTable().Save();
