@@ -18,14 +18,22 @@ std::string Shown(std::string path) {
     return path;
 }
 
-/// What fails for want of something that others use up, too, can succeed a moment later.
+// At the end everything is tried twice: what fails for want of something that others use up, too,
+// can succeed a moment later.
+
+ReadResult ReadFile(const std::string& path) {
+    const ReadResult first = GameFiles().TryRead(path, kDataFileCap);
+    if (first.status != ReadStatus::Unreadable) return first;
+    return GameFiles().TryRead(path, kDataFileCap);
+}
+
 bool ReplaceFile(std::string_view path, std::span<const std::byte> bytes) {
     return GameFiles().Replace(path, bytes) || GameFiles().Replace(path, bytes);
 }
 
 void WriteBeside(const std::string& path, const DataFileSession& session,
                  std::span<const std::byte> bytes, MergeBytes* merged) {
-    const ReadResult there = GameFiles().TryRead(path, kDataFileCap);
+    const ReadResult there = ReadFile(path);
     if (there.status == ReadStatus::Unreadable)
         return TellOnTerminal(Shown(path) + " cannot be read either: what has changed is lost.");
     // Another session has written it since the start, or only now can it be read.
