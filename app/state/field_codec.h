@@ -24,6 +24,9 @@ struct StoredText {
     Text& text;
     std::size_t limit;
 };
+// clang 14 needs to be told.
+template <typename Text>
+StoredText(Text&, std::size_t) -> StoredText<Text>;
 
 /// Gives the visited fields what the bytes hold. Fields behind the end of the bytes keep what they
 /// have.

@@ -216,6 +216,7 @@ TEST_F(DataFilesTest, AnyBytesAreTakenAndWrittenBackWhole) {
     for (const DataFile& file : kDataFiles) {
         for (const std::size_t length : {std::size_t{1}, file.Size(), std::size_t{5000}}) {
             SCOPED_TRACE(testing::Message() << file.name << ", " << length << " bytes");
+            folder.Write(std::string(file.name) + ".new", Bytes(length, std::byte{0x7F}));
             const Bytes first = Rewritten(file, Bytes(length, std::byte{0xFF}));
             EXPECT_EQ(first.size(), file.Size());
             EXPECT_EQ(Rewritten(file, first), first);

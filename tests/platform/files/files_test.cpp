@@ -179,6 +179,7 @@ TEST_F(FilesTest, WhatCannotBeReadIsNotMissing) {
         fs::permissions(root_ / "data", fs::perms(mode));
         EXPECT_TRUE(InChild([&] { return BecomeNobody() && Read("data\\none") == want; })) << mode;
     }
+    fs::permissions(root_ / "data", fs::perms::all);
     // Reading it fails at its beginning.
     EXPECT_EQ(OpenDiskFiles("/proc/self")->TryRead("mem", kNoCap).status, ReadStatus::Unreadable);
 }
