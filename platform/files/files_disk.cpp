@@ -40,8 +40,7 @@ class DiskFiles final : public Files {
         if (!place) return std::nullopt;
         const std::optional<std::vector<std::string>> names = NamesIn(place->folder, place->name);
         if (!names) return std::nullopt;
-        const Descriptor inside(openat(place->folder.Number(), place->name.c_str(),
-                                       O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        const Descriptor inside = OpenIn(place->folder, place->name.c_str(), O_PATH | O_DIRECTORY);
         if (!inside) return std::nullopt;
         std::vector<FolderEntry> entries;
         for (const std::string& name : *names) {

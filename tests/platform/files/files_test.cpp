@@ -212,6 +212,15 @@ TEST_F(FilesTest, ASaveDeletesWhatKilledProgramsHaveLeftAndNothingElse) {
     fs::create_directory(root_ / "data/.hs.dat.folder.tmp");
     for (const char* litter : {".hs.dat.tmp", ".hs.dat.1-0.tmp", ".hs.dat.new.1-0.tmp"})
         WriteFile(std::string("data/") + litter, "litter");
+    const Names withLitter = List("data");
+    {
+        const Descriptor folder(open((root_ / "data").c_str(), O_RDONLY));
+        ASSERT_TRUE(folder.Lock());
+        const auto files = OpenDiskFiles(root_.string(), /*folderWaitMs=*/10);
+        EXPECT_TRUE(files->Replace("data\\hs.dat", {})) << "another program hangs";
+        EXPECT_FALSE(files->Delete("data\\hs.dat", {}));
+        EXPECT_EQ(List("data"), withLitter);
+    }
     {
         const std::string held = (root_ / "data/.hs.dat.held.tmp").string();
         const Descriptor living(open(held.c_str(), O_WRONLY));
