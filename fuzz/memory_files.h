@@ -20,15 +20,19 @@ class MemoryFiles final : public Files {
 
     explicit MemoryFiles(std::shared_ptr<Contents> contents) : contents_(std::move(contents)) {}
 
-    std::optional<std::vector<std::byte>> Read(std::string_view path, std::size_t cap) override {
+    ReadResult TryRead(std::string_view path, std::size_t cap) override {
         const auto found = contents_->find(path);
-        if (found == contents_->end() || found->second.size() > cap) return std::nullopt;
-        return found->second;
+        if (found == contents_->end()) return {};
+        if (found->second.size() > cap) return {ReadStatus::Unreadable, {}};
+        return {ReadStatus::Read, found->second};
     }
     bool Replace(std::string_view path, std::span<const std::byte> bytes) override {
         contents_->insert_or_assign(std::string(path),
                                     std::vector<std::byte>(bytes.begin(), bytes.end()));
         return true;
+    }
+    bool Delete(std::string_view path, std::span<const std::byte>) override {
+        return contents_->erase(std::string(path)) != 0;
     }
     std::optional<std::vector<FolderEntry>> List(std::string_view) override { return std::nullopt; }
 

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string_view>
 
+#include "app/state/data_file_session.h"
+
 namespace korvane {
 
 inline constexpr std::size_t kHighScoreRows = 10;
@@ -42,9 +44,7 @@ class HighScoreTable {
     const HighScoreEntry& Row(std::size_t row) const { return rows_[row]; }
 
   private:
-    bool Load();
-    void SetDefaults();
-
+    DataFileSession file_;
     std::array<HighScoreEntry, kHighScoreRows> rows_;
 };
 

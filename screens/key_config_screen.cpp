@@ -168,10 +168,6 @@ KeySlot* KeyConfigScreen::ArmedSlot() {
 bool KeyConfigScreen::CaptureKey(std::uint8_t key) {
     KeySlot* const armed = ArmedSlot();
     if (!armed || !IsBindable(key)) return false;
-    // A file edited by hand can give several slots one key; the last of them takes part.
-    const auto holder = std::find_if(slots_.rbegin(), slots_.rend(),
-                                     [key](const auto& slot) { return slot->Key() == key; });
-    if (holder != slots_.rend()) (*holder)->Bind(armed->Key());
     armed->Bind(key);
     armed->Disarm();
     return true;

@@ -35,7 +35,7 @@ class KeySlot final : public Button {
     void Disarm() { SetSelected(false); }
 
     std::uint8_t Key() const { return keyBindings.Key(action_, side_); }
-    void Bind(std::uint8_t key) const { keyBindings.Key(action_, side_) = key; }
+    void Bind(std::uint8_t key) const { keyBindings.Bind(action_, side_, key); }
 
   private:
     const GlyphSheets& sheets_;

@@ -1,110 +1,104 @@
 #pragma once
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
-#include <cstdint>
 #include <optional>
-#include <string>
+#include <span>
 #include <string_view>
-#include <utility>
+#include <vector>
 
-#include "platform/base/byte_stream.h"
-#include "platform/host/kernel.h"
+#include "app/state/data_file_session.h"
+#include "app/state/field_codec.h"
 
 namespace korvane {
 
-// The game's own small binary files: little-endian fields one after the other, without header,
-// version or checksum. Each file's layout is one function that visits the fields of a record in
-// file order; reading and writing both go by it.
+// A data file's `Layout` is a type with these static members:
+//
+//   Record                          the fields in memory
+//   kPath                           of the file
+//   kFewestBytes                    a file with fewer counts as none; at least 1
+//   Defaults()                      the record when there is no file
+//   Unreached()                     what fields hold that a short file does not reach
+//   Visit(record, visitor)          visits the fields in file order
+//   Merged(base, added, known)      `base` and whatever `added` has beyond `known`
 
-/// A text in such a file: 16 bits that count characters and end mark, the characters, the end mark
-/// (0). `limit` is the most characters that are taken.
-template <typename Text>
-struct StoredText {
-    Text& text;
-    std::size_t limit;
-};
-// clang 14 does not work this out by itself.
-template <typename Text>
-StoredText(Text&, std::size_t) -> StoredText<Text>;
-
-/// Gives the visited fields what the bytes hold. Fields behind the end of the bytes keep what they
-/// have.
-class FieldReader {
-  public:
-    explicit FieldReader(std::span<const std::byte> bytes) : reader_(bytes) {}
-
-    /// A text was longer than its limit.
-    bool HasFailed() const { return failed_; }
-
-    void operator()(auto& field) { reader_.Read(field); }
-
-    template <std::size_t length>
-    void operator()(std::array<char, length>& characters) {
-        std::ranges::copy(TextOf(length), characters.begin());
-    }
-
-    void operator()(StoredText<std::string> field) {
-        std::uint16_t length = 0;
-        reader_.Read(length);
-        failed_ = failed_ || length > field.limit + 1;
-        const std::string_view stored = TextOf(length);
-        if (!stored.empty())
-            field.text = stored.substr(0, stored.find('\0')).substr(0, field.limit);
-    }
-
-  private:
-    std::string_view TextOf(std::size_t length) {
-        const std::span<const std::byte> bytes = reader_.Take(length);
-        return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-    }
-
-    ByteReader reader_;
-    bool failed_ = false;
-};
-
-/// Collects the bytes of the visited fields.
-class FieldWriter {
-  public:
-    std::span<const std::byte> Bytes() const { return writer_.Bytes(); }
-
-    void operator()(const auto& field) { writer_.Write(field); }
-
-    template <std::size_t length>
-    void operator()(const std::array<char, length>& characters) {
-        writer_.Write(std::string_view(characters.data(), length));
-    }
-
-    void operator()(StoredText<const std::string> field) {
-        writer_.Write(static_cast<std::uint16_t>(field.text.size() + 1));
-        writer_.Write(std::string_view(field.text));
-        writer_.Write(std::uint8_t{0});
-    }
-
-  private:
-    ByteWriter writer_;
-};
-
-/// Reads a file over the fields of `record`. Nothing when there is no file that can be read, when
-/// it has fewer than `fewestBytes`, or when a text in it is too long.
-template <typename Record, typename VisitFields>
-std::optional<Record> ReadDataFile(std::string_view path, std::size_t fewestBytes, Record record,
-                                   VisitFields visitFields) {
-    const auto bytes = GameFiles().Read(path, kDataFileCap);
-    if (!bytes || bytes->size() < fewestBytes) return std::nullopt;
-    FieldReader reader(*bytes);
-    visitFields(record, reader);
+/// A record from a file's bytes; nothing when they count as none or hold a text that is too long.
+template <typename Layout>
+std::optional<typename Layout::Record> Decoded(std::span<const std::byte> bytes) {
+    if (bytes.size() < Layout::kFewestBytes) return std::nullopt;
+    FieldReader reader(bytes);
+    typename Layout::Record record = Layout::Unreached();
+    Layout::Visit(record, reader);
     if (reader.HasFailed()) return std::nullopt;
     return record;
 }
 
-/// Replaces a file by the fields of a record; a failure goes unnoticed.
-template <typename Record, typename VisitFields>
-void WriteDataFile(std::string_view path, const Record& record, VisitFields visitFields) {
+template <typename Layout>
+std::vector<std::byte> Encoded(const typename Layout::Record& record) {
     FieldWriter writer;
-    visitFields(record, writer);
-    GameFiles().Replace(path, writer.Bytes());
+    Layout::Visit(record, writer);
+    return {writer.Bytes().begin(), writer.Bytes().end()};
+}
+
+/// For layouts whose fields stand for themselves: each that `added` and `known` have alike comes
+/// from `base`.
+template <typename Layout>
+typename Layout::Record MergedFields(typename Layout::Record base,
+                                     const typename Layout::Record& added,
+                                     const typename Layout::Record& known) {
+    const auto split = [](const typename Layout::Record& record) {
+        FieldSplitter fields;
+        Layout::Visit(record, fields);
+        return fields.All();
+    };
+    const FieldSplitter::Fields old = split(base), now = split(added), before = split(known);
+    std::vector<std::byte> bytes;
+    for (std::size_t i = 0; i < old.size(); ++i) {
+        const std::vector<std::byte>& field = now[i] != before[i] ? now[i] : old[i];
+        bytes.insert(bytes.end(), field.begin(), field.end());
+    }
+    return *Decoded<Layout>(bytes);
+}
+
+/// Joins the bytes of three files as `Layout::Merged` joins records.
+using MergeBytes = std::vector<std::byte>(std::span<const std::byte> base,
+                                          std::span<const std::byte> added,
+                                          std::span<const std::byte> known);
+
+/// `Layout::Merged` of three files' bytes; `added` where `base` counts as none.
+template <typename Layout>
+std::vector<std::byte> MergedBytes(std::span<const std::byte> base,
+                                   std::span<const std::byte> added,
+                                   std::span<const std::byte> known) {
+    const auto record = Decoded<Layout>(base);
+    if (!record) return {added.begin(), added.end()};
+    return Encoded<Layout>(
+        Layout::Merged(*record, *Decoded<Layout>(added), *Decoded<Layout>(known)));
+}
+
+/// Reads a data file and the one beside it for the session. Returns the bytes of the first: none
+/// when it is missing, or cannot be read, which the user is told.
+std::vector<std::byte> BeginDataFile(std::string_view path, DataFileSession& session);
+
+/// Writes the bytes to the data file or beside it, as the session demands. `merged` joins them
+/// with what another session has put there meanwhile.
+void FinishDataFile(std::string_view path, const DataFileSession& session,
+                    std::span<const std::byte> bytes, MergeBytes* merged);
+
+/// What a data file holds, with what stands beside it; nothing when neither gives a record.
+template <typename Layout>
+std::optional<typename Layout::Record> LoadDataFile(DataFileSession& session) {
+    const typename Layout::Record defaults = Layout::Defaults();
+    auto record = Decoded<Layout>(BeginDataFile(Layout::kPath, session));
+    const auto added = Decoded<Layout>(session.added.value_or(std::vector<std::byte>()));
+    if (added) record = Layout::Merged(record.value_or(defaults), *added, defaults);
+    session.begun = Encoded<Layout>(record.value_or(defaults));
+    return record;
+}
+
+/// Replaces the file, or the one beside it; a failure goes unnoticed.
+template <typename Layout>
+void SaveDataFile(const DataFileSession& session, const typename Layout::Record& record) {
+    FinishDataFile(Layout::kPath, session, Encoded<Layout>(record), MergedBytes<Layout>);
 }
 
 }  // namespace korvane

@@ -8,35 +8,44 @@
 namespace korvane {
 namespace {
 
-constexpr std::string_view kSettingsPath = "data\\menu.dat";
+/// data\menu.dat.
+struct SettingsFile {
+    using Record = SettingsValues;
+    static constexpr std::string_view kPath = "data\\menu.dat";
+    static constexpr std::size_t kFewestBytes = 1;
 
-/// The layout of data\menu.dat.
-constexpr auto kVisitSettings = [](auto& values, auto& visit) {
-    const auto visitBoth = [&visit](auto& pair) {
-        visit(pair[0]);
-        visit(pair[1]);
-    };
-    visit(values.players);
-    visitBoth(values.difficulty);
-    visitBoth(values.clockwise);
-    visitBoth(values.timeBased);
-    visit(values.music);
-    visit(values.soundEffects);
-    visit(values.quakes);
-    visit(values.battle);
-    visit(values.windowed);
-    visit(values.countUpScore);
-    visitBoth(values.preview);
-    visit(values.individualQuakes);
-    visit(values.dropDelayMs);
-    visit(values.fullscreenBpp);
-    visit(values.fullscreenRefresh);
-    visitBoth(values.statistics);
-    visit(StoredText{values.skinName, kSkinNameLimit});
-    visit(values.showAdvancedAtStart);
-    visit(values.scrollingPieces);
-    visit(values.sfxMask);
-    visit(values.dropMagnitude);
+    static Record Defaults() { return {}; }
+    static Record Unreached() { return {}; }
+    static void Visit(auto& values, auto& visit) {
+        const auto visitBoth = [&visit](auto& pair) {
+            visit(pair[0]);
+            visit(pair[1]);
+        };
+        visit(values.players);
+        visitBoth(values.difficulty);
+        visitBoth(values.clockwise);
+        visitBoth(values.timeBased);
+        visit(values.music);
+        visit(values.soundEffects);
+        visit(values.quakes);
+        visit(values.battle);
+        visit(values.windowed);
+        visit(values.countUpScore);
+        visitBoth(values.preview);
+        visit(values.individualQuakes);
+        visit(values.dropDelayMs);
+        visit(values.fullscreenBpp);
+        visit(values.fullscreenRefresh);
+        visitBoth(values.statistics);
+        visit(StoredText{values.skinName, kSkinNameLimit});
+        visit(values.showAdvancedAtStart);
+        visit(values.scrollingPieces);
+        visit(values.sfxMask);
+        visit(values.dropMagnitude);
+    }
+    static Record Merged(const Record& base, const Record& added, const Record& known) {
+        return MergedFields<SettingsFile>(base, added, known);
+    }
 };
 
 /// The name as it can be stored: up to its first zero, the default one for one that is too long.
@@ -60,7 +69,7 @@ Settings::~Settings() {
 }
 
 bool Settings::Load() {
-    const auto values = ReadDataFile(kSettingsPath, 1, SettingsValues(), kVisitSettings);
+    const auto values = LoadDataFile<SettingsFile>(file_);
     if (values) static_cast<SettingsValues&>(*this) = *values;
     return values.has_value();
 }
@@ -68,7 +77,7 @@ bool Settings::Load() {
 void Settings::Save() const {
     SettingsValues values = *this;
     values.skinName = StorableName(skinName);
-    WriteDataFile(kSettingsPath, values, kVisitSettings);
+    SaveDataFile<SettingsFile>(file_, values);
 }
 
 void Settings::SetDefaults() {

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "app/state/data_file_session.h"
+
 namespace korvane {
 
 /// Bits of `sfxMask`: the events whose sound effects play.
@@ -58,8 +60,9 @@ class Settings : public SettingsValues {
     Settings(const Settings&) = delete;
     Settings& operator=(const Settings&) = delete;
 
-    /// False, with nothing changed, when the file is missing, empty or holds a skin name that is
-    /// too long. Fields behind the end of a short file get their defaults.
+    /// False, with nothing changed, when the file is missing, unreadable, empty or holds a skin
+    /// name that is too long, and nothing stands beside it. Fields behind the end of a short file
+    /// get their defaults.
     bool Load();
 
     /// Replaces the file; a failure goes unnoticed. A skin name beyond kSkinNameLimit cannot be
@@ -67,6 +70,9 @@ class Settings : public SettingsValues {
     void Save() const;
 
     void SetDefaults();
+
+  private:
+    DataFileSession file_;
 };
 
 /// The settings of this process; app/static_objects.cpp makes them before `main` runs.

@@ -1,5 +1,6 @@
 #include "game/rules/key_bindings.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "app/state/data_file.h"
@@ -7,8 +8,6 @@
 
 namespace korvane {
 namespace {
-
-constexpr std::string_view kKeysPath = "data\\keys.dat";
 
 constexpr std::array<std::uint8_t, kActionCount* 2> kDefaultKeys = {
     VK_UP,    'W',  // rotate
@@ -18,11 +17,35 @@ constexpr std::array<std::uint8_t, kActionCount* 2> kDefaultKeys = {
     'P',      'T',  // pause
 };
 
-/// The layout of data\keys.dat: all of the right player's keys in front of the left player's.
-constexpr auto kVisitKeys = [](auto& bindings, auto& visit) {
-    for (const Side side : {Side::Right, Side::Left}) {
-        for (std::size_t action = 0; action < kActionCount; ++action)
-            visit(bindings.Key(static_cast<Action>(action), side));
+using Keys = std::array<std::uint8_t, kActionCount * 2>;
+
+/// Gives one action another key. Whichever had it gets the action's old one.
+void BindKey(Keys& keys, std::size_t entry, std::uint8_t key) {
+    // A file edited by hand can give several actions one key; the last of them takes part.
+    const auto holder = std::find(keys.rbegin(), keys.rend(), key);
+    if (holder != keys.rend()) *holder = keys[entry];
+    keys[entry] = key;
+}
+
+/// data\keys.dat.
+struct KeysFile {
+    using Record = Keys;
+    static constexpr std::string_view kPath = "data\\keys.dat";
+    static constexpr std::size_t kFewestBytes = 1;
+
+    static Record Defaults() { return kDefaultKeys; }
+    static Record Unreached() { return {}; }
+    /// All of the right player's keys in front of the left player's.
+    static void Visit(auto& keys, auto& visit) {
+        for (const Side side : {Side::Right, Side::Left}) {
+            for (std::size_t action = 0; action < kActionCount; ++action)
+                visit(keys[action * 2 + IndexOf(side)]);
+        }
+    }
+    static Record Merged(Record base, const Record& added, const Record& known) {
+        for (std::size_t entry = 0; entry < base.size(); ++entry)
+            if (added[entry] != known[entry]) BindKey(base, entry, added[entry]);
+        return base;
     }
 };
 
@@ -34,14 +57,16 @@ void KeyBindings::ResetToDefaults() {
     keys_ = kDefaultKeys;
 }
 
+void KeyBindings::Bind(Action action, Side side, std::uint8_t key) {
+    BindKey(keys_, Entry(action, side), key);
+}
+
 void KeyBindings::Load() {
-    KeyBindings none;
-    none.keys_.fill(0);
-    *this = ReadDataFile(kKeysPath, 1, none, kVisitKeys).value_or(KeyBindings());
+    keys_ = LoadDataFile<KeysFile>(file_).value_or(kDefaultKeys);
 }
 
 void KeyBindings::Save() const {
-    WriteDataFile(kKeysPath, *this, kVisitKeys);
+    SaveDataFile<KeysFile>(file_, keys_);
 }
 
 }  // namespace korvane

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "app/state/data_file_session.h"
 #include "game/rules/side.h"
 
 namespace korvane {
@@ -20,8 +21,8 @@ class KeyBindings {
 
     void ResetToDefaults();
 
-    /// Takes the keys of data\keys.dat. No file or an empty one gives the defaults; keys that a
-    /// short file does not reach are missing.
+    /// Takes the keys of data\keys.dat. No file, an unreadable or an empty one gives the defaults;
+    /// keys that a short file does not reach are missing.
     void Load();
     /// Replaces the file; a failure goes unnoticed.
     void Save() const;
@@ -34,7 +35,10 @@ class KeyBindings {
         return key != 0 && Key(action, side) == key;
     }
 
-    bool operator==(const KeyBindings&) const = default;
+    /// Gives an action another key. Whichever had it gets the action's old one.
+    void Bind(Action action, Side side, std::uint8_t key);
+
+    bool operator==(const KeyBindings& other) const { return keys_ == other.keys_; }
 
   private:
     static constexpr std::size_t Entry(Action action, Side side) {
@@ -42,6 +46,7 @@ class KeyBindings {
     }
 
     std::array<std::uint8_t, kActionCount * 2> keys_{};
+    DataFileSession file_;
 };
 
 /// The bindings in effect, initially the defaults.

@@ -8,8 +8,6 @@
 namespace korvane {
 namespace {
 
-constexpr std::string_view kTablePath = "data\\sync.dat";
-
 constexpr LevelTableValues kDefaultTable = {
     .version = 151,
     .normalMs = {{{250, 200, 150},
@@ -42,16 +40,27 @@ static_assert(kDefaultTable.normalMs.back().back() == 15 &&
                   kDefaultTable.secondsForLevel.back() == 720,
               "a row of the table is missing");
 
-/// The layout of data\sync.dat.
-constexpr auto kVisitLevels = [](auto& table, auto& visit) {
-    visit(table.version);
-    for (std::size_t level = 0; level < kLevelCount; ++level) {
-        for (std::size_t difficulty = 0; difficulty < kDifficultyCount; ++difficulty) {
-            visit(table.normalMs[level][difficulty]);
-            visit(table.scrollingPxPerSecond[level][difficulty]);
+/// data\sync.dat.
+struct LevelFile {
+    using Record = LevelTableValues;
+    static constexpr std::string_view kPath = "data\\sync.dat";
+    static constexpr std::size_t kFewestBytes = sizeof(Record::version);
+
+    static Record Defaults() { return kDefaultTable; }
+    static Record Unreached() { return {}; }
+    static void Visit(auto& table, auto& visit) {
+        visit(table.version);
+        for (std::size_t level = 0; level < kLevelCount; ++level) {
+            for (std::size_t difficulty = 0; difficulty < kDifficultyCount; ++difficulty) {
+                visit(table.normalMs[level][difficulty]);
+                visit(table.scrollingPxPerSecond[level][difficulty]);
+            }
+            visit(table.figuresForLevel[level]);
+            visit(table.secondsForLevel[level]);
         }
-        visit(table.figuresForLevel[level]);
-        visit(table.secondsForLevel[level]);
+    }
+    static Record Merged(const Record& base, const Record& added, const Record& known) {
+        return MergedFields<LevelFile>(base, added, known);
     }
 };
 
@@ -70,13 +79,13 @@ LevelTable::~LevelTable() {
 }
 
 bool LevelTable::LoadTable() {
-    const auto table = ReadDataFile(kTablePath, sizeof(version), LevelTableValues(), kVisitLevels);
+    const auto table = LoadDataFile<LevelFile>(file_);
     if (table) static_cast<LevelTableValues&>(*this) = *table;
     return table.has_value();
 }
 
 void LevelTable::SaveTable() const {
-    WriteDataFile<LevelTableValues>(kTablePath, *this, kVisitLevels);
+    SaveDataFile<LevelFile>(file_, *this);
 }
 
 void LevelTable::SetDefaults() {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "app/state/data_file_session.h"
 #include "game/rules/side.h"
 
 namespace korvane {
@@ -34,12 +35,15 @@ class LevelTable : public LevelTableValues {
     LevelTable(const LevelTable&) = delete;
     LevelTable& operator=(const LevelTable&) = delete;
 
-    /// False, with nothing changed, when the file is missing or holds not even the version. Fields
-    /// behind the end of a short file become 0.
+    /// False, with nothing changed, when the file is missing, unreadable or holds not even the
+    /// version, and nothing stands beside it. Fields behind the end of a short file become 0.
     bool LoadTable();
     /// Replaces the file; a failure goes unnoticed.
     void SaveTable() const;
     void SetDefaults();
+
+  private:
+    DataFileSession file_;
 };
 
 /// The level table of this process; app/static_objects.cpp makes it before `main` runs.

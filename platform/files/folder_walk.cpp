@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <climits>
 #include <memory>
 #include <span>
@@ -33,21 +34,28 @@ std::vector<std::string> SplitAt(std::string_view path, std::string_view separat
     return names;
 }
 
-/// The type bits of what stands under a name; 0 when that is nothing.
-mode_t TypeOf(const Descriptor& folder, const std::string& name) {
+/// What stands under a name; Unknown when the system cannot tell.
+enum class Found : std::uint8_t { Nothing, Link, Other, Unknown };
+
+Found FoundUnder(const Descriptor& folder, const std::string& name) {
     struct stat status {};
-    if (fstatat(folder.Number(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return 0;
-    return status.st_mode & S_IFMT;
+    if (fstatat(folder.Number(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return TellsOfNothing(errno) ? Found::Nothing : Found::Unknown;
+    return S_ISLNK(status.st_mode) ? Found::Link : Found::Other;
 }
 
-/// How a folder spells a name that differs in letter case only; the name itself when it has none.
-std::string SpelledIn(const Descriptor& folder, const std::string& name) {
-    std::string best;
-    for (std::string& found : NamesIn(folder, ".").value_or(std::vector<std::string>())) {
-        if (AsciiEqualsIgnoringCase(found, name) && (best.empty() || found < best))
-            best = std::move(found);
-    }
-    return best.empty() ? name : best;
+/// What stands under a name. One that exists in another letter case only is spelled as it exists.
+Found LookFor(const Descriptor& folder, std::string& name) {
+    const Found exactly = FoundUnder(folder, name);
+    if (exactly != Found::Nothing) return exactly;
+    std::optional<std::vector<std::string>> names = NamesIn(folder, ".");
+    // A folder whose names may not be listed has them as they are spelled only.
+    if (!names) return errno == EACCES ? Found::Nothing : Found::Unknown;
+    std::erase_if(*names,
+                  [&](const std::string& found) { return !AsciiEqualsIgnoringCase(found, name); });
+    if (names->empty()) return Found::Nothing;
+    name = *std::ranges::min_element(*names);
+    return FoundUnder(folder, name);
 }
 
 /// The path in a link; nothing when it is no link any more, or longer than any path.
@@ -56,11 +64,6 @@ std::optional<std::string> LinkText(const Descriptor& folder, const std::string&
     const ssize_t length = readlinkat(folder.Number(), name.c_str(), text.data(), text.size());
     if (length < 0 || static_cast<std::size_t>(length) == text.size()) return std::nullopt;
     return std::string(text.data(), static_cast<std::size_t>(length));
-}
-
-Descriptor OpenFolder(const Descriptor& parent, const std::string& name) {
-    return Descriptor(
-        openat(parent.Number(), name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
 /// The names that a walk has still to follow, the next one last: those of a link are put behind it.
@@ -84,10 +87,6 @@ class NamesAhead {
 
 }  // namespace
 
-Descriptor::~Descriptor() {
-    if (number_ >= 0) close(number_);
-}
-
 std::optional<std::vector<std::string>> SplitGamePath(std::string_view path) {
     constexpr std::string_view kSeparators = "/\\";
     if (path.size() > kLongestPath || path.find('\0') != path.npos) return std::nullopt;
@@ -99,52 +98,50 @@ std::optional<std::vector<std::string>> SplitGamePath(std::string_view path) {
 }
 
 std::optional<std::vector<std::string>> NamesIn(const Descriptor& parent, const std::string& name) {
-    const int folder =
-        openat(parent.Number(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (folder < 0) return std::nullopt;
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(fdopendir(folder), closedir);
-    if (!entries) {
-        close(folder);
-        return std::nullopt;
-    }
+    Descriptor folder = OpenIn(parent, name.c_str(), O_RDONLY | O_DIRECTORY);
+    if (!folder) return std::nullopt;
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(fdopendir(folder.Number()), closedir);
+    if (!entries) return std::nullopt;
+    folder.Release();
     std::vector<std::string> names;
+    errno = 0;
     while (const dirent* entry = readdir(entries.get())) {
         const std::string_view found = entry->d_name;
         if (found != "." && found != "..") names.emplace_back(found);
+        errno = 0;
     }
+    if (errno != 0) return std::nullopt;
     return names;
 }
 
-std::optional<PathEnd> WalkBeneath(Descriptor root, const std::vector<std::string>& names) {
+WalkResult WalkBeneath(Descriptor root, const std::vector<std::string>& names) {
     // The folders from the root to the one reached. ".." in a link goes back to the one before and
     // so never above the root, even when folders are moved meanwhile.
     std::vector<Descriptor> trail;
     trail.push_back(std::move(root));
     NamesAhead ahead(names);
     int links = 0;
-    while (trail.back() && !ahead.IsEmpty()) {
+    while (!ahead.IsEmpty()) {
         std::string name = ahead.Pop();
         if (name == "..") {
-            if (trail.size() == 1) return std::nullopt;
+            if (trail.size() == 1) return {};
             trail.pop_back();
             continue;
         }
-        mode_t type = TypeOf(trail.back(), name);
-        if (type == 0) {
-            name = SpelledIn(trail.back(), name);
-            type = TypeOf(trail.back(), name);
-        }
-        if (type == S_IFLNK) {
+        const Found found = LookFor(trail.back(), name);
+        if (found == Found::Unknown) return {};
+        if (found == Found::Link) {
             const std::optional<std::string> link = LinkText(trail.back(), name);
-            if (!link || ++links > kMostLinks || link->starts_with('/')) return std::nullopt;
+            if (!link || ++links > kMostLinks || link->starts_with('/')) return {};
             ahead.Push(SplitAt(*link, "/"));
             continue;
         }
-        if (ahead.IsEmpty()) return PathEnd{std::move(trail.back()), std::move(name)};
-        trail.push_back(OpenFolder(trail.back(), name));
+        if (ahead.IsEmpty()) return {PathEnd{std::move(trail.back()), std::move(name)}};
+        Descriptor folder = OpenIn(trail.back(), name.c_str(), O_PATH | O_DIRECTORY);
+        if (!folder) return {.end = {}, .missing = TellsOfNothing(errno)};
+        trail.push_back(std::move(folder));
     }
-    if (!trail.back()) return std::nullopt;
-    return PathEnd{std::move(trail.back()), "."};
+    return {PathEnd{std::move(trail.back()), "."}};
 }
 
 }  // namespace korvane

@@ -11,10 +11,9 @@ namespace {
 /// No folder, no files.
 class NoFiles final : public Files {
   public:
-    std::optional<std::vector<std::byte>> Read(std::string_view, std::size_t) override {
-        return std::nullopt;
-    }
+    ReadResult TryRead(std::string_view, std::size_t) override { return {}; }
     bool Replace(std::string_view, std::span<const std::byte>) override { return false; }
+    bool Delete(std::string_view, std::span<const std::byte>) override { return false; }
     std::optional<std::vector<FolderEntry>> List(std::string_view) override { return std::nullopt; }
 };
 

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace korvane {
@@ -17,6 +18,18 @@ struct FolderEntry {
     bool isFolder = false;
 };
 
+enum class ReadStatus : std::uint8_t {
+    Read,
+    Missing,     ///< nothing is there
+    Unreadable,  ///< something is there, or that could not be told: no regular file, one that is
+                 ///< too large, no right to read it, a failing disk, too many open files
+};
+
+struct ReadResult {
+    ReadStatus status = ReadStatus::Missing;
+    std::vector<std::byte> bytes;  ///< the whole file; empty unless it was read
+};
+
 /// Access to the game's folder. Paths are relative to it, with backslashes or slashes between
 /// names and names matched without regard to ASCII letter case (an exact match first). Nothing
 /// outside the folder is opened: no "..", no absolute path, no link that leads out. What is
@@ -25,21 +38,35 @@ class Files {
   public:
     virtual ~Files() = default;
 
-    /// The whole file, or nothing when it is missing, no regular file, unreadable or larger than
-    /// `cap` bytes.
-    virtual std::optional<std::vector<std::byte>> Read(std::string_view path, std::size_t cap) = 0;
+    /// The whole file. One of more than `cap` bytes is unreadable, and so is one behind a link that
+    /// leads out; a path that no file of the folder can have is missing.
+    virtual ReadResult TryRead(std::string_view path, std::size_t cap) = 0;
+
+    /// The whole file, or nothing, for whoever need not know why.
+    std::optional<std::vector<std::byte>> Read(std::string_view path, std::size_t cap) {
+        ReadResult result = TryRead(path, cap);
+        if (result.status != ReadStatus::Read) return std::nullopt;
+        return std::move(result.bytes);
+    }
 
     /// Replaces a file whole or not at all: a kill at any moment leaves the old or the new bytes.
     /// False when it could not be written (the old file is then as it was and nothing is left
     /// beside it). Neither folders are made, nor is anything but a regular file replaced.
     virtual bool Replace(std::string_view path, std::span<const std::byte> bytes) = 0;
 
+    /// Deletes a file that `Replace` could replace and that holds these very bytes. False when it
+    /// is still there.
+    virtual bool Delete(std::string_view path, std::span<const std::byte> bytes) = 0;
+
     /// The entries of a folder in no particular order, without "." and ".."; nothing when it is
     /// missing or no folder.
     virtual std::optional<std::vector<FolderEntry>> List(std::string_view folder) = 0;
 };
 
+/// How long a change of a folder waits for another program that changes it.
+inline constexpr std::uint32_t kFolderWaitMs = 500;
+
 /// The files of a real folder; an empty root is the working directory at the time of each call.
-std::unique_ptr<Files> OpenDiskFiles(std::string root);
+std::unique_ptr<Files> OpenDiskFiles(std::string root, std::uint32_t folderWaitMs = kFolderWaitMs);
 
 }  // namespace korvane

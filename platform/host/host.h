@@ -129,7 +129,7 @@ class Host {
     /// DDERR_EXCLUSIVEMODEALREADYSET, or DDERR_WRONGMODE (somebody else has changed the display's
     /// mode).
     virtual HRESULT DisplayState() = 0;
-    /// Tells the user something when no window can show it.
+    /// Tells the user something on the terminal, where no window can show it or none is to.
     virtual void Report(const std::string& caption, const std::string& text) = 0;
 
     /// What saves the program's data in an emergency: the program was asked to end (Terminate), and

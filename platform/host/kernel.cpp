@@ -37,6 +37,10 @@ void SetEmergencySave(std::function<void()> save) {
     TheHost().SetEmergencySave(std::move(save));
 }
 
+void TellOnTerminal(const std::string& text) {
+    TheHost().Report("Korvane", text);
+}
+
 Files& GameFiles() {
     return TheHost().GameFiles();
 }

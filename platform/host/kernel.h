@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 #include "platform/host/files.h"
 
@@ -22,6 +23,8 @@ void Sleep(std::uint32_t milliseconds);
 /// Names what saves the program's data when the display keeps its thread for ever; see
 /// Host::SetEmergencySave.
 void SetEmergencySave(std::function<void()> save);
+/// One line on the terminal that the program was started from; never a window.
+void TellOnTerminal(const std::string& text);
 
 /// All files are read and written through this: the game's own and those of skins.
 Files& GameFiles();

@@ -125,12 +125,15 @@ class MemoryEater final : public Files {
   public:
     explicit MemoryEater(const std::string& folder) : files_(OpenDiskFiles(folder)) {}
 
-    std::optional<std::vector<std::byte>> Read(std::string_view path, std::size_t cap) override {
+    ReadResult TryRead(std::string_view path, std::size_t cap) override {
         if (hungry && path.ends_with("pause.bmp")) throw std::bad_alloc();
-        return files_->Read(path, cap);
+        return files_->TryRead(path, cap);
     }
     bool Replace(std::string_view path, std::span<const std::byte> bytes) override {
         return files_->Replace(path, bytes);
+    }
+    bool Delete(std::string_view path, std::span<const std::byte> bytes) override {
+        return files_->Delete(path, bytes);
     }
     std::optional<std::vector<FolderEntry>> List(std::string_view path) override {
         return files_->List(path);

@@ -1,6 +1,7 @@
 #include "screens/high_score_table.h"
 
 #include <limits>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -81,6 +82,48 @@ TEST_F(HighScoreTableTest, TheFileHoldsTenRecordsOfTwentySixBytes) {
     folder.Write(kFile, {});
     table.Save();
     EXPECT_EQ(folder.Read(kFile), unusual);
+}
+
+/// Ten records, one for each letter; a dot is the default table's row at that place. From A to J
+/// each has one point less than the one before.
+Bytes TableOf(const std::string& rows) {
+    const std::map<char, std::int32_t> kOthers = {{'K', 1}, {'L', 1}, {'M', 10}, {'N', 0}};
+    Bytes file;
+    for (std::int32_t i = 0; i < 10; ++i) {
+        const char name = rows[static_cast<std::size_t>(i)];
+        const auto other = kOthers.find(name);
+        if (name == '.') {
+            AppendRecord(file, "MORLAX", 10 - i, 10 - i, 1000 - 100 * i);
+        } else {
+            AppendRecord(file, {name}, 1, 1, other == kOthers.end() ? 'K' - name : other->second);
+        }
+    }
+    return file;
+}
+
+TEST_F(HighScoreTableTest, RowsKeptBesideTheFileAreTakenUpByTheirRank) {
+    const struct {
+        const char* had;
+        const char* kept;
+        const char* want;
+    } kCases[] = {
+        {"ABCDEFGHIJ", "..........", "ABCDEFGHIJ"},  // nothing was earned
+        {"ABCDEFGHIJ", "K.........", "ABCDEFGHIK"},  // above the one that it equals
+        {"ABCDEFGHIJ", "KL........", "ABCDEFGHIK"},  // both equal the last one
+        {"ABCDEFGHIJ", "...M......", "MABCDEFGHI"}, {"ABCDEFGHIJ", "M........K", "MABCDEFGHI"},
+        {"ABCDEFGHIJ", "N.........", "ABCDEFGHIJ"},  // below all
+        {"ABCDEFGHIJ", "A.C.......", "ABCDEFGHIJ"},  // they are there already
+        {"ABCDEFGHIJ", "A...A.....", "AABCDEFGHI"},  // one of them is
+        {"AABCDEFGHI", ".....A....", "AABCDEFGHI"},
+    };
+    for (const auto& [had, kept, want] : kCases) {
+        folder.Write(kFile, TableOf(had));
+        for (int times = 1; times <= 2; ++times) {  // the second time changes nothing
+            folder.Write(std::string(kFile) + ".new", TableOf(kept));
+            HighScoreTable().Save();
+            EXPECT_EQ(folder.Read(kFile), TableOf(want)) << kept << ", " << times;
+        }
+    }
 }
 
 }  // namespace

@@ -24,11 +24,12 @@ class RecordingFiles final : public Files {
   public:
     RecordingFiles(const std::string& folder, std::set<std::string>& asked)
         : files_(OpenDiskFiles(folder)), asked_(asked) {}
-    std::optional<std::vector<std::byte>> Read(std::string_view path, std::size_t cap) override {
+    ReadResult TryRead(std::string_view path, std::size_t cap) override {
         asked_.emplace(path);
-        return files_->Read(path, cap);
+        return files_->TryRead(path, cap);
     }
     bool Replace(std::string_view, std::span<const std::byte>) override { return false; }
+    bool Delete(std::string_view, std::span<const std::byte>) override { return false; }
     std::optional<std::vector<FolderEntry>> List(std::string_view) override { return {}; }
 
   private:

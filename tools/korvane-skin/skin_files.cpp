@@ -63,12 +63,16 @@ std::optional<SkinFiles::RealPath> SkinFiles::Find(std::string_view path) const 
     return std::nullopt;
 }
 
-std::optional<std::vector<std::byte>> SkinFiles::Read(std::string_view path, std::size_t cap) {
+ReadResult SkinFiles::TryRead(std::string_view path, std::size_t cap) {
     const std::optional<RealPath> real = Find(path);
-    return real ? real->files.Read(real->path, cap) : std::nullopt;
+    return real ? real->files.TryRead(real->path, cap) : ReadResult{};
 }
 
 bool SkinFiles::Replace(std::string_view /*path*/, std::span<const std::byte> /*bytes*/) {
+    return false;
+}
+
+bool SkinFiles::Delete(std::string_view /*path*/, std::span<const std::byte> /*bytes*/) {
     return false;
 }
 

@@ -27,8 +27,9 @@ class SkinFiles final : public Files {
   public:
     SkinFiles(SkinPlace skin, SkinPlace original);
 
-    std::optional<std::vector<std::byte>> Read(std::string_view path, std::size_t cap) override;
+    ReadResult TryRead(std::string_view path, std::size_t cap) override;
     bool Replace(std::string_view path, std::span<const std::byte> bytes) override;
+    bool Delete(std::string_view path, std::span<const std::byte> bytes) override;
     std::optional<std::vector<FolderEntry>> List(std::string_view folder) override;
 
   private:

@@ -6,8 +6,12 @@
 #include <filesystem>
 #include <functional>
 #include <initializer_list>
+#include <memory>
 #include <numeric>
+#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -64,20 +68,69 @@ struct DataFile {
     /// Fields behind the end have their defaults; those of the other files are zero.
     bool missingAreDefaults;
     void (*loadAndSave)();
+    /// A session in which the user does something (0 or 1).
+    void (*change)(int what);
 
     std::size_t Size() const { return std::reduce(fields.begin(), fields.end()); }
 };
 
 const std::vector<DataFile> kDataFiles = {
-    {"data/menu.dat", SettingsFields(), 1, true, [] { Settings settings; }},
-    {"data/sync.dat", Repeated(81, {4}), 4, false, [] { LevelTable table; }},
-    {"data/hs.dat", Repeated(10, {14, 4, 4, 4}), 14, false, [] { HighScoreTable().Save(); }},
+    {"data/menu.dat", SettingsFields(), 1, true, [] { Settings settings; },
+     [](int what) {
+         Settings settings;
+         what == 0 ? settings.dropMagnitude = 77 : settings.sfxMask = 5;
+         if (what == 0) settings.skinName = "Daylight";
+     }},
+    {"data/sync.dat", Repeated(81, {4}), 4, false, [] { LevelTable table; },
+     [](int what) {
+         LevelTable table;
+         (what == 0 ? table.figuresForLevel[9] : table.normalMs[3][1]) = 4711;
+     }},
+    {"data/hs.dat", Repeated(10, {14, 4, 4, 4}), 14, false, [] { HighScoreTable().Save(); },
+     [](int what) {
+         HighScoreTable table;
+         table.Insert(*table.FindRank(5000 - what), {.score = 5000 - what});
+         table.Save();
+     }},
     {"data/keys.dat", Repeated(10, {1}), 1, false,
      [] {
          KeyBindings bindings;
          bindings.Load();
          bindings.Save();
+     },
+     [](int what) {
+         KeyBindings bindings;
+         bindings.Load();
+         bindings.Bind(Action::Rotate, what == 0 ? Side::Right : Side::Left, what == 0 ? 'J' : '2');
+         bindings.Save();
      }},
+};
+
+/// The files of a folder, of which some cannot be used.
+class FaultyFiles final : public Files {
+  public:
+    enum Operation : std::uint8_t { kRead, kReplace };
+    using Faults = std::function<bool(Operation, std::string_view path)>;
+
+    FaultyFiles(const std::string& folder, Faults fails)
+        : files_(OpenDiskFiles(folder)), fails_(std::move(fails)) {}
+    ReadResult TryRead(std::string_view path, std::size_t cap) override {
+        if (fails_(kRead, path)) return {ReadStatus::Unreadable, {}};
+        return files_->TryRead(path, cap);
+    }
+    bool Replace(std::string_view path, std::span<const std::byte> bytes) override {
+        return !fails_(kReplace, path) && files_->Replace(path, bytes);
+    }
+    bool Delete(std::string_view path, std::span<const std::byte> bytes) override {
+        return files_->Delete(path, bytes);
+    }
+    std::optional<std::vector<FolderEntry>> List(std::string_view path) override {
+        return files_->List(path);
+    }
+
+  private:
+    const std::unique_ptr<Files> files_;
+    const Faults fails_;
 };
 
 class DataFilesTest : public testing::Test {
@@ -86,6 +139,7 @@ class DataFilesTest : public testing::Test {
         Headless().Reset();
         Headless().UseFolder(folder.Path());
     }
+    void TearDown() override { Headless().Reset(); }  // of a test's own faults
 
     std::filesystem::path PathOf(const DataFile& file) const {
         return std::filesystem::path(folder.Path()) / file.name;
@@ -95,6 +149,24 @@ class DataFilesTest : public testing::Test {
     Bytes Rewritten(const DataFile& file, const Bytes& bytes) const {
         folder.Write(file.name, bytes);
         file.loadAndSave();
+        return folder.Read(file.name);
+    }
+
+    Bytes ReadBeside(const DataFile& file) const {
+        return folder.Read(std::string(file.name) + ".new");
+    }
+    bool StandsBeside(const DataFile& file) const {
+        return std::filesystem::exists(PathOf(file).string() + ".new");
+    }
+    void UseFaults(FaultyFiles::Faults fails) const {
+        Headless().UseFiles(std::make_unique<FaultyFiles>(folder.Path(), std::move(fails)));
+    }
+    /// What is in the file when the user has done both things.
+    Bytes Changed(const DataFile& file) const {
+        Headless().UseFolder(folder.Path());
+        folder.Write(file.name, Unusual(file));
+        file.change(0);
+        file.change(1);
         return folder.Read(file.name);
     }
 
@@ -146,6 +218,7 @@ TEST_F(DataFilesTest, AnyBytesAreTakenAndWrittenBackWhole) {
     for (const DataFile& file : kDataFiles) {
         for (const std::size_t length : {std::size_t{1}, file.Size(), std::size_t{5000}}) {
             SCOPED_TRACE(testing::Message() << file.name << ", " << length << " bytes");
+            folder.Write(std::string(file.name) + ".new", Bytes(length, std::byte{0x7F}));
             const Bytes first = Rewritten(file, Bytes(length, std::byte{0xFF}));
             EXPECT_EQ(first.size(), file.Size());
             EXPECT_EQ(Rewritten(file, first), first);
@@ -170,6 +243,76 @@ TEST_F(DataFilesTest, CutAnywhereTheyGiveTheWholeFieldsThatAreThere) {
                       length < file.fewest ? defaults : want)
                 << file.name << ", " << length << " bytes";
         }
+    }
+}
+
+TEST_F(DataFilesTest, OneThatCannotBeReadStaysAndLosesNothing) {
+    for (const DataFile& file : kDataFiles) {
+        SCOPED_TRACE(file.name);
+        Headless().Reset();
+        const Bytes want = Changed(file);
+        EXPECT_TRUE(Headless().Reports().empty());
+        Bytes tooLong = Unusual(file);
+        tooLong.resize(kDataFileCap + 1);
+        EXPECT_EQ(Rewritten(file, tooLong), tooLong);
+        EXPECT_FALSE(StandsBeside(file)) << "there was nothing to keep";
+        ASSERT_EQ(Headless().Reports().size(), 1U);
+        EXPECT_EQ(Headless().Reports()[0],
+                  "Korvane: " + std::string(file.name) +
+                      " is there but cannot be read, so it stays as it is. What changes now is "
+                      "kept in " +
+                      file.name + ".new until a start that can read both.");
+        file.change(0);
+        file.change(1);
+        file.loadAndSave();
+        EXPECT_EQ(folder.Read(file.name), tooLong);
+        EXPECT_EQ(Headless().Reports().size(), 4U);
+        const Bytes kept = ReadBeside(file);
+
+        // A start that can read both, and one to which it looks as if it were the first such.
+        for (const bool first : {true, false}) {
+            if (!first) folder.Write(std::string(file.name) + ".new", kept);
+            EXPECT_EQ(Rewritten(file, first ? Unusual(file) : want), want) << first;
+            EXPECT_FALSE(StandsBeside(file)) << first;
+        }
+    }
+}
+
+TEST_F(DataFilesTest, WhatStandsBesideThemGoesOnlyWhenItIsTakenUp) {
+    for (const DataFile& file : kDataFiles) {
+        SCOPED_TRACE(file.name);
+        const Bytes want = Changed(file);
+        UseFaults([&](auto operation, std::string_view path) {
+            return operation == FaultyFiles::kRead && !path.ends_with(".new");
+        });
+        file.change(0);
+        const Bytes kept = ReadBeside(file);
+        folder.Write(file.name, Unusual(file));
+
+        UseFaults([](auto operation, auto) { return operation == FaultyFiles::kReplace; });
+        file.loadAndSave();
+        EXPECT_EQ(ReadBeside(file), kept) << "the file was not replaced";
+
+        UseFaults([](auto operation, auto) { return operation == FaultyFiles::kRead; });
+        const std::size_t told = Headless().Reports().size();
+        file.change(1);
+        EXPECT_EQ(ReadBeside(file), kept) << "it could not be read";
+        EXPECT_EQ(Headless().Reports().size(), told + 2) << "a change was lost";
+
+        int reads = 0;
+        UseFaults([&](auto operation, auto) {
+            return operation == FaultyFiles::kRead && ++reads <= 2;  // both files at the start
+        });
+        file.change(1);
+        EXPECT_EQ(folder.Read(file.name), Unusual(file));
+
+        int writes = 0;
+        UseFaults([&](auto operation, auto) {
+            return operation == FaultyFiles::kReplace && ++writes == 1;
+        });
+        file.loadAndSave();
+        EXPECT_EQ(folder.Read(file.name), want) << "a write that fails once is tried again";
+        EXPECT_FALSE(StandsBeside(file));
     }
 }
 

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <grp.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/ptrace.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -18,6 +19,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/files/descriptor.h"
 #include "tests/support/temporary_folder.h"
 
 namespace korvane {
@@ -63,11 +65,12 @@ class FilesTest : public testing::Test {
         fs::create_symlink(target, root_ / path);
     }
 
-    /// The content, or "(none)" when it could not be read.
+    /// The content, or why there is none.
     std::string Read(std::string_view path, std::size_t cap = kNoCap) {
-        const auto bytes = files_->Read(path, cap);
-        if (!bytes) return "(none)";
-        return {reinterpret_cast<const char*>(bytes->data()), bytes->size()};
+        const auto [status, bytes] = files_->TryRead(path, cap);
+        if (status == ReadStatus::Missing) return "(missing)";
+        if (status == ReadStatus::Unreadable) return "(unreadable)";
+        return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
     }
     bool Replace(std::string_view path, const std::string& text) {
         return files_->Replace(path, std::as_bytes(std::span(text)));
@@ -129,16 +132,18 @@ TEST_F(FilesTest, ReadsWhatLiesBeneathTheFolderAndNothingElse) {
         {"A.Txt", {"skins\\two\\A.TXT"}},
         {"blank", {"skins\\two\\a.txt "}},
         {"long", {longName}},
-        {"(none)",
-         {// Links that lead out or nowhere.
+        {"(unreadable)",
+         {// Links that lead out or in circles, and things that are no file.
           "Graphics\\up\\secret", "Graphics\\up\\game\\data\\menu.dat", "Graphics\\secret",
-          "Graphics\\absolute", "rooted", "Graphics\\device", "Graphics\\circle",
-          "Graphics\\dangling",
-          // Other ways out, names that are too long, and things that are no file.
+          "Graphics\\absolute", "rooted", "Graphics\\device", "Graphics\\circle", "", ".", "data",
+          "pipe"}},
+        {"(missing)",
+         {"Graphics\\dangling", "data\\missing", "missing\\menu.dat", "data\\menu.dat\\x",
+          "skins\\two\\b ",
+          // Other ways out, and names that are too long.
           "..\\secret", "data\\..\\data\\menu.dat", "data/../../secret", "/etc/passwd",
           "\\data\\menu.dat", "c:data\\menu.dat", std::string_view("data\\menu.dat\0", 14),
-          std::string_view("data\0\\menu.dat", 14), "", ".", "data", "pipe", "data\\missing",
-          "missing\\menu.dat", "data\\menu.dat\\x", "skins\\two\\b ", longerName, dots}},
+          std::string_view("data\0\\menu.dat", 14), longerName, dots}},
     };
     for (const auto& [want, paths] : kCases)
         for (const std::string_view path : paths)
@@ -148,19 +153,41 @@ TEST_F(FilesTest, ReadsWhatLiesBeneathTheFolderAndNothingElse) {
 TEST_F(FilesTest, ReadsUpToTheCap) {
     WriteFile("ten", "0123456789");
     EXPECT_EQ(Read("ten", 10), "0123456789");
-    EXPECT_EQ(Read("ten", 9), "(none)");
+    EXPECT_EQ(Read("ten", 9), "(unreadable)");
     WriteFile("empty", "");
     EXPECT_EQ(Read("empty", 0), "");
     WriteFile("huge", "");
     fs::resize_file(root_ / "huge", std::uintmax_t{1} << 42);  // a hole; no disk holds it in full
-    EXPECT_EQ(Read("huge", kNoCap), "(none)");
+    EXPECT_EQ(Read("huge", kNoCap), "(unreadable)");
+}
+
+TEST_F(FilesTest, WhatCannotBeReadIsNotMissing) {
+    WriteFile("data/HS.DAT", "scores");
+    for (rlim_t files = 0; files < 20; ++files) {
+        EXPECT_TRUE(InChild([&] {
+            const rlimit limit{files, files};
+            if (setrlimit(RLIMIT_NOFILE, &limit) != 0) return false;
+            const std::string read = Read("data\\hs.dat");
+            return read == "scores" || read == "(unreadable)";
+        })) << files
+            << " open files";
+    }
+    fs::permissions(root_ / "data/HS.DAT", fs::perms(0222));
+    EXPECT_TRUE(InChild([&] { return BecomeNobody() && Read("data\\hs.dat") == "(unreadable)"; }));
+    // A folder that can be entered but not listed, and one that cannot be entered.
+    for (const auto& [mode, want] : {std::pair{0333, "(missing)"}, {0000, "(unreadable)"}}) {
+        fs::permissions(root_ / "data", fs::perms(mode));
+        EXPECT_TRUE(InChild([&] { return BecomeNobody() && Read("data\\none") == want; })) << mode;
+    }
+    fs::permissions(root_ / "data", fs::perms::all);
+    // Reading it fails at its beginning.
+    EXPECT_EQ(OpenDiskFiles("/proc/self")->TryRead("mem", kNoCap).status, ReadStatus::Unreadable);
 }
 
 TEST_F(FilesTest, ReplaceMakesOrRewritesAFileUnderItsOwnName) {
     EXPECT_TRUE(Replace("data\\hs.dat", "first"));
     EXPECT_TRUE(Replace("DATA\\HS.DAT", "2nd"));
     EXPECT_TRUE(Replace("data\\empty", ""));
-    WriteFile("data/.hs.dat.tmp", "left by a killed program");
     EXPECT_TRUE(Replace("data\\hs.dat", "third"));
     EXPECT_EQ(Read("data\\hs.dat"), "third");
     EXPECT_EQ(Read("data\\empty"), "");
@@ -177,16 +204,61 @@ TEST_F(FilesTest, ReplaceMakesOrRewritesAFileUnderItsOwnName) {
     EXPECT_TRUE(fs::is_symlink(root_ / "data/link"));
 }
 
+TEST_F(FilesTest, ASaveDeletesWhatKilledProgramsHaveLeftAndNothingElse) {
+    Names names = {"hs.dat",      ".keys.dat.1-0.tmp", ".hs.datx.1-0.tmp",   "hs.dat.1-0.tmp",
+                   ".hs.dat.1-0", ".hs.dat.held.tmp",  ".hs.dat.folder.tmp/"};
+    for (const std::string& name : names)
+        if (name.back() != '/') WriteFile("data/" + name, "");
+    fs::create_directory(root_ / "data/.hs.dat.folder.tmp");
+    for (const char* litter : {".hs.dat.tmp", ".hs.dat.1-0.tmp", ".hs.dat.new.1-0.tmp"})
+        WriteFile(std::string("data/") + litter, "litter");
+    const Names withLitter = List("data");
+    {
+        const Descriptor folder(open((root_ / "data").c_str(), O_RDONLY));
+        ASSERT_TRUE(folder.Lock());
+        const auto files = OpenDiskFiles(root_.string(), /*folderWaitMs=*/10);
+        EXPECT_TRUE(files->Replace("data\\hs.dat", {})) << "another program hangs";
+        EXPECT_FALSE(files->Delete("data\\hs.dat", {}));
+        EXPECT_EQ(List("data"), withLitter);
+    }
+    {
+        const std::string held = (root_ / "data/.hs.dat.held.tmp").string();
+        const Descriptor living(open(held.c_str(), O_WRONLY));
+        ASSERT_TRUE(living.Lock());
+        EXPECT_TRUE(Replace("data\\hs.dat", "new"));
+        EXPECT_EQ(List("data"), names);
+    }
+    EXPECT_TRUE(Replace("data\\hs.dat", "new"));
+    names.erase(".hs.dat.held.tmp");
+    EXPECT_EQ(List("data"), names);
+}
+
+TEST_F(FilesTest, DeleteTakesTheVeryFileThatWasMeant) {
+    for (const char* name : {"data/one", "data/two", "data/locked"})
+        WriteFile(name, "old");
+    fs::permissions(root_ / "data/one", fs::perms(0666));
+    fs::permissions(root_ / "data/locked", fs::perms(0444));
+    const auto deletes = [this](std::string_view path, std::string_view bytes) {
+        return InChild([&] {
+            return BecomeNobody() && files_->Delete(path, std::as_bytes(std::span(bytes)));
+        });
+    };
+    for (const char* others : {"", "ol", "new", "older"})
+        EXPECT_FALSE(deletes("data\\one", others)) << others;
+    for (const char* path : {"data\\locked", "data\\none", "data", "..\\game\\data\\one"})
+        EXPECT_FALSE(deletes(path, "old")) << path;
+    EXPECT_TRUE(deletes("DATA\\ONE", "old"));
+    EXPECT_EQ(List("data"), (Names{"locked", "two"}));
+}
+
 TEST_F(FilesTest, ReplaceRefusesWhatIsNoWritableFileBeneathTheFolder) {
     WriteFile("../secret", "secret");
-    WriteFile("data/old", "old");
     WriteFile("data/locked", "locked");
     fs::create_directory(root_ / "data/folder");
-    fs::create_directory(root_ / "data/.old.tmp");
     Link("data/out", "../../secret");
     Link("data/new", "../../new");
     ASSERT_EQ(mkfifo((root_ / "data/pipe").c_str(), 0666), 0);
-    for (const char* writable : {"data/pipe", "data/folder", "data/old"})
+    for (const char* writable : {"data/pipe", "data/folder"})
         fs::permissions(root_ / writable, fs::perms(0777));
     fs::permissions(root_ / "data/locked", fs::perms(0444));
     fs::create_directory(root_ / "closed");
@@ -195,14 +267,13 @@ TEST_F(FilesTest, ReplaceRefusesWhatIsNoWritableFileBeneathTheFolder) {
     const Names before = List("data");
 
     for (const std::string_view path :
-         {"data\\folder", "data\\pipe", "data\\out", "data\\new", "data\\old", "data\\locked",
-          "closed\\file", "missing\\file", "data\\locked\\file", "..\\secret", "", "data"}) {
+         {"data\\folder", "data\\pipe", "data\\out", "data\\new", "data\\locked", "closed\\file",
+          "missing\\file", "data\\locked\\file", "..\\secret", "", "data"}) {
         EXPECT_FALSE(InChild([&] { return BecomeNobody() && Replace(path, "new"); })) << path;
     }
     EXPECT_EQ(List("data"), before);
     EXPECT_EQ(List("closed"), Names{});
-    for (const std::string name : {"old", "locked"})
-        EXPECT_EQ(Read("data\\" + name), name);
+    EXPECT_EQ(Read("data\\locked"), "locked");
     EXPECT_EQ(List(""), (Names{"closed/", "data/"}));
     EXPECT_FALSE(fs::exists(top_ / "new"));
 }
@@ -220,45 +291,85 @@ TEST_F(FilesTest, AWriteThatFailsHalfwayLeavesTheOldFileAndNothingElse) {
     EXPECT_EQ(List("data"), (Names{"fits", "hs.dat"}));
 }
 
-/// Starts `work` in a child and kills it when it is about to enter, or has just left, its n-th
-/// system call. False when it came to its end before that.
-bool KilledAtStop(int n, const std::function<void()>& work) {
-    const pid_t child = fork();
-    if (child == 0) {
-        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
-        raise(SIGSTOP);
-        work();
-        _exit(0);
+/// A child that is stopped when it is about to enter, or has just left, its n-th system call.
+class StoppedChild {
+  public:
+    StoppedChild(int n, const std::function<bool()>& work) : child_(fork()) {
+        if (child_ == 0) {
+            ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+            raise(SIGSTOP);
+            _exit(work() ? 0 : 1);
+        }
+        waitpid(child_, &status_, 0);
+        for (int i = 0; i < n && WIFSTOPPED(status_); ++i) {
+            ptrace(PTRACE_SYSCALL, child_, nullptr, nullptr);
+            waitpid(child_, &status_, 0);
+        }
     }
-    int status = 0;
-    waitpid(child, &status, 0);
-    for (int i = 0; i < n && WIFSTOPPED(status); ++i) {
-        ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-        waitpid(child, &status, 0);
-    }
-    if (WIFEXITED(status)) return false;
-    kill(child, SIGKILL);
-    waitpid(child, &status, 0);
-    return true;
-}
 
-TEST_F(FilesTest, AKillAtAnyMomentLeavesTheOldOrTheNewBytes) {
+    bool HasEnded() const { return WIFEXITED(status_); }
+    /// True when its work then succeeds.
+    bool GoesOn() {
+        ptrace(PTRACE_DETACH, child_, nullptr, nullptr);
+        waitpid(child_, &status_, 0);
+        return WIFEXITED(status_) && WEXITSTATUS(status_) == 0;
+    }
+    void Kill() {
+        kill(child_, SIGKILL);
+        waitpid(child_, &status_, 0);
+    }
+
+  private:
+    const pid_t child_;
+    int status_ = 0;
+};
+
+TEST_F(FilesTest, AStopAtAnyMomentLeavesTheOldOrTheNewBytes) {
     const std::string older(50'000, 'o');
     const std::string newer(70'000, 'n');
-    int oldSeen = 0;
-    int newSeen = 0;
-    for (int stop = 1; stop < 500; ++stop) {
-        ASSERT_TRUE(Replace("data\\hs.dat", older));
-        ASSERT_EQ(List("data"), Names{"hs.dat"}) << "what the last kill left was not deleted";
-        const bool killed = KilledAtStop(stop, [&] { Replace("data\\hs.dat", newer); });
-        const std::string now = Read("data\\hs.dat");
-        ASSERT_TRUE(now == older || now == newer) << "torn at stop " << stop;
-        ++(now == older ? oldSeen : newSeen);
-        if (!killed) break;
+    const std::string others(60'000, 'x');
+    const auto files = OpenDiskFiles(root_.string(), /*folderWaitMs=*/0);
+    const auto replace = [&](const std::string& text) {
+        return files->Replace("data\\hs.dat", std::as_bytes(std::span(text)));
+    };
+    const struct {
+        const char* what;
+        bool hasNoLock;     ///< it has given up waiting for the folder
+        bool anotherSaves;  ///< while it is stopped
+        bool isKilled;
+    } kCases[] = {
+        {"killed", false, false, true},
+        {"killed after another save", false, true, true},
+        {"goes on after another save", false, true, false},
+        {"goes on without a lock after another save", true, true, false},
+    };
+    for (const auto& [what, hasNoLock, anotherSaves, isKilled] : kCases) {
+        SCOPED_TRACE(what);
+        int before = 0;
+        int after = 0;
+        for (int stop = 1; stop < 500; ++stop) {
+            ASSERT_TRUE(replace(older));
+            ASSERT_EQ(List("data"), Names{"hs.dat"}) << "litter of stop " << stop - 1;
+            const Descriptor lock(hasNoLock ? open((root_ / "data").c_str(), O_RDONLY) : -1);
+            ASSERT_EQ(lock && lock.Lock(), hasNoLock);
+            StoppedChild child(stop, [&] { return replace(newer); });
+            if (hasNoLock) flock(lock.Number(), LOCK_UN);  // closing would not do: the child has it
+            if (child.HasEnded()) break;
+            const bool isDone = Read("data\\hs.dat") != older;
+            ++(isDone ? after : before);
+            ASSERT_TRUE(!anotherSaves || replace(others)) << "beside stop " << stop;
+            if (isKilled) child.Kill();
+            ASSERT_TRUE(isKilled || child.GoesOn()) << "failed after stop " << stop;
+            const bool itWrote = isKilled ? isDone && !anotherSaves : !isDone;
+            ASSERT_EQ(Read("data\\hs.dat"), itWrote        ? newer
+                                            : anotherSaves ? others
+                                                           : older)
+                << "stop " << stop;
+        }
+        // At least ten stops come before the file is replaced, and the flush of the folder after.
+        EXPECT_GE(before, 10);
+        EXPECT_GE(after, 3);
     }
-    // At least ten stops come before the file is replaced, and the flush of the folder after that.
-    EXPECT_GE(oldSeen, 10);
-    EXPECT_GE(newSeen, 3);
 }
 
 TEST_F(FilesTest, AFileThatGrowsWhileItIsReadKeepsTheCap) {
