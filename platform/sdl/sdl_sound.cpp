@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <condition_variable>
 #include <mutex>
+#include <new>
+#include <span>
 #include <string_view>
 #include <system_error>
 #include <thread>
@@ -24,9 +26,14 @@ bool DriverIsMute() {
 }
 
 void SDLCALL Fill(void* source, Uint8* bytes, int count) {
-    auto* samples = reinterpret_cast<std::int16_t*>(bytes);
-    const auto size = static_cast<std::size_t>(count) / sizeof(std::int16_t);
-    static_cast<SoundSource*>(source)->Render(std::span(samples, size));
+    const std::span samples(reinterpret_cast<std::int16_t*>(bytes),
+                            static_cast<std::size_t>(count) / sizeof(std::int16_t));
+    try {
+        static_cast<SoundSource*>(source)->Render(samples);
+    } catch (const std::bad_alloc&) {
+        // The game's thread meets it, too, and saves. Until then there is silence.
+        std::ranges::fill(samples, std::int16_t{0});
+    }
 }
 
 /// Held by the thread that uses SDL's sound: one that was left behind may still be in there when
