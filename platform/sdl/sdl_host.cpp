@@ -147,6 +147,7 @@ bool SdlHost::StartVideo() {
 
 void SdlHost::SetEmergencySave(std::function<void()> save) {
     emergencySave_ = std::move(save);
+    if (!holdsData_.owns_lock()) holdsData_.lock();
 }
 
 /// A thread that hangs somewhere else does not let go of the data. What it was doing to them then

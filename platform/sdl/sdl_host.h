@@ -144,9 +144,10 @@ class SdlHost final : public Host {
     /// The code that each held key went down as: it comes up as the same, also when NumLock or the
     /// layout has changed meanwhile.
     std::array<std::uint8_t, SDL_NUM_SCANCODES> held_{};
-    /// Held by the program's thread but for its calls of the display.
+    /// Held by the program's thread, but for its calls of the display, once there is something to
+    /// save.
     std::timed_mutex data_;
-    std::unique_lock<std::timed_mutex> holdsData_{data_};
+    std::unique_lock<std::timed_mutex> holdsData_{data_, std::defer_lock};
     std::function<void()> emergencySave_;
     std::optional<SignalWatch> signals_;
 };

@@ -97,6 +97,7 @@ void SdlSound::Device::Run() {
     const std::lock_guard alone(SdlSoundLock());
     Keep();
     if (hasDriver_) SDL_AudioQuit();  // closes the device
+    SDL_TLSCleanup();                 // SDL does it for its own threads only
     const std::lock_guard lock(mutex_);
     ended_ = true;
     changed_.notify_all();
