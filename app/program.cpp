@@ -103,7 +103,12 @@ HRESULT RenderFrame(HWND window) {
 
 bool StartUp() {
     SetEmergencySave(SaveAll);
-    if (Failed(CreateMainWindow(mainWindow))) return false;
+    if (Failed(CreateMainWindow(mainWindow))) {
+        TellOnTerminal(
+            "There is no display for a window. Start the game from a desktop, or name one by "
+            "DISPLAY or WAYLAND_DISPLAY.");
+        return false;
+    }
     if (Failed(InitDisplay(mainWindow))) {
         ShowError("DirectDraw init failed. Korvane will now exit. ");
         return false;

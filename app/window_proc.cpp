@@ -8,6 +8,7 @@
 #include "app/main_window.h"
 #include "app/menu_states.h"
 #include "app/mouse_input.h"
+#include "app/screen_adapter.h"
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
 #include "audio/audio.h"
@@ -24,17 +25,33 @@ namespace korvane {
 namespace {
 
 /// Games are paused when the window becomes inactive and when it becomes active: none resumes by
-/// itself.
-void OnActivate(WPARAM wParam) {
-    if (BothPlayersExist()) {
-        for (Player* player : BothPlayers())
-            if (player->IsJoined() && !player->IsPaused()) player->TogglePause();
+/// itself. True when one was paused now.
+bool PauseGames() {
+    bool paused = false;
+    if (!BothPlayersExist()) return paused;
+    for (Player* player : BothPlayers()) {
+        if (!player->IsJoined() || player->IsPaused()) continue;
+        player->TogglePause();
+        paused = true;
     }
+    return paused;
+}
+
+/// No frame is drawn while the window is inactive, but what it shows must say that it is paused.
+void ShowPause() {
+    ScreenAdapter screens;
+    DrawGameFrame(screens);
+}
+
+void OnActivate(WPARAM wParam) {
+    const bool paused = PauseGames();
+    const bool wasActive = appActive;
     appActive = LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0;
     if (appActive) {
         theMusic.Resume();
     } else {
         theMusic.Pause();
+        if (wasActive && paused && currentDisplay) ShowPause();
     }
 }
 

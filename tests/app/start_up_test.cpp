@@ -86,7 +86,7 @@ TEST_F(StartUpTest, AGameCanBePlayedWithBrokenPictures) {
 TEST_F(StartUpTest, WithoutADisplayTheProgramEnds) {
     Headless().RefuseWindow(true);
     EXPECT_EQ(RunProgram(), 0);
-    EXPECT_TRUE(Headless().Reports().empty()) << "no window, no message";
+    EXPECT_EQ(Headless().Reports().size(), 1u) << "a line on the terminal";
 }
 
 TEST_F(StartUpTest, AFullScreenThatFailsAtTheStartIsToldAndEndsTheProgram) {
@@ -222,6 +222,22 @@ TEST_F(StartUpTest, FramesAreTenMillisecondsApartAndStopWhileMinimised) {
     Passes(5);
     EXPECT_TRUE(appActive);
     EXPECT_EQ(waits, 1);
+}
+
+TEST_F(StartUpTest, TheLastPictureBehindAnotherWindowShowsThePause) {
+    Start();
+    Press(VK_F3);
+    Passes(3);
+    constexpr std::uint32_t kPausePlate = 0x202070;
+    const auto seen = [] { return Headless().PixelAt(90, 200 + GetSystemMetrics(SM_CYMENU)); };
+    EXPECT_NE(seen(), kPausePlate);
+    Headless().Push({.type = HostEventType::Deactivated});
+    Headless().WhenWaiting([&] {
+        EXPECT_EQ(seen(), kPausePlate);
+        Headless().Push({.type = HostEventType::Activated});
+    });
+    Passes(3);
+    EXPECT_TRUE(appActive);
 }
 
 TEST_F(StartUpTest, TheFrameRateIsShownAfterItsFirstPeriod) {

@@ -22,11 +22,19 @@ class InstalledTree(unittest.TestCase):
         subprocess.run(["cmake", "--install", BUILD, "--prefix", self.prefix], check=True,
                        stdout=subprocess.DEVNULL)
 
-    def start(self):
+    def start(self, *arguments):
         environment = os.environ | {"HOME": str(self.home)}
         environment.pop("XDG_DATA_HOME", None)
-        return subprocess.run([self.prefix / "bin" / "korvane"], env=environment, check=True,
-                              capture_output=True, text=True).stdout.split("\n")
+        return subprocess.run([self.prefix / "bin" / "korvane", *arguments], env=environment,
+                              check=True, capture_output=True, text=True,
+                              cwd=self.temporary.name).stdout.split("\n")
+
+    def test_answers_at_a_terminal_and_writes_nothing(self):
+        Path(self.temporary.name, "data").mkdir()
+        self.assertRegex(self.start("--version")[0], r"^Korvane \d+\.\d+$")
+        self.assertIn("--version", self.start("--help")[0])
+        self.assertEqual(list(Path(self.temporary.name, "data").iterdir()), [])
+        self.assertFalse(self.home.exists())
 
     def test_starts_the_game_in_a_folder_of_the_user(self):
         program = self.prefix / "libexec" / "korvane" / "korvane"

@@ -1,0 +1,29 @@
+#include "app/command_line.h"
+
+namespace korvane {
+namespace {
+
+constexpr std::string_view kHelp =
+    "Usage: korvane [--help | --version]\n"
+    "\n"
+    "A falling-blocks puzzle game for one or two people at one keyboard.\n"
+    "\n"
+    "  --help     show this and end\n"
+    "  --version  show the version and the libraries that it was built with, and end\n"
+    "\n"
+    "Everything else is set in the game. It looks for Skins/ in the working directory and keeps\n"
+    "scores, keys and settings in data/ there.\n";
+
+constexpr std::string_view kVersion =
+    "Korvane " KORVANE_VERSION "\n"
+    "Built with " KORVANE_LIBRARIES "\n";
+
+}  // namespace
+
+std::optional<std::string> AnswerTo(std::string_view argument) {
+    if (argument == "--help") return std::string(kHelp);
+    if (argument == "--version") return std::string(kVersion);
+    return std::nullopt;
+}
+
+}  // namespace korvane
