@@ -14,9 +14,9 @@ constexpr std::string_view kHelp =
     "Everything else is set in the game. It looks for Skins/ in the working directory and keeps\n"
     "scores, keys and settings in data/ there.\n";
 
-constexpr std::string_view kVersion =
-    "Korvane " KORVANE_VERSION "\n"
-    "Built with " KORVANE_LIBRARIES "\n";
+constexpr std::string_view kVersion = "Korvane " KORVANE_VERSION
+                                      "\n"
+                                      "Built with " KORVANE_LIBRARIES "\n";
 
 }  // namespace
 

@@ -213,7 +213,6 @@ TEST_F(InputTest, GamesArePausedWhenTheWindowLosesAndGetsTheFocus) {
     Headless().Push({.type = HostEventType::Deactivated});
     Headless().WhenWaiting([] {
         EXPECT_TRUE(rightPlayer->IsPaused() && leftPlayer->IsPaused());
-        EXPECT_EQ(Seen(45 + 50, 50 + 150), "pause 0") << "the last picture tells it";
         leftPlayer->TogglePause();
         Headless().Push({.type = HostEventType::Activated});
     });
