@@ -32,15 +32,18 @@ MemoryFiles::Contents& Disk() {
 }
 
 /// Loads a file of any content and saves it. What was saved must not change when it is loaded and
-/// saved again.
+/// saved again. The same content beside that file is taken up once and is gone then.
 template <class LoadAndSave>
-void CheckSettles(const std::string& path, Bytes content, LoadAndSave loadAndSave) {
-    Disk().insert_or_assign(path, std::move(content));
+void CheckSettles(const std::string& path, const Bytes& content, LoadAndSave loadAndSave) {
+    Disk().insert_or_assign(path, content);
     loadAndSave();
     const Bytes saved = Disk()[path];
     Expect(!saved.empty());
     loadAndSave();
     Expect(Disk()[path] == saved);
+    Disk().insert_or_assign(path + ".new", content);
+    loadAndSave();
+    Expect(!Disk().contains(path + ".new") && !Disk()[path].empty());
 }
 
 void TryModuleText(std::span<const std::byte> input) {
@@ -70,18 +73,17 @@ void Try(std::span<const std::byte> input) {
     Bytes content(rest.begin(), rest.end());
     switch (std::to_integer<int>(input.front()) % 6) {
         case 0:
-            return CheckSettles("data\\menu.dat", std::move(content), [] {
+            return CheckSettles("data\\menu.dat", content, [] {
                 const Settings settings;  // saves when it ends
             });
         case 1:
-            return CheckSettles("data\\sync.dat", std::move(content), [] {
+            return CheckSettles("data\\sync.dat", content, [] {
                 const LevelTable table;  // saves when it ends
             });
         case 2:
-            return CheckSettles("data\\hs.dat", std::move(content),
-                                [] { HighScoreTable().Save(); });
+            return CheckSettles("data\\hs.dat", content, [] { HighScoreTable().Save(); });
         case 3:
-            return CheckSettles("data\\keys.dat", std::move(content), [] {
+            return CheckSettles("data\\keys.dat", content, [] {
                 KeyBindings bindings;
                 bindings.Load();
                 bindings.Save();

@@ -61,8 +61,8 @@ class EditedBox {
     /// What was pasted, copied and pasted again stays as it is.
     void CheckCopies() {
         const std::string text = box_.Text();
-        for (const std::uint8_t key : {'A', 'C', 'V'})
-            Press(key, kModControl);
+        for (const char key : {'A', 'C', 'V'})
+            Press(static_cast<std::uint8_t>(key), kModControl);
         Expect(box_.Text() == text);
     }
 
