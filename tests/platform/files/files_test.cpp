@@ -243,21 +243,19 @@ TEST_F(FilesTest, ASaveDeletesWhatKilledProgramsHaveLeftAndNothingElse) {
     for (const char* litter : {".hs.dat.tmp", ".hs.dat.1-0.tmp", ".hs.dat.new.1-0.tmp"})
         WriteFile(std::string("data/") + litter, "litter");
     const Names withLitter = List("data");
-    {
-        const Descriptor folder(open((root_ / "data").c_str(), O_RDONLY));
-        ASSERT_TRUE(folder.Lock());
-        const auto files = OpenDiskFiles(root_.string(), /*folderWaitMs=*/10);
-        EXPECT_TRUE(files->Replace("data\\hs.dat", {})) << "another program hangs";
-        EXPECT_FALSE(files->Delete("data\\hs.dat", {}));
-        EXPECT_EQ(List("data"), withLitter);
-    }
-    {
-        const std::string held = (root_ / "data/.hs.dat.held.tmp").string();
-        const Descriptor living(open(held.c_str(), O_WRONLY));
-        ASSERT_TRUE(living.Lock());
-        EXPECT_TRUE(Replace("data\\hs.dat", "new"));
-        EXPECT_EQ(List("data"), names);
-    }
+    const Descriptor folder(open((root_ / "data").c_str(), O_RDONLY));
+    ASSERT_TRUE(folder.Lock());
+    const auto files = OpenDiskFiles(root_.string(), /*folderWaitMs=*/10);
+    EXPECT_TRUE(files->Replace("data\\hs.dat", {})) << "another program hangs";
+    EXPECT_FALSE(files->Delete("data\\hs.dat", {}));
+    EXPECT_EQ(List("data"), withLitter);
+    flock(folder.Number(), LOCK_UN);
+
+    const Descriptor held(open((root_ / "data/.hs.dat.held.tmp").c_str(), O_WRONLY));
+    ASSERT_TRUE(held.Lock());
+    EXPECT_TRUE(Replace("data\\hs.dat", "new"));
+    EXPECT_EQ(List("data"), names);
+    flock(held.Number(), LOCK_UN);
     EXPECT_TRUE(Replace("data\\hs.dat", "new"));
     names.erase(".hs.dat.held.tmp");
     EXPECT_EQ(List("data"), names);
