@@ -224,7 +224,8 @@ class SoakTest : public RandomInput {
     const steady_clock::time_point begin_ = steady_clock::now();
     std::uint32_t lastTick_ = 0, digest_ = 0;
     std::uint64_t passedMs_ = 0, playedMs_ = 0, nextRowMs_ = kHourMs;
-    int lives_ = 0, games_ = 0, skins_ = 0;  ///< skins: how often another was chosen
+    int lives_ = 0, games_ = 0;
+    int skins_ = 0;  ///< how often another was chosen
     long long frames_ = 0, rows_ = 0;
     std::string skin_ = "Original";
     std::array<Watched, 2> watched_;

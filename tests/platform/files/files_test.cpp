@@ -49,7 +49,10 @@ class StoppedChild {
     }
 
     bool HasEnded() const { return WIFEXITED(status_); }
-    void Kill() { kill(child_, SIGKILL), waitpid(child_, &status_, 0); }
+    void Kill() {
+        kill(child_, SIGKILL);
+        waitpid(child_, &status_, 0);
+    }
     /// True when its work then succeeds.
     bool GoesOn() {
         ptrace(PTRACE_DETACH, child_, nullptr, nullptr);
@@ -215,13 +218,10 @@ TEST_F(FilesTest, WhatCannotBeReadIsNotMissing) {
 }
 
 TEST_F(FilesTest, ReplaceMakesOrRewritesAFileUnderItsOwnName) {
-    EXPECT_TRUE(Replace("data\\hs.dat", "first"));
-    EXPECT_TRUE(Replace("DATA\\HS.DAT", "2nd"));
-    EXPECT_TRUE(Replace("data\\empty", ""));
-    EXPECT_TRUE(Replace("data\\hs.dat", "third"));
-    EXPECT_EQ(Read("data\\hs.dat"), "third");
-    EXPECT_EQ(Read("data\\empty"), "");
-    EXPECT_EQ(List("data"), (Names{"empty", "hs.dat"}));
+    for (const char* path : {"data\\hs.dat", "DATA\\HS.DAT", "data/hs.dat"})
+        for (const char* text : {"first", "", "third"})
+            EXPECT_TRUE(Replace(path, text) && Read("data\\hs.dat") == text) << path << text;
+    EXPECT_EQ(List("data"), Names{"hs.dat"});
 
     WriteFile("real", "old");
     Link("data/link", "../real");
@@ -330,8 +330,7 @@ TEST_F(FilesTest, AStopAtAnyMomentLeavesTheOldOrTheNewBytes) {
     };
     for (const auto& [what, hasNoLock, anotherSaves, isKilled] : kCases) {
         SCOPED_TRACE(what);
-        int before = 0;
-        int after = 0;
+        int before = 0, after = 0;
         for (int stop = 1; stop < 500; ++stop) {
             ASSERT_TRUE(replace(older));
             ASSERT_EQ(List("data"), Names{"hs.dat"}) << "litter of stop " << stop - 1;
@@ -346,10 +345,8 @@ TEST_F(FilesTest, AStopAtAnyMomentLeavesTheOldOrTheNewBytes) {
             if (isKilled) child.Kill();
             ASSERT_TRUE(isKilled || child.GoesOn()) << "failed after stop " << stop;
             const bool itWrote = isKilled ? isDone && !anotherSaves : !isDone;
-            ASSERT_EQ(Read("data\\hs.dat"), itWrote        ? newer
-                                            : anotherSaves ? others
-                                                           : older)
-                << "stop " << stop;
+            const std::string& otherwise = anotherSaves ? others : older;
+            ASSERT_EQ(Read("data\\hs.dat"), itWrote ? newer : otherwise) << "stop " << stop;
         }
         // At least ten stops come before the file is replaced, and the flush of the folder after.
         EXPECT_GE(before, 10);
