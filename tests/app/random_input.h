@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <random>
 
+#include "platform/headless/headless_host.h"
 #include "tests/support/program_fixture.h"
 
 namespace korvane {
@@ -33,7 +34,7 @@ class RandomInput : public ProgramFixture {
     static void ExpectAtMostOneSlotWaits();
 
     /// Called while the program waits and there is no dialog: must bring it on.
-    virtual void WakeWindow();
+    virtual void WakeWindow() { Headless().Push({.type = HostEventType::Activated}); }
     /// Called after a command that may have begun a game.
     virtual void Look() {}
 

@@ -6,13 +6,13 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <map>
-#include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -43,17 +43,17 @@ unsigned FromEnvironment(const char* name, unsigned otherwise) {
     return text ? static_cast<unsigned>(std::strtoul(text, nullptr, 10)) : otherwise;
 }
 
-/// KiB of memory: what the program has asked for and not given back, and what it occupies.
-struct MemoryUse {
-    std::size_t asked = 0;
-    std::size_t resident = 0;
-};
-
-MemoryUse MemoryNow() {
+/// KiB of memory that the program has asked for and not given back.
+std::size_t AskedMemory() {
     const struct mallinfo2 heap = mallinfo2();
+    return (heap.uordblks + heap.hblkhd) / 1024;
+}
+
+/// KiB of memory that the program occupies.
+std::size_t ResidentMemory() {
     std::size_t pages = 0;
     std::ifstream("/proc/self/statm").ignore(100, ' ') >> pages;
-    return {(heap.uordblks + heap.hblkhd) / 1024, pages * 4};
+    return pages * 4;
 }
 
 /// True when all of the last quarter lies above all of the second one; the first is for caches that
@@ -68,60 +68,172 @@ bool Grows(const std::vector<std::size_t>& samples) {
 
 class SoakTest : public RandomInput {
   protected:
-    void Soak();
-
-  private:
     struct Watched {
         bool running = false;
         std::uint32_t figures = 0;
-        int score = 0;
-        int lines = 0;
+        int score = 0, lines = 0;
     };
 
-    bool IsOver() const;
     /// The program runs, and its window has not been closed.
     bool IsAlive() const { return IsRunning() && BothPlayersExist(); }
-    void Live();
-    void Step();
-    void PlayOn();
-    void PushAnything();
-    void EndLife();
-    void ExpectFilesHoldEverything();
-    void ExpectSoundWindow() const;
-    void Watch(const Player& player, Watched& before);
-    void CountTime();
-    void Sample();
-    void PrintRow() const;
 
-    void AfterPass() override;
-    void WakeWindow() override;
-    void Look() override;
+    bool IsOver() const {
+        if (minutes_ == 0) return playedMs_ >= kHourMs / 2 && lives_ >= 3;
+        return steady_clock::now() - begin_ >= std::chrono::minutes(minutes_);
+    }
+
+    /// From a start of the program to its end.
+    void Live() {
+        ++lives_;
+        watched_ = {};
+        Start();
+        for (int steps = 200 + Below(2000); steps > 0 && IsAlive(); --steps) {
+            ASSERT_NO_FATAL_FAILURE(Step()) << "life " << lives_ << ", step " << steps;
+        }
+        EndLife();
+    }
+
+    void Step() {
+        const int what = Below(200);
+        if (what < 100) SendAnything();
+        if (what >= 100 && what < 197) {
+            Headless().Push(RandomDialogEvent(random_));
+            LetTimePass(static_cast<std::uint32_t>(Below(100)));
+        }
+        if (what == 197) PlayOn();
+        if (what == 198) Headless().Push({.type = HostEventType::Minimized});
+        if (what == 199) Headless().FailPresents({DDERR_SURFACELOST});
+        if (!IsAlive()) return;
+        skins_ += std::exchange(skin_, theSettings.skinName) != theSettings.skinName;
+        Look();
+        ASSERT_NO_FATAL_FAILURE(ExpectSoundProgram());
+    }
+
+    /// One or both players play passably for some time.
+    void PlayOn() {
+        Headless().Push({.type = HostEventType::Restored});
+        Headless().Push({.type = HostEventType::Activated});
+        LetTimePass(50);
+        if (!IsAlive()) return;
+        Command(OneIn(2) ? kCmdNewGame : kCmdRightRestart);
+        Look();
+        for (Player* player : BothPlayers())
+            hands_.emplace_back(*player);
+        passMs = static_cast<std::uint32_t>(10 + Below(40));
+        LetTimePass(static_cast<std::uint32_t>(Below(300'000)));
+        hands_.clear();
+        passMs = 10;
+    }
+
+    void AfterPass() override {
+        if (!IsAlive()) return;
+        CountTime();
+        Look();
+        for (AutoPlayer& hand : hands_)
+            hand.PressKeys();
+        if (OneIn(20)) Headless().Hear(kSoundBufferFrames);
+    }
+
+    /// The window waits for up to an hour.
+    void WakeWindow() override {
+        Headless().Advance(static_cast<std::uint32_t>(OneIn(4) ? Below(kHourMs) : Below(1000)));
+        Headless().Push({.type = HostEventType::Restored});
+        RandomInput::WakeWindow();
+    }
+
+    void CountTime() {
+        const std::uint32_t passed = Headless().Milliseconds() - lastTick_;
+        lastTick_ += passed;
+        passedMs_ += passed;
+        if (rightPlayer->IsRunning() || leftPlayer->IsRunning())
+            playedMs_ += std::min(passed, 100u);
+        Headless().SetUnixSeconds(static_cast<std::int64_t>(1'000'000'000 + passedMs_ / 1000));
+        ++frames_;
+    }
+
+    void Look() override {
+        if (HasFailure()) return;  // the first one is enough
+        Watch(*rightPlayer, watched_[0]);
+        Watch(*leftPlayer, watched_[1]);
+    }
+
+    /// A score never falls within a game.
+    void Watch(const Player& player, Watched& before) {
+        ASSERT_NO_FATAL_FAILURE(ExpectSoundPlayer(player));
+        const bool begins = player.IsRunning() && !before.running;
+        if (begins || player.FigureCount() < before.figures) before = {};
+        ASSERT_GE(player.Score(), before.score);
+        games_ += begins;
+        rows_ += player.Lines() - before.lines;
+        before = {player.IsRunning(), player.FigureCount(), player.Score(), player.Lines()};
+        digest_ =
+            (digest_ * 31 + player.FigureCount()) * 31 + static_cast<std::uint32_t>(before.score);
+    }
+
+    void ExpectSoundProgram() {
+        ASSERT_NO_FATAL_FAILURE(ExpectScreensAgree());
+        ASSERT_NO_FATAL_FAILURE(ExpectSettingsInRange());
+        ASSERT_TRUE(Headless().IsOpen() && mainWindow);
+        ASSERT_EQ(Headless().IsFullScreen(), !theSettings.windowed);
+        ASSERT_TRUE(Headless().Reports().empty()) << Headless().Reports().front();
+    }
+
+    /// The user closes the window, the session ends, or the program was ended from its menu.
+    void EndLife() {
+        HighScoreTable scores = theHighScoreScreen ? theHighScoreScreen->Table() : HighScoreTable();
+        if (IsAlive()) {
+            if (OneIn(2)) Command(kCmdExit);
+            Headless().Push(
+                {.type = OneIn(2) ? HostEventType::Terminate : HostEventType::CloseRequested});
+        }
+        LetTimePass(1000);
+        ASSERT_FALSE(IsRunning() || Headless().IsOpen());
+        ASSERT_NO_FATAL_FAILURE(ExpectFilesHoldEverything());
+        const HighScoreTable stored;
+        for (std::size_t row = 0; row < kHighScoreRows; ++row)
+            ASSERT_EQ(stored.Row(row), scores.Row(row)) << row;
+    }
+
+    void ExpectFilesHoldEverything() {
+        theSettings.Save();
+        theLevelTable.SaveTable();
+        KeyBindings keys;
+        keys.Load();
+        ASSERT_EQ(keys, keyBindings);
+        const SettingsValues settings = theSettings;
+        const LevelTableValues levels = theLevelTable;
+        ASSERT_TRUE(theSettings.Load() && theLevelTable.LoadTable());
+        ASSERT_EQ(settings, static_cast<const SettingsValues&>(theSettings));
+        ASSERT_EQ(levels, static_cast<const LevelTableValues&>(theLevelTable));
+        std::set<std::string> files;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.Path() + "/data"))
+            files.insert(entry.path().filename());
+        ASSERT_EQ(files,
+                  (std::set<std::string>{"hs.dat", "keys.dat", "menu.dat", "other", "sync.dat"}));
+    }
+
+    void PrintRow() const {
+        std::printf("%8.1f%8.1f%7d%7d%8lld%15d%7d%9lld%8zu%9zu  %08x\n",
+                    static_cast<double>(passedMs_) / kHourMs,
+                    static_cast<double>(playedMs_) / kHourMs, lives_, games_, rows_, wakings_,
+                    skins_, frames_, AskedMemory(), ResidentMemory(), digest_);
+        std::fflush(stdout);
+    }
 
     const unsigned minutes_ = FromEnvironment("KORVANE_SOAK_MINUTES", 0);
     const steady_clock::time_point begin_ = steady_clock::now();
-    std::uint32_t lastTick_ = 0;
-    std::uint64_t passedMs_ = 0;
-    std::uint64_t playedMs_ = 0;
-    std::uint64_t nextRowMs_ = kHourMs;
-    int lives_ = 0;
-    int games_ = 0;
+    std::uint32_t lastTick_ = 0, digest_ = 0;
+    std::uint64_t passedMs_ = 0, playedMs_ = 0, nextRowMs_ = kHourMs;
+    int lives_ = 0, games_ = 0;
     int skins_ = 0;  ///< how often another was chosen
+    long long frames_ = 0, rows_ = 0;
     std::string skin_ = "Original";
-    std::int64_t frames_ = 0;
-    std::int64_t rows_ = 0;
-    std::uint32_t digest_ = 0;
     std::array<Watched, 2> watched_;
     std::vector<AutoPlayer> hands_;
     std::vector<std::size_t> asked_;
-    MemoryUse memory_;
 };
 
-bool SoakTest::IsOver() const {
-    if (minutes_ == 0) return playedMs_ >= kHourMs / 2 && lives_ >= 3;
-    return steady_clock::now() - begin_ >= std::chrono::minutes(minutes_);
-}
-
-void SoakTest::Soak() {
+TEST_F(SoakTest, LivesGoByWithoutDepartures) {
     const unsigned seed = FromEnvironment("KORVANE_SOAK_SEED", 1);
     Seed(seed);
     // The clock wraps around a quarter of an hour after the start.
@@ -132,167 +244,14 @@ void SoakTest::Soak() {
         "digest");
     while (!IsOver() && !HasFailure()) {
         Live();
-        Sample();
+        asked_.push_back(AskedMemory());  // when all that a life needs was given back
+        if (passedMs_ < nextRowMs_) continue;
+        PrintRow();
+        nextRowMs_ = std::bit_ceil(passedMs_ / kHourMs + 1) * kHourMs;
     }
     PrintRow();
     EXPECT_FALSE(Grows(asked_)) << "memory grows";
     EXPECT_TRUE(games_ > 10 && rows_ > 10 && wakings_ > 100);
-}
-
-/// From a start of the program to its end.
-void SoakTest::Live() {
-    ++lives_;
-    watched_ = {};
-    Start();
-    for (int steps = 200 + Below(2000); steps > 0 && IsAlive(); --steps) {
-        ASSERT_NO_FATAL_FAILURE(Step()) << "life " << lives_ << ", step " << steps;
-    }
-    EndLife();
-}
-
-void SoakTest::Step() {
-    const int what = Below(200);
-    if (what < 100) SendAnything();
-    if (what >= 100 && what < 197) PushAnything();
-    if (what == 197) PlayOn();
-    if (what == 198) Headless().Push({.type = HostEventType::Minimized});
-    if (what == 199) Headless().FailPresents({DDERR_SURFACELOST});
-    if (!IsAlive()) return;
-    skins_ += std::exchange(skin_, theSettings.skinName) != theSettings.skinName;
-    Look();
-    ASSERT_NO_FATAL_FAILURE(ExpectScreensAgree());
-    ASSERT_NO_FATAL_FAILURE(ExpectSettingsInRange());
-    ASSERT_NO_FATAL_FAILURE(ExpectSoundWindow());
-}
-
-void SoakTest::PushAnything() {
-    Headless().Push(RandomDialogEvent(random_));
-    LetTimePass(static_cast<std::uint32_t>(Below(100)));
-}
-
-/// One or both players play passably for some time.
-void SoakTest::PlayOn() {
-    Headless().Push({.type = HostEventType::Restored});
-    Headless().Push({.type = HostEventType::Activated});
-    LetTimePass(50);
-    if (!IsAlive()) return;
-    Command(OneIn(2) ? kCmdNewGame : kCmdRightRestart);
-    Look();
-    for (Player* player : BothPlayers())
-        hands_.emplace_back(*player);
-    passMs = static_cast<std::uint32_t>(10 + Below(40));
-    LetTimePass(static_cast<std::uint32_t>(Below(300'000)));
-    hands_.clear();
-    passMs = 10;
-}
-
-void SoakTest::AfterPass() {
-    if (!IsAlive()) return;
-    CountTime();
-    Look();
-    for (AutoPlayer& hand : hands_)
-        hand.PressKeys();
-    if (OneIn(20)) Headless().Hear(kSoundBufferFrames);
-}
-
-/// The window waits for up to an hour.
-void SoakTest::WakeWindow() {
-    Headless().Advance(static_cast<std::uint32_t>(OneIn(4) ? Below(kHourMs) : Below(1000)));
-    Headless().Push({.type = HostEventType::Restored});
-    RandomInput::WakeWindow();
-}
-
-void SoakTest::CountTime() {
-    const std::uint32_t passed = Headless().Milliseconds() - lastTick_;
-    lastTick_ += passed;
-    passedMs_ += passed;
-    if (rightPlayer->IsRunning() || leftPlayer->IsRunning()) playedMs_ += std::min(passed, 100u);
-    Headless().SetUnixSeconds(static_cast<std::int64_t>(1'000'000'000 + passedMs_ / 1000));
-    ++frames_;
-}
-
-void SoakTest::Look() {
-    if (HasFailure()) return;  // the first one is enough
-    Watch(*rightPlayer, watched_[0]);
-    Watch(*leftPlayer, watched_[1]);
-}
-
-/// A score never falls within a game.
-void SoakTest::Watch(const Player& player, Watched& before) {
-    ASSERT_NO_FATAL_FAILURE(ExpectSoundPlayer(player));
-    const bool begins = player.IsRunning() && !before.running;
-    if (begins || player.FigureCount() < before.figures) before = {};
-    ASSERT_GE(player.Score(), before.score);
-    games_ += begins;
-    rows_ += player.Lines() - before.lines;
-    before = {player.IsRunning(), player.FigureCount(), player.Score(), player.Lines()};
-    digest_ = (digest_ * 31 + player.FigureCount()) * 31 + static_cast<std::uint32_t>(before.score);
-}
-
-void SoakTest::ExpectSoundWindow() const {
-    ASSERT_TRUE(Headless().IsOpen() && mainWindow);
-    ASSERT_EQ(Headless().IsFullScreen(), !theSettings.windowed);
-    ASSERT_TRUE(Headless().Reports().empty()) << Headless().Reports().front();
-}
-
-/// The user closes the window, the session ends, or the program was ended from its menu.
-void SoakTest::EndLife() {
-    HighScoreTable scores = theHighScoreScreen ? theHighScoreScreen->Table() : HighScoreTable();
-    if (IsAlive()) {
-        if (OneIn(2)) Command(kCmdExit);
-        Headless().Push(
-            {.type = OneIn(2) ? HostEventType::Terminate : HostEventType::CloseRequested});
-    }
-    LetTimePass(1000);
-    ASSERT_FALSE(IsRunning() || Headless().IsOpen());
-    ASSERT_NO_FATAL_FAILURE(ExpectFilesHoldEverything());
-    const HighScoreTable stored;
-    for (std::size_t row = 0; row < kHighScoreRows; ++row)
-        ASSERT_EQ(stored.Row(row), scores.Row(row)) << row;
-}
-
-void SoakTest::ExpectFilesHoldEverything() {
-    theSettings.Save();
-    theLevelTable.SaveTable();
-    KeyBindings keys;
-    keys.Load();
-    ASSERT_EQ(keys, keyBindings);
-    const SettingsValues settings = theSettings;
-    const LevelTableValues levels = theLevelTable;
-    ASSERT_TRUE(theSettings.Load() && theLevelTable.LoadTable());
-    ASSERT_EQ(settings, static_cast<const SettingsValues&>(theSettings));
-    ASSERT_EQ(levels, static_cast<const LevelTableValues&>(theLevelTable));
-    std::map<std::string, std::uintmax_t> sizes;
-    for (const auto& entry : std::filesystem::directory_iterator(folder.Path() + "/data"))
-        sizes[entry.path().filename()] = entry.file_size();
-    const std::uintmax_t settingsSize = 46 + settings.skinName.size();
-    ASSERT_EQ(sizes, (std::map<std::string, std::uintmax_t>{{"hs.dat", 260},
-                                                            {"keys.dat", 10},
-                                                            {"menu.dat", settingsSize},
-                                                            {"other", 0},
-                                                            {"sync.dat", 324}}));
-}
-
-/// At a life's end, when all that a life needs was given back.
-void SoakTest::Sample() {
-    memory_ = MemoryNow();
-    asked_.push_back(memory_.asked);
-    if (passedMs_ < nextRowMs_) return;
-    PrintRow();
-    while (nextRowMs_ <= passedMs_)
-        nextRowMs_ *= 2;
-}
-
-void SoakTest::PrintRow() const {
-    std::printf("%8.1f%8.1f%7d%7d%8lld%15d%7d%9lld%8zu%9zu  %08x\n",
-                static_cast<double>(passedMs_) / kHourMs, static_cast<double>(playedMs_) / kHourMs,
-                lives_, games_, static_cast<long long>(rows_), wakings_, skins_,
-                static_cast<long long>(frames_), memory_.asked, memory_.resident, digest_);
-    std::fflush(stdout);
-}
-
-TEST_F(SoakTest, LivesGoByWithoutDepartures) {
-    Soak();
 }
 
 }  // namespace
