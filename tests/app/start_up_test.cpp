@@ -4,9 +4,6 @@
 #include <filesystem>
 #include <functional>
 #include <new>
-#include <optional>
-#include <utility>
-#include <vector>
 
 #include "app/program.h"
 #include "app/state/process_state.h"
@@ -36,38 +33,30 @@ class StartUpTest : public ProgramFixture {
         WriteTestSkin(folder, "Original");
     }
 
-    /// Plays a two-player game for three seconds and ends the program from outside.
-    void PlayAndEnd() {
-        theSettings.scrollingPieces = true;
-        Start();
-        Press(VK_F3);
-        for (const std::uint8_t key : {VK_UP, VK_LEFT, VK_DOWN, VK_RIGHT})
-            Press(key);
-        EXPECT_EQ(Passes(300), std::nullopt);
-        EXPECT_TRUE(leftPlayer->IsRunning());
-        EXPECT_GT(rightPlayer->CurrentFigure()->Row(), 0);
-        Headless().Push({.type = HostEventType::Terminate});
-        EXPECT_EQ(Passes(10), 0);
-        EXPECT_FALSE(Headless().IsOpen());
-        EXPECT_FALSE(rightPlayer);
-        EXPECT_TRUE(Headless().Reports().empty()) << "data and pictures never report errors";
+    /// Whether the program that has ended was asked to: its message is taken.
+    static bool TakesQuit() {
+        DestroyWindow(mainWindow);
+        MSG quit;
+        return PeekMessage(quit, PM_REMOVE);
     }
 };
 
 TEST_F(StartUpTest, AGameCanBePlayedWithBrokenPictures) {
-    const auto writeSquare = [this](const fs::path& file, int side) {
-        folder.Write(fs::relative(file, folder.Path()).string(),
-                     MakeBmp({.width = side, .height = side}));
-    };
     using File = const fs::path&;
+    const auto square = [this](int side) {
+        return [=, this](File file) {
+            folder.Write(fs::relative(file, folder.Path()),
+                         MakeBmp({.width = side, .height = side}));
+        };
+    };
     const std::pair<const char*, std::function<void(File)>> damages[] = {
         {"missing", [](File) {}},
-        {"empty", [&](File file) { folder.Write(fs::relative(file, folder.Path()), {}); }},
+        {"empty", [](File file) { std::ofstream{file}; }},
         {"a pipe", [](File file) { ASSERT_EQ(mkfifo(file.c_str(), 0600), 0); }},
         {"a folder", [](File file) { fs::create_directory(file); }},
-        {"one pixel", [&](File file) { writeSquare(file, 1); }},
-        {"too small", [&](File file) { writeSquare(file, 7); }},
-        {"too large", [&](File file) { writeSquare(file, 700); }},
+        {"one pixel", square(1)},
+        {"too small", square(7)},
+        {"too large", square(700)},
     };
     for (const auto& [what, damage] : damages) {
         SCOPED_TRACE(what);
@@ -78,7 +67,17 @@ TEST_F(StartUpTest, AGameCanBePlayedWithBrokenPictures) {
             fs::remove(entry.path());
             damage(entry.path());
         }
-        PlayAndEnd();
+        theSettings.scrollingPieces = true;
+        Start();
+        for (const std::uint8_t key : {VK_F3, VK_UP, VK_LEFT, VK_DOWN, VK_RIGHT})
+            Press(key);
+        EXPECT_EQ(Passes(300), std::nullopt);
+        EXPECT_TRUE(leftPlayer->IsRunning());
+        EXPECT_GT(rightPlayer->CurrentFigure()->Row(), 0);
+        Headless().Push({.type = HostEventType::Terminate});
+        EXPECT_EQ(Passes(10), 0);
+        EXPECT_FALSE(Headless().IsOpen() || rightPlayer);
+        EXPECT_TRUE(Headless().Reports().empty()) << "data and pictures never report errors";
         fs::remove_all(skins);
     }
 }
@@ -101,9 +100,7 @@ TEST_F(StartUpTest, AFullScreenThatFailsAtTheStartIsToldAndEndsTheProgram) {
         EXPECT_EQ(RunProgram(), 0);
         EXPECT_EQ(boxes.Read(), told);
         EXPECT_FALSE(Headless().IsVisible());
-        DestroyWindow(mainWindow);
-        MSG quit;
-        EXPECT_TRUE(PeekMessage(quit, PM_REMOVE));
+        EXPECT_TRUE(TakesQuit());
     }
 }
 
@@ -122,27 +119,23 @@ TEST_F(StartUpTest, WhenTheDisplayNeverAnswersAllFourFilesAreSaved) {
 
 /// Files of a folder; reading one with this name takes more memory than there is.
 class MemoryEater final : public Files {
+    using Path = std::string_view;
+    using Bytes = std::span<const std::byte>;
+
   public:
     explicit MemoryEater(const std::string& folder) : files_(OpenDiskFiles(folder)) {}
-
-    ReadResult TryRead(std::string_view path, std::size_t cap) override {
+    ReadResult TryRead(Path path, std::size_t cap) override {
         if (hungry && path.ends_with("pause.bmp")) throw std::bad_alloc();
         return files_->TryRead(path, cap);
     }
-    bool Replace(std::string_view path, std::span<const std::byte> bytes) override {
-        return files_->Replace(path, bytes);
-    }
-    bool Delete(std::string_view path, std::span<const std::byte> bytes) override {
-        return files_->Delete(path, bytes);
-    }
-    std::optional<std::vector<FolderEntry>> List(std::string_view path) override {
-        return files_->List(path);
-    }
+    bool Replace(Path path, Bytes bytes) override { return files_->Replace(path, bytes); }
+    bool Delete(Path path, Bytes bytes) override { return files_->Delete(path, bytes); }
+    std::optional<std::vector<FolderEntry>> List(Path path) override { return files_->List(path); }
 
     bool hungry = false;
 
   private:
-    std::unique_ptr<Files> files_;
+    const std::unique_ptr<Files> files_;
 };
 
 TEST_F(StartUpTest, WhenMemoryRunsOutTheGameIsSavedAndTheUserTold) {
@@ -150,18 +143,15 @@ TEST_F(StartUpTest, WhenMemoryRunsOutTheGameIsSavedAndTheUserTold) {
     MemoryEater& eater = *files;
     Headless().UseFiles(std::move(files));
     theSettings.showAdvancedAtStart = true;
-    const DialogScript script({[&] {
-                                   theHighScoreScreen->Submit(Side::Right, 5000, 1, 1);
-                                   eater.hungry = true;
-                               },
-                               VK_RETURN, [] { EXPECT_EQ(ShownDialog(), nullptr) << "a box"; },
-                               VK_RETURN});
+    const auto play = [&] {
+        eater.hungry = theHighScoreScreen->Submit(Side::Right, 5000, 1, 1) == 0;
+    };
+    const auto isBox = [] { EXPECT_EQ(ShownDialog(), nullptr); };
+    const DialogScript script({play, VK_RETURN, isBox, VK_RETURN});
     EXPECT_EQ(RunProgram(), 1);
     EXPECT_TRUE(script.WentAsWritten());
     EXPECT_EQ(folder.Read("data/hs.dat").at(22), std::byte{5000 & 0xFF});
-    DestroyWindow(mainWindow);
-    MSG quit;
-    EXPECT_TRUE(PeekMessage(quit, PM_REMOVE));
+    EXPECT_TRUE(TakesQuit());
 }
 
 TEST_F(StartUpTest, TheProgramWaitsWhileAnotherHasTheDisplay) {
@@ -217,27 +207,31 @@ TEST_F(StartUpTest, FramesAreTenMillisecondsApartAndStopWhileMinimised) {
         ++waits;
         Headless().Push({.type = HostEventType::Restored});
     });
-    Passes(1);
-    EXPECT_EQ(waits, 1);
-    Passes(5);
+    Passes(6);
     EXPECT_TRUE(appActive);
     EXPECT_EQ(waits, 1);
 }
 
-TEST_F(StartUpTest, TheLastPictureBehindAnotherWindowShowsThePause) {
+TEST_F(StartUpTest, BehindAnotherWindowGamesArePausedAndAreSeenToBe) {
     Start();
     Press(VK_F3);
+    Press('P');
     Passes(3);
     constexpr std::uint32_t kPausePlate = 0x202070;
     const auto seen = [] { return Headless().PixelAt(90, 200 + GetSystemMetrics(SM_CYMENU)); };
     EXPECT_NE(seen(), kPausePlate);
     Headless().Push({.type = HostEventType::Deactivated});
     Headless().WhenWaiting([&] {
+        EXPECT_TRUE(rightPlayer->IsPaused() && leftPlayer->IsPaused());
         EXPECT_EQ(seen(), kPausePlate);
+        leftPlayer->TogglePause();
         Headless().Push({.type = HostEventType::Activated});
     });
     Passes(3);
+    EXPECT_TRUE(rightPlayer->IsPaused() && leftPlayer->IsPaused());
     EXPECT_TRUE(appActive);
+    Press('T');
+    EXPECT_FALSE(leftPlayer->IsPaused());
 }
 
 TEST_F(StartUpTest, TheFrameRateIsShownAfterItsFirstPeriod) {
