@@ -214,21 +214,21 @@ TEST_F(InputTest, BothNamesAreTypedAndWrittenToTheFile) {
     EXPECT_EQ(folder.Read("data/hs.dat").at(0), std::byte{'W'});
 }
 
-TEST_F(InputTest, LeavingTheHighScoresEndsTheTypingOfAName) {
-    folder.Write("data/hs.dat", std::vector<std::byte>(260));
-    PlayOut(1, 5);
-    ASSERT_TRUE(rightPlayer->HighScoreEntered());
-    Command(kCmdGotoMenu);
-    EXPECT_FALSE(rightPlayer->HighScoreEntered() || leftPlayer->HighScoreEntered());
-}
-
-TEST_F(InputTest, WhenTheFirstResultIsRefusedTheSecondIsNotOffered) {
-    PlayOut(1, 2);
-    EXPECT_TRUE(highScoresShowing);
-    EXPECT_FALSE(rightPlayer->HighScoreEntered() || leftPlayer->HighScoreEntered());
-    EXPECT_EQ(theHighScoreScreen->Table().Row(9).score, 100);
-    ClickAt(kMenuButton);
-    EXPECT_EQ(pendingClick, kHighScoreToMenu) << "nobody types a name";
+TEST_F(InputTest, NobodyTypesANameAfterARefusedResultOrOutsideTheHighScores) {
+    for (const bool refused : {true, false}) {
+        if (!refused) folder.Write("data/hs.dat", std::vector<std::byte>(260));
+        PlayOut(1, 2);
+        EXPECT_TRUE(highScoresShowing);
+        EXPECT_EQ(rightPlayer->HighScoreEntered(), !refused);
+        EXPECT_FALSE(leftPlayer->HighScoreEntered());
+        ClickAt(kMenuButton);
+        EXPECT_EQ(pendingClick, refused ? kHighScoreToMenu : kHighScoreNothing);
+        EXPECT_EQ(theHighScoreScreen->Table().Row(9).score, refused ? 100 : 0);
+        Command(kCmdGotoMenu);
+        EXPECT_FALSE(rightPlayer->HighScoreEntered() || leftPlayer->HighScoreEntered());
+        End();
+        SetUp();
+    }
 }
 
 TEST_F(InputTest, AFatalDisplayErrorLeavesTheFilesAsTheyWere) {

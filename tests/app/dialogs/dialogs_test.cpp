@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <tuple>
 
 #include "app/dialogs/advanced_dialog.h"

@@ -10,16 +10,11 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <future>
-#include <memory>
 #include <optional>
 #include <random>
-#include <span>
-#include <string>
 #include <thread>
 #include <utility>
-#include <vector>
 
 #include "platform/sound/mixer.h"
 #include "tests/support/temporary_folder.h"

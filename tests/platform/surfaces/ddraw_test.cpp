@@ -5,10 +5,7 @@
 #include <algorithm>
 #include <cstring>
 #include <initializer_list>
-#include <span>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/headless/headless_host.h"
 #include "tests/support/bmp_writer.h"
@@ -24,7 +21,7 @@ enum : std::uint32_t { kBlack = 0, kRed = 0xFF0000, kGreen = 0x00FF00, kBlue = 0
 using Colours = std::vector<std::uint32_t>;
 using UniqueSurface = UniqueInterface<IDirectDrawSurface7>;
 
-constexpr std::uint32_t kSized = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT;
+constexpr std::uint32_t kSides = DDSD_WIDTH | DDSD_HEIGHT;
 
 /// A display of 64 x 48 pixels with a red picture of 8 x 8, in a window (0) or in full screen with
 /// so many bits per pixel.
@@ -49,24 +46,22 @@ class DisplayTest : public testing::TestWithParam<int> {
 
     static bool IsWindowed() { return GetParam() == 0; }
 
-    UniqueSurface Make(std::uint32_t flags, std::uint32_t caps, std::uint32_t width = 0,
-                       std::uint32_t height = 0) {
+    UniqueSurface Make(std::uint32_t caps, std::uint32_t width = 0, std::uint32_t height = 0) {
+        DDSURFACEDESC2 description;
+        description.flags = DDSD_CAPS | (width == 0 ? DDSD_BACKBUFFERCOUNT : kSides);
+        description.caps = caps;
+        description.width = width;
+        description.height = height;
+        description.backBufferCount = 1;
         IDirectDrawSurface7* surface = nullptr;
-        EXPECT_EQ(directDraw->CreateSurface({.flags = flags,
-                                             .width = width,
-                                             .height = height,
-                                             .backBufferCount = 1,
-                                             .caps = caps,
-                                             .format = {}},
-                                            surface),
-                  S_OK);
+        EXPECT_EQ(directDraw->CreateSurface(description, surface), S_OK);
         return UniqueSurface(surface);
     }
 
     void OpenWindowed() {
         ASSERT_EQ(directDraw->SetCooperativeLevel(window, DDSCL_NORMAL), S_OK);
-        front = Make(DDSD_CAPS, DDSCAPS_PRIMARYSURFACE);
-        back = Make(kSized, DDSCAPS_OFFSCREENPLAIN | DDSCAPS_3DDEVICE, kWidth, kHeight);
+        front = Make(DDSCAPS_PRIMARYSURFACE);
+        back = Make(DDSCAPS_OFFSCREENPLAIN | DDSCAPS_3DDEVICE, kWidth, kHeight);
         IDirectDrawClipper* clipper = nullptr;
         ASSERT_EQ(directDraw->CreateClipper(0, clipper), S_OK);
         ASSERT_EQ(clipper->SetHWnd(0, window), S_OK);
@@ -79,7 +74,7 @@ class DisplayTest : public testing::TestWithParam<int> {
         ASSERT_EQ(directDraw->SetCooperativeLevel(window, DDSCL_EXCLUSIVE | DDSCL_FULLSCREEN),
                   S_OK);
         ASSERT_EQ(directDraw->SetDisplayMode(kWidth, kHeight, bits, 0, 0), S_OK);
-        front = Make(DDSD_CAPS | DDSD_BACKBUFFERCOUNT, DDSCAPS_PRIMARYSURFACE | DDSCAPS_FLIP);
+        front = Make(DDSCAPS_PRIMARYSURFACE | DDSCAPS_FLIP);
         IDirectDrawSurface7* attached = nullptr;
         ASSERT_EQ(front->GetAttachedSurface({DDSCAPS_BACKBUFFER}, attached), S_OK);
         attached->AddRef();
@@ -87,7 +82,7 @@ class DisplayTest : public testing::TestWithParam<int> {
     }
 
     UniqueSurface MakePicture() {
-        auto surface = Make(kSized, DDSCAPS_OFFSCREENPLAIN, 8, 8);
+        auto surface = Make(DDSCAPS_OFFSCREENPLAIN, 8, 8);
         Paint(*surface, {0, 0, 8, 8}, RGB(255, 0, 0));
         return surface;
     }
