@@ -1,12 +1,8 @@
 #include <sys/stat.h>
 
 #include <array>
-#include <filesystem>
-#include <functional>
 #include <new>
-#include <optional>
-#include <utility>
-#include <vector>
+#include <tuple>
 
 #include "app/program.h"
 #include "app/state/process_state.h"
@@ -28,6 +24,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
+const std::string kNoMode = "This display card does not support 640x480x8. ";
+const std::string kNoStart = "DirectDraw init failed. Korvane will now exit. ";
+const std::string kNoSwitch = "InitDirectDraw() failed. Korvane will now exit. ";
+
 /// The program with the pictures of the game screen as well.
 class StartUpTest : public ProgramFixture {
   protected:
@@ -36,38 +36,30 @@ class StartUpTest : public ProgramFixture {
         WriteTestSkin(folder, "Original");
     }
 
-    /// Plays a two-player game for three seconds and ends the program from outside.
-    void PlayAndEnd() {
-        theSettings.scrollingPieces = true;
-        Start();
-        Press(VK_F3);
-        for (const std::uint8_t key : {VK_UP, VK_LEFT, VK_DOWN, VK_RIGHT})
-            Press(key);
-        EXPECT_EQ(Passes(300), std::nullopt);
-        EXPECT_TRUE(leftPlayer->IsRunning());
-        EXPECT_GT(rightPlayer->CurrentFigure()->Row(), 0);
-        Headless().Push({.type = HostEventType::Terminate});
-        EXPECT_EQ(Passes(10), 0);
-        EXPECT_FALSE(Headless().IsOpen());
-        EXPECT_FALSE(rightPlayer);
-        EXPECT_TRUE(Headless().Reports().empty()) << "data and pictures never report errors";
+    /// Whether the program that has ended was asked to: its message is taken.
+    static bool TakesQuit() {
+        DestroyWindow(mainWindow);
+        MSG quit;
+        return PeekMessage(quit, PM_REMOVE);
     }
 };
 
 TEST_F(StartUpTest, AGameCanBePlayedWithBrokenPictures) {
-    const auto writeSquare = [this](const fs::path& file, int side) {
-        folder.Write(fs::relative(file, folder.Path()).string(),
-                     MakeBmp({.width = side, .height = side}));
-    };
     using File = const fs::path&;
+    const auto square = [this](int side) {
+        return [=, this](File file) {
+            folder.Write(fs::relative(file, folder.Path()),
+                         MakeBmp({.width = side, .height = side}));
+        };
+    };
     const std::pair<const char*, std::function<void(File)>> damages[] = {
         {"missing", [](File) {}},
-        {"empty", [&](File file) { folder.Write(fs::relative(file, folder.Path()), {}); }},
+        {"empty", [](File file) { std::ofstream{file}; }},
         {"a pipe", [](File file) { ASSERT_EQ(mkfifo(file.c_str(), 0600), 0); }},
         {"a folder", [](File file) { fs::create_directory(file); }},
-        {"one pixel", [&](File file) { writeSquare(file, 1); }},
-        {"too small", [&](File file) { writeSquare(file, 7); }},
-        {"too large", [&](File file) { writeSquare(file, 700); }},
+        {"one pixel", square(1)},
+        {"too small", square(7)},
+        {"too large", square(700)},
     };
     for (const auto& [what, damage] : damages) {
         SCOPED_TRACE(what);
@@ -78,7 +70,17 @@ TEST_F(StartUpTest, AGameCanBePlayedWithBrokenPictures) {
             fs::remove(entry.path());
             damage(entry.path());
         }
-        PlayAndEnd();
+        theSettings.scrollingPieces = true;
+        Start();
+        for (const std::uint8_t key : {VK_F3, VK_UP, VK_LEFT, VK_DOWN, VK_RIGHT})
+            Press(key);
+        EXPECT_EQ(Passes(300), std::nullopt);
+        EXPECT_TRUE(leftPlayer->IsRunning());
+        EXPECT_GT(rightPlayer->CurrentFigure()->Row(), 0);
+        Headless().Push({.type = HostEventType::Terminate});
+        EXPECT_EQ(Passes(10), 0);
+        EXPECT_FALSE(Headless().IsOpen() || rightPlayer);
+        EXPECT_TRUE(Headless().Reports().empty()) << "data and pictures never report errors";
         fs::remove_all(skins);
     }
 }
@@ -87,24 +89,6 @@ TEST_F(StartUpTest, WithoutADisplayTheProgramEnds) {
     Headless().RefuseWindow(true);
     EXPECT_EQ(RunProgram(), 0);
     EXPECT_EQ(Headless().Reports().size(), 1u) << "a line on the terminal";
-}
-
-TEST_F(StartUpTest, AFullScreenThatFailsAtTheStartIsToldAndEndsTheProgram) {
-    for (const auto& [depth, refused] : {std::pair{0u, false}, {23u, false}, {16u, true}}) {
-        SetUp();
-        theSettings.windowed = false;
-        theSettings.fullscreenBpp = depth;
-        Headless().RefuseFullScreen(refused);
-        const std::vector<std::string> told = {"This display card does not support 640x480x8. ",
-                                               "DirectDraw init failed. Korvane will now exit. "};
-        const BoxAnswerer boxes(told);
-        EXPECT_EQ(RunProgram(), 0);
-        EXPECT_EQ(boxes.Read(), told);
-        EXPECT_FALSE(Headless().IsVisible());
-        DestroyWindow(mainWindow);
-        MSG quit;
-        EXPECT_TRUE(PeekMessage(quit, PM_REMOVE));
-    }
 }
 
 TEST_F(StartUpTest, WhenTheDisplayNeverAnswersAllFourFilesAreSaved) {
@@ -122,27 +106,23 @@ TEST_F(StartUpTest, WhenTheDisplayNeverAnswersAllFourFilesAreSaved) {
 
 /// Files of a folder; reading one with this name takes more memory than there is.
 class MemoryEater final : public Files {
+    using Path = std::string_view;
+    using Bytes = std::span<const std::byte>;
+
   public:
     explicit MemoryEater(const std::string& folder) : files_(OpenDiskFiles(folder)) {}
-
-    ReadResult TryRead(std::string_view path, std::size_t cap) override {
+    ReadResult TryRead(Path path, std::size_t cap) override {
         if (hungry && path.ends_with("pause.bmp")) throw std::bad_alloc();
         return files_->TryRead(path, cap);
     }
-    bool Replace(std::string_view path, std::span<const std::byte> bytes) override {
-        return files_->Replace(path, bytes);
-    }
-    bool Delete(std::string_view path, std::span<const std::byte> bytes) override {
-        return files_->Delete(path, bytes);
-    }
-    std::optional<std::vector<FolderEntry>> List(std::string_view path) override {
-        return files_->List(path);
-    }
+    bool Replace(Path path, Bytes bytes) override { return files_->Replace(path, bytes); }
+    bool Delete(Path path, Bytes bytes) override { return files_->Delete(path, bytes); }
+    std::optional<std::vector<FolderEntry>> List(Path path) override { return files_->List(path); }
 
     bool hungry = false;
 
   private:
-    std::unique_ptr<Files> files_;
+    const std::unique_ptr<Files> files_;
 };
 
 TEST_F(StartUpTest, WhenMemoryRunsOutTheGameIsSavedAndTheUserTold) {
@@ -150,18 +130,15 @@ TEST_F(StartUpTest, WhenMemoryRunsOutTheGameIsSavedAndTheUserTold) {
     MemoryEater& eater = *files;
     Headless().UseFiles(std::move(files));
     theSettings.showAdvancedAtStart = true;
-    const DialogScript script({[&] {
-                                   theHighScoreScreen->Submit(Side::Right, 5000, 1, 1);
-                                   eater.hungry = true;
-                               },
-                               VK_RETURN, [] { EXPECT_EQ(ShownDialog(), nullptr) << "a box"; },
-                               VK_RETURN});
+    const auto play = [&] {
+        eater.hungry = theHighScoreScreen->Submit(Side::Right, 5000, 1, 1) == 0;
+    };
+    const auto isBox = [] { EXPECT_EQ(ShownDialog(), nullptr); };
+    const DialogScript script({play, VK_RETURN, isBox, VK_RETURN});
     EXPECT_EQ(RunProgram(), 1);
     EXPECT_TRUE(script.WentAsWritten());
     EXPECT_EQ(folder.Read("data/hs.dat").at(22), std::byte{5000 & 0xFF});
-    DestroyWindow(mainWindow);
-    MSG quit;
-    EXPECT_TRUE(PeekMessage(quit, PM_REMOVE));
+    EXPECT_TRUE(TakesQuit());
 }
 
 TEST_F(StartUpTest, TheProgramWaitsWhileAnotherHasTheDisplay) {
@@ -199,11 +176,16 @@ TEST_F(StartUpTest, AfterAChangeOfModeThePicturesAreLoadedAgain) {
     EXPECT_EQ(Headless().PixelAt(336, 200), frame);
 }
 
-TEST_F(StartUpTest, FramesAreTenMillisecondsApartAndStopWhileMinimised) {
+TEST_F(StartUpTest, FramesAreTenMillisecondsApartAreCountedAndStopWhileMinimised) {
     Start();
+    theMatch = {};
+    showFps = true;
     const std::uint32_t start = Headless().Milliseconds();
-    Passes(100);
-    EXPECT_EQ(Headless().Milliseconds() - start, 1000u);
+    Passes(101);
+    EXPECT_EQ(Headless().Milliseconds() - start, 1010u);
+    EXPECT_EQ(theMatch.frameRateText, "");
+    Passes(1);
+    EXPECT_EQ(theMatch.frameRateText, "101");
     for (const std::uint32_t days : {20u, 26u, 49u}) {
         Headless().Advance(days * 86'400'000);
         const std::uint32_t before = Headless().Milliseconds();
@@ -217,37 +199,31 @@ TEST_F(StartUpTest, FramesAreTenMillisecondsApartAndStopWhileMinimised) {
         ++waits;
         Headless().Push({.type = HostEventType::Restored});
     });
-    Passes(1);
-    EXPECT_EQ(waits, 1);
-    Passes(5);
+    Passes(6);
     EXPECT_TRUE(appActive);
     EXPECT_EQ(waits, 1);
 }
 
-TEST_F(StartUpTest, TheLastPictureBehindAnotherWindowShowsThePause) {
+TEST_F(StartUpTest, BehindAnotherWindowGamesArePausedAndAreSeenToBe) {
     Start();
     Press(VK_F3);
+    Press('P');
     Passes(3);
     constexpr std::uint32_t kPausePlate = 0x202070;
     const auto seen = [] { return Headless().PixelAt(90, 200 + GetSystemMetrics(SM_CYMENU)); };
     EXPECT_NE(seen(), kPausePlate);
     Headless().Push({.type = HostEventType::Deactivated});
     Headless().WhenWaiting([&] {
+        EXPECT_TRUE(rightPlayer->IsPaused() && leftPlayer->IsPaused());
         EXPECT_EQ(seen(), kPausePlate);
+        leftPlayer->TogglePause();
         Headless().Push({.type = HostEventType::Activated});
     });
     Passes(3);
+    EXPECT_TRUE(rightPlayer->IsPaused() && leftPlayer->IsPaused());
     EXPECT_TRUE(appActive);
-}
-
-TEST_F(StartUpTest, TheFrameRateIsShownAfterItsFirstPeriod) {
-    Start();
-    theMatch = {};
-    showFps = true;
-    Passes(101);
-    EXPECT_EQ(theMatch.frameRateText, "");
-    Passes(1);
-    EXPECT_EQ(theMatch.frameRateText, "101");
+    Press('T');
+    EXPECT_FALSE(leftPlayer->IsPaused());
 }
 
 TEST_F(StartUpTest, FullScreenAndBackShowsTheSamePicture) {
@@ -271,25 +247,32 @@ TEST_F(StartUpTest, FullScreenAndBackShowsTheSamePicture) {
     }
 }
 
-TEST_F(StartUpTest, AFullScreenThatFailsLaterIsToldAndEndsTheProgram) {
-    for (const bool quits : {false, true}) {
+TEST_F(StartUpTest, AFullScreenThatFailsIsToldAndEndsTheProgram) {
+    // At the start, or later: then perhaps with Quit pressed just before, which is carried out
+    // while the first box is open.
+    for (const auto& [depth, refused, starts, quits] : {std::tuple{0u, false, true, false},
+                                                        {23u, false, true, false},
+                                                        {16u, true, true, false},
+                                                        {16u, true, false, false},
+                                                        {16u, true, false, true}}) {
         SetUp();
-        Start();
-        Headless().RefuseFullScreen(true);
-        const std::vector<std::string> told = {"This display card does not support 640x480x8. ",
-                                               "InitDirectDraw() failed. Korvane will now exit. "};
-        const BoxAnswerer boxes(told);
+        theSettings.windowed = !starts;
+        theSettings.fullscreenBpp = depth;
+        if (!starts) Start();
+        Headless().RefuseFullScreen(refused);
+        const BoxAnswerer boxes({kNoMode, kNoStart, kNoSwitch});
         if (quits) {
-            // Quit was pressed just before: it is carried out while the first box is open.
             pendingClick = kMenuQuit;
             SetTimer(mainWindow, 3, 0);
         }
-        Headless().PushKey(VK_RETURN, true, kModAlt);
-        EXPECT_EQ(Passes(20), 0);
+        if (!starts) Headless().PushKey(VK_RETURN, true, kModAlt);
+        EXPECT_EQ(starts ? RunProgram() : Passes(20), 0);
         if (!quits) {
-            EXPECT_EQ(boxes.Read(), told);
+            EXPECT_EQ(boxes.Read(), (std::vector{kNoMode, starts ? kNoStart : kNoSwitch}));
         }
-        EXPECT_FALSE(Headless().IsOpen());
+        EXPECT_EQ(Headless().IsOpen(), starts);
+        EXPECT_FALSE(Headless().IsVisible());
+        EXPECT_EQ(TakesQuit(), starts);
     }
 }
 

@@ -5,10 +5,7 @@
 #include <algorithm>
 #include <cstring>
 #include <initializer_list>
-#include <span>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/headless/headless_host.h"
 #include "tests/support/bmp_writer.h"
@@ -20,36 +17,38 @@ namespace {
 constexpr std::int32_t kWidth = 64;
 constexpr std::int32_t kHeight = 48;
 
-LRESULT IgnoringProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lParam) {
-    return DefWindowProc(window, message, wParam, lParam);
-}
-
-constexpr std::uint32_t kBlack = 0;
-constexpr std::uint32_t kRed = 0xFF0000;
-constexpr std::uint32_t kGreen = 0x00FF00;
-constexpr std::uint32_t kBlue = 0x0000FF;
+enum : std::uint32_t { kBlack = 0, kRed = 0xFF0000, kGreen = 0x00FF00, kBlue = 0x0000FF };
 using Colours = std::vector<std::uint32_t>;
 using UniqueSurface = UniqueInterface<IDirectDrawSurface7>;
 
-constexpr std::uint32_t kSized = DDSD_CAPS | DDSD_WIDTH | DDSD_HEIGHT;
+constexpr std::uint32_t kSides = DDSD_WIDTH | DDSD_HEIGHT;
 
-/// A display object and its window.
-class DirectDrawTest : public testing::Test {
+/// A display of 64 x 48 pixels with a red picture of 8 x 8, in a window (0) or in full screen with
+/// so many bits per pixel.
+class DisplayTest : public testing::TestWithParam<int> {
   protected:
     void SetUp() override {
         Headless().Reset();
-        RegisterClass({"Ignoring", IgnoringProc});
+        RegisterClass({"Ignoring", DefWindowProc});
         window = CreateWindowEx(0, "Ignoring", "", 0, {0, 0}, {kWidth, kHeight});
         IDirectDraw7* created = nullptr;
         ASSERT_EQ(DirectDrawCreateEx(created), S_OK);
         directDraw.reset(created);
+        IsWindowed() ? OpenWindowed() : OpenFullScreen();
+        picture = MakePicture();
     }
-    void TearDown() override { DestroyWindow(window); }
+    void TearDown() override {
+        for (UniqueSurface* surface : {&picture, &back, &front})
+            surface->reset();
+        directDraw.reset();
+        DestroyWindow(window);
+    }
 
-    UniqueSurface Make(std::uint32_t flags, std::uint32_t caps, std::uint32_t width = 0,
-                       std::uint32_t height = 0) {
+    static bool IsWindowed() { return GetParam() == 0; }
+
+    UniqueSurface Make(std::uint32_t caps, std::uint32_t width = 0, std::uint32_t height = 0) {
         DDSURFACEDESC2 description;
-        description.flags = flags;
+        description.flags = DDSD_CAPS | (width == 0 ? DDSD_BACKBUFFERCOUNT : kSides);
         description.caps = caps;
         description.width = width;
         description.height = height;
@@ -59,34 +58,10 @@ class DirectDrawTest : public testing::Test {
         return UniqueSurface(surface);
     }
 
-    HWND window = nullptr;
-    UniqueInterface<IDirectDraw7> directDraw;
-};
-
-/// A display of 64 x 48 pixels with a red picture of 8 x 8, in a window (0) or in full screen with
-/// so many bits per pixel.
-class DisplayTest : public DirectDrawTest, public testing::WithParamInterface<int> {
-  protected:
-    void SetUp() override {
-        DirectDrawTest::SetUp();
-        IsWindowed() ? OpenWindowed() : OpenFullScreen();
-        picture = MakePicture();
-    }
-
-    void TearDown() override {
-        for (UniqueSurface* surface : {&picture, &back, &front})
-            surface->reset();
-        directDraw->SetCooperativeLevel(window, DDSCL_NORMAL);
-        directDraw.reset();
-        DirectDrawTest::TearDown();
-    }
-
-    static bool IsWindowed() { return GetParam() == 0; }
-
     void OpenWindowed() {
         ASSERT_EQ(directDraw->SetCooperativeLevel(window, DDSCL_NORMAL), S_OK);
-        front = Make(DDSD_CAPS, DDSCAPS_PRIMARYSURFACE);
-        back = Make(kSized, DDSCAPS_OFFSCREENPLAIN | DDSCAPS_3DDEVICE, kWidth, kHeight);
+        front = Make(DDSCAPS_PRIMARYSURFACE);
+        back = Make(DDSCAPS_OFFSCREENPLAIN | DDSCAPS_3DDEVICE, kWidth, kHeight);
         IDirectDrawClipper* clipper = nullptr;
         ASSERT_EQ(directDraw->CreateClipper(0, clipper), S_OK);
         ASSERT_EQ(clipper->SetHWnd(0, window), S_OK);
@@ -99,7 +74,7 @@ class DisplayTest : public DirectDrawTest, public testing::WithParamInterface<in
         ASSERT_EQ(directDraw->SetCooperativeLevel(window, DDSCL_EXCLUSIVE | DDSCL_FULLSCREEN),
                   S_OK);
         ASSERT_EQ(directDraw->SetDisplayMode(kWidth, kHeight, bits, 0, 0), S_OK);
-        front = Make(DDSD_CAPS | DDSD_BACKBUFFERCOUNT, DDSCAPS_PRIMARYSURFACE | DDSCAPS_FLIP);
+        front = Make(DDSCAPS_PRIMARYSURFACE | DDSCAPS_FLIP);
         IDirectDrawSurface7* attached = nullptr;
         ASSERT_EQ(front->GetAttachedSurface({DDSCAPS_BACKBUFFER}, attached), S_OK);
         attached->AddRef();
@@ -107,7 +82,7 @@ class DisplayTest : public DirectDrawTest, public testing::WithParamInterface<in
     }
 
     UniqueSurface MakePicture() {
-        auto surface = Make(kSized, DDSCAPS_OFFSCREENPLAIN, 8, 8);
+        auto surface = Make(DDSCAPS_OFFSCREENPLAIN, 8, 8);
         Paint(*surface, {0, 0, 8, 8}, RGB(255, 0, 0));
         return surface;
     }
@@ -121,16 +96,16 @@ class DisplayTest : public DirectDrawTest, public testing::WithParamInterface<in
         ASSERT_EQ(surface.ReleaseDC(context), S_OK);
     }
 
-    HRESULT Copy(std::uint32_t x, std::uint32_t y, RECT part = {0, 0, 8, 8},
-                 std::uint32_t flags = DDBLTFAST_NOCOLORKEY) {
-        return back->BltFast(x, y, picture.get(), part, flags);
+    HRESULT Copy(POINT at, const RECT& part = {0, 0, 8, 8}, std::uint32_t flags = 0) {
+        return back->BltFast(static_cast<std::uint32_t>(at.x), static_cast<std::uint32_t>(at.y),
+                             picture.get(), part, flags);
     }
 
     /// Begins a frame: the picture on black.
-    void Begin(std::uint32_t x, std::uint32_t y = 0) {
+    void Begin(POINT at) {
         const DDBLTFX effects;
         EXPECT_EQ(back->Blt(nullptr, nullptr, nullptr, DDBLT_COLORFILL, &effects), S_OK);
-        EXPECT_EQ(Copy(x, y), S_OK);
+        EXPECT_EQ(Copy(at), S_OK);
     }
 
     HRESULT Show(std::int32_t moved = 0) {
@@ -148,6 +123,8 @@ class DisplayTest : public DirectDrawTest, public testing::WithParamInterface<in
         return seen;
     }
 
+    HWND window = nullptr;
+    UniqueInterface<IDirectDraw7> directDraw;
     UniqueSurface front;
     UniqueSurface back;
     UniqueSurface picture;
@@ -160,9 +137,9 @@ std::string NameOfMode(const testing::TestParamInfo<int>& mode) {
 INSTANTIATE_TEST_SUITE_P(Modes, DisplayTest, testing::Values(0, 8, 16, 32), NameOfMode);
 
 TEST_P(DisplayTest, ShowsWhatWasDrawnInTheOrderOfDrawing) {
-    Begin(10);
+    Begin({10, 0});
     Paint(*picture, {0, 0, 8, 8}, RGB(0, 255, 0));  // what was drawn stays red
-    EXPECT_EQ(Copy(14, 0, {0, 0, 2, 8}), S_OK);
+    EXPECT_EQ(Copy({14, 0}, {0, 0, 2, 8}), S_OK);
     picture.reset();
     picture = MakePicture();  // where the one that was drawn may have been
     EXPECT_EQ(Show(), S_OK);
@@ -184,31 +161,29 @@ TEST_P(DisplayTest, PixelsOfTheKeyAreNotDrawn) {
     for (const auto& [key, wanted] : {std::pair(blue, Colours{kBlack, kRed, kBlue, kBlack, kRed}),
                                       {red, {kBlue, kBlack, kBlue, kBlue, kBlack}}}) {
         ASSERT_EQ(picture->SetColorKey(DDCKEY_SRCBLT, {key, key}), S_OK);
-        Begin(20);
-        EXPECT_EQ(Copy(0, 0, {0, 0, 8, 8}, DDBLTFAST_SRCCOLORKEY), S_OK);
-        EXPECT_EQ(Copy(40, 0, {3, 0, 8, 8}, DDBLTFAST_SRCCOLORKEY), S_OK);
+        Begin({20, 0});
+        EXPECT_EQ(Copy({0, 0}, {0, 0, 8, 8}, DDBLTFAST_SRCCOLORKEY), S_OK);
+        EXPECT_EQ(Copy({40, 0}, {3, 0, 8, 8}, DDBLTFAST_SRCCOLORKEY), S_OK);
         EXPECT_EQ(Show(), S_OK);
         EXPECT_EQ(Seen({{3, 0}, {4, 0}, {20, 0}, {40, 0}, {41, 0}}), wanted);
     }
 }
 
 TEST_P(DisplayTest, CopiesThatDoNotFitAreRefusedWhole) {
-    EXPECT_EQ(Copy(0, 0), S_OK);
-    EXPECT_EQ(Copy(kWidth - 8, kHeight - 8), S_OK);
+    for (const POINT at : {POINT{0, 0}, POINT{kWidth - 8, kHeight - 8}})
+        EXPECT_EQ(Copy(at), S_OK) << at.x;
     for (const POINT at : {POINT{kWidth - 7, 0}, POINT{0, kHeight - 7}, POINT{-1, 0}, POINT{0, -4}})
-        EXPECT_EQ(Copy(static_cast<std::uint32_t>(at.x), static_cast<std::uint32_t>(at.y)),
-                  DDERR_INVALIDRECT)
-            << at.x << ", " << at.y;
+        EXPECT_EQ(Copy(at), DDERR_INVALIDRECT) << at.x << ", " << at.y;
     for (const RECT& part : {RECT{-1, 0, 8, 8}, RECT{0, 0, 9, 8}, RECT{0, 4, 8, 12},
                              RECT{4, 0, 4, 8}, RECT{6, 0, 2, 8}})
-        EXPECT_EQ(Copy(0, 0, part), DDERR_INVALIDRECT) << part.left << ", " << part.top;
+        EXPECT_EQ(Copy({0, 0}, part), DDERR_INVALIDRECT) << part.left << ", " << part.top;
     EXPECT_TRUE(Failed(back->BltFast(0, 0, back.get(), {0, 0, 1, 1}, 0))) << "no picture";
     EXPECT_TRUE(Failed(back->BltFast(0, 0, nullptr, {0, 0, 1, 1}, 0)));
 }
 
 TEST_P(DisplayTest, OnlyWhatChangedIsSent) {
     for (const POINT at : {POINT{0, 0}, POINT{0, 0}, POINT{56, 40}}) {
-        Begin(static_cast<std::uint32_t>(at.x), static_cast<std::uint32_t>(at.y));
+        Begin(at);
         EXPECT_EQ(Show(), S_OK);
     }
     EXPECT_EQ(Headless().Presents(), 2) << "nothing for a frame that is the same";
@@ -218,36 +193,31 @@ TEST_P(DisplayTest, OnlyWhatChangedIsSent) {
     EXPECT_EQ(Seen({{48, 40}}), Colours{IsWindowed() ? kRed : kBlack}) << "at its new place";
 }
 
-TEST_P(DisplayTest, ALostPictureIsSentAgainInFull) {
-    Begin(0);
+TEST_P(DisplayTest, WhatCouldNotBeSentIsSentWithTheNextFrameAndAfterALossInFull) {
+    Begin({0, 0});
     EXPECT_EQ(Show(), S_OK);
-    Headless().FailPresents({DDERR_SURFACELOST});
-    Begin(8);
-    EXPECT_EQ(Show(), DDERR_SURFACELOST);
-    EXPECT_EQ(Copy(0, 0), DDERR_SURFACELOST) << "until it is restored";
-    EXPECT_EQ(Show(), DDERR_SURFACELOST);
-    EXPECT_EQ(directDraw->RestoreAllSurfaces(), S_OK);
-    const std::uint64_t before = Headless().PresentedPixels();
-    Begin(8);
-    EXPECT_EQ(Show(), S_OK);
-    EXPECT_EQ(Headless().PresentedPixels() - before, std::uint64_t{kWidth * kHeight});
-    EXPECT_EQ(Seen({{8, 0}}), Colours{kRed});
-}
-
-TEST_P(DisplayTest, WhatCouldNotBeSentIsSentWithTheNextFrame) {
-    Begin(0);
-    EXPECT_EQ(Show(), S_OK);
-    Begin(8);
+    Begin({8, 0});
     Headless().FailPresents({DDERR_WASSTILLDRAWING, DDERR_WASSTILLDRAWING});
     for (const HRESULT result : {DDERR_WASSTILLDRAWING, DDERR_WASSTILLDRAWING, S_OK})
         EXPECT_EQ(Show(), result);
     EXPECT_EQ(Seen({{0, 0}, {8, 0}}), (Colours{kBlack, kRed}));
+    Begin({0, 0});
+    Headless().FailPresents({DDERR_SURFACELOST});
+    EXPECT_EQ(Show(), DDERR_SURFACELOST);
+    EXPECT_EQ(Copy({0, 0}), DDERR_SURFACELOST) << "until it is restored";
+    EXPECT_EQ(Show(), DDERR_SURFACELOST);
+    EXPECT_EQ(directDraw->RestoreAllSurfaces(), S_OK);
+    const std::uint64_t before = Headless().PresentedPixels();
+    Begin({0, 0});
+    EXPECT_EQ(Show(), S_OK);
+    EXPECT_EQ(Headless().PresentedPixels() - before, std::uint64_t{kWidth * kHeight});
+    EXPECT_EQ(Seen({{0, 0}}), Colours{kRed});
 }
 
 /// Pixels in memory, row by row.
 class Grid final : public DeviceContext {
   public:
-    Grid(SIZE size, std::vector<std::uint32_t> cells) : pixels(std::move(cells)), size_(size) {}
+    Grid(SIZE size, Colours cells) : pixels(std::move(cells)), size_(size) {}
     SIZE Size() const override { return size_; }
     void ReadRow(int y, std::span<std::uint32_t> row) const override {
         std::copy_n(pixels.begin() + y * size_.cx, row.size(), row.begin());
@@ -256,27 +226,23 @@ class Grid final : public DeviceContext {
         std::ranges::copy(row, pixels.begin() + y * size_.cx);
     }
 
-    std::vector<std::uint32_t> pixels;
+    Colours pixels;
 
   private:
     SIZE size_;
 };
 
-TEST(GdiTest, APartIsStretchedByNearestPixels) {
+TEST(GdiTest, PixelsAreStretchedByTheNearestReadAndWritten) {
     Grid source({3, 3}, {0, 1, 2, 3, 4, 5, 6, 7, 8});
     Grid target({5, 3}, Colours(15, 9));
     EXPECT_TRUE(StretchBlt(&target, {1, 0, 5, 3}, &source, {1, 1, 3, 3}));
     EXPECT_EQ(target.pixels, (Colours{9, 4, 4, 5, 5, 9, 4, 4, 5, 5, 9, 7, 7, 8, 8}));
     EXPECT_FALSE(StretchBlt(&target, {1, 0, 6, 3}, &source, {1, 1, 3, 3}));
     EXPECT_FALSE(StretchBlt(&target, {1, 0, 5, 3}, &source, {1, 1, 3, 4}));
-}
-
-TEST(GdiTest, SinglePixelsAreReadAndWrittenAsColours) {
-    Grid pixel({1, 1}, {0x112233});
-    EXPECT_EQ(GetPixel(&pixel, 0, 0), RGB(0x11, 0x22, 0x33));
-    EXPECT_EQ(GetPixel(&pixel, 1, 0), CLR_INVALID);
-    SetPixel(&pixel, 0, 0, RGB(4, 5, 6));
-    EXPECT_EQ(pixel.pixels, Colours{0x040506});
+    SetPixel(&source, 1, 0, RGB(4, 5, 6));
+    EXPECT_EQ(source.pixels[1], 0x040506U);
+    EXPECT_EQ(GetPixel(&source, 1, 0), RGB(4, 5, 6));
+    EXPECT_EQ(GetPixel(&source, 3, 0), CLR_INVALID);
 }
 
 TEST(GdiTest, PathsHaveALimit) {
@@ -290,24 +256,23 @@ TEST(GdiTest, PathsHaveALimit) {
     }
 }
 
-TEST_F(DirectDrawTest, SurfacesOutliveTheirDisplayObject) {
-    ASSERT_EQ(directDraw->SetCooperativeLevel(window, DDSCL_NORMAL), S_OK);
-    const UniqueSurface kept = Make(kSized, DDSCAPS_OFFSCREENPLAIN, 4, 4);
+TEST_P(DisplayTest, SurfacesOutliveTheirDisplayObject) {
     directDraw.reset();
-    EXPECT_EQ(kept->Restore(), S_OK);
+    EXPECT_EQ(picture->Restore(), S_OK);
     DDSURFACEDESC2 description;
-    EXPECT_EQ(kept->GetSurfaceDesc(description), S_OK);
-    EXPECT_EQ(description.width, 4u);
+    EXPECT_EQ(picture->GetSurfaceDesc(description), S_OK);
+    EXPECT_EQ(description.width, 8u);
     description.size = 1;
-    EXPECT_EQ(kept->GetSurfaceDesc(description), E_INVALIDARG);
+    EXPECT_EQ(picture->GetSurfaceDesc(description), E_INVALIDARG);
 }
 
-TEST_F(DirectDrawTest, FullScreenNeedsTheExclusiveLevelAndAKnownDepth) {
+TEST_P(DisplayTest, FullScreenNeedsTheExclusiveLevelAndAKnownDepth) {
     const auto enters = [this](std::uint32_t width, std::uint32_t height, std::uint32_t depth) {
         const bool entered = !Failed(directDraw->SetDisplayMode(width, height, depth, 75, 0));
         EXPECT_EQ(Headless().IsFullScreen(), entered);
         return entered;
     };
+    ASSERT_EQ(directDraw->SetCooperativeLevel(window, DDSCL_NORMAL), S_OK);
     EXPECT_FALSE(enters(640, 480, 16)) << "not exclusive";
     ASSERT_EQ(directDraw->SetCooperativeLevel(window, DDSCL_EXCLUSIVE | DDSCL_FULLSCREEN), S_OK);
     for (const std::uint32_t depth : {0u, 1u, 15u, 24u, 64u, 0xFFFFFFFFu})
