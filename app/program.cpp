@@ -77,8 +77,10 @@ int EndWithoutMemory() {
 }
 
 /// Xlib ends the process when the display dies, in whatever call that shows. The display's objects
-/// must go while the desktop that they belong to is still there.
+/// must go while the desktop that they belong to is still there. From here on the process ends by
+/// itself, and the settings and levels save themselves.
 void EndWithoutWindow() {
+    SetEmergencySave({});
     SaveScoresAndKeys();
     currentDisplay.reset();
 }
@@ -104,11 +106,13 @@ HRESULT RenderFrame(HWND window) {
 bool StartUp() {
     SetEmergencySave(SaveAll);
     if (Failed(CreateMainWindow(mainWindow))) {
+        SetEmergencySave({});
         TellOnTerminal(
             "There is no display for a window. Start the game from a desktop, or name one by "
             "DISPLAY or WAYLAND_DISPLAY.");
         return false;
     }
+    std::atexit(EndWithoutWindow);  // after the desktop was made, so that it ends before that
     if (Failed(InitDisplay(mainWindow))) {
         ShowError("DirectDraw init failed. Korvane will now exit. ");
         return false;
@@ -117,7 +121,6 @@ bool StartUp() {
     showFps = false;
     ChooseGameClock();
     SetStage();
-    std::atexit(EndWithoutWindow);
     nextFigureCheat = false;
     theMusic.SetScreenQuiet(MusicScreen::Menu);
     // Whoever ends the program in the first dialog does not see its window come up.

@@ -135,7 +135,8 @@ class Host {
     /// What saves the program's data in an emergency: the program was asked to end (Terminate), and
     /// its thread has been waiting for the display since. Another thread calls `save`, at most
     /// once, and then ends the process. `save` may read whatever the program's thread owns, since
-    /// that stays in its wait, and must not use the display.
+    /// that stays in its wait, and must not use the display. An empty one takes it back, before
+    /// what it saves ends.
     virtual void SetEmergencySave(std::function<void()> save) = 0;
 
     /// Opens the sound device, which from then on asks `source` for frames until CloseSound

@@ -93,7 +93,8 @@ SdlHost::SdlHost() : files_(OpenDiskFiles("")), keys_(LayoutSymbols{}) {
 
 SdlHost::~SdlHost() {
     sound_.Close();
-    signals_.reset();  // its thread uses SDL
+    if (holdsData_.owns_lock()) holdsData_.unlock();  // the thread may be waiting for it
+    signals_.reset();                                 // its thread uses SDL
     // CloseWindow has closed the window. One that is still here belongs to a display that has died:
     // any call for it would wait for ever.
     std::ignore = window_.release();
@@ -131,8 +132,8 @@ bool SdlHost::StartVideo() {
     // before any other thread.
     if (SDL_InitSubSystem(SDL_INIT_EVENTS) != 0) return false;
     if (!signals_) {
-        signals_.emplace(
-            SignalWatch::Actions{.ask = PushTerminate, .save = [this] { SaveInEmergency(); }});
+        signals_.emplace(SignalWatch::Actions{.ask = PushTerminate,
+                                              .save = [this] { return SaveInEmergency(); }});
     }
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return false;
     if (DriverShowsNothing()) {
@@ -146,16 +147,19 @@ bool SdlHost::StartVideo() {
 }
 
 void SdlHost::SetEmergencySave(std::function<void()> save) {
+    const std::lock_guard lock(saveMutex_);
     emergencySave_ = std::move(save);
-    if (!holdsData_.owns_lock()) holdsData_.lock();
+    if (emergencySave_ && !holdsData_.owns_lock()) holdsData_.lock();
 }
 
 /// A thread that hangs somewhere else does not let go of the data. What it was doing to them then
 /// counts less than losing them.
-void SdlHost::SaveInEmergency() {
+bool SdlHost::SaveInEmergency() {
     constexpr std::chrono::seconds kPatience{1};
     std::ignore = data_.try_lock_for(kPatience);  // kept until the process ends
+    const std::lock_guard lock(saveMutex_);
     if (emergencySave_) emergencySave_();
+    return static_cast<bool>(emergencySave_);
 }
 
 bool SdlHost::OpenWindow(const std::string& title, SIZE clientSize) {

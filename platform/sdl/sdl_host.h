@@ -99,7 +99,8 @@ class SdlHost final : public Host {
     };
 
     bool StartVideo();
-    void SaveInEmergency();
+    /// False when there is nothing to save any more.
+    bool SaveInEmergency();
     int DisplayIndex() const;
     SDL_DisplayMode DesktopMode() const;
     /// The window's inside, in screen pixels.
@@ -148,6 +149,7 @@ class SdlHost final : public Host {
     /// save.
     std::timed_mutex data_;
     std::unique_lock<std::timed_mutex> holdsData_{data_, std::defer_lock};
+    std::mutex saveMutex_;  ///< guards emergencySave_, also while that runs
     std::function<void()> emergencySave_;
     std::optional<SignalWatch> signals_;
 };

@@ -61,8 +61,7 @@ void SignalWatch::Run() {
     }
     actions_.ask();
     if (EndsInTime()) return;
-    actions_.save();
-    EndBy(signal);
+    if (actions_.save()) EndBy(signal);
 }
 
 bool SignalWatch::EndsInTime() const {

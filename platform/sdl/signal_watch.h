@@ -24,7 +24,7 @@ class SignalWatch {
   public:
     struct Actions {
         std::function<void()> ask;   ///< must not wait for the display
-        std::function<void()> save;  ///< likewise
+        std::function<bool()> save;  ///< likewise; false: the program is about to end by itself
     };
 
     static constexpr std::chrono::seconds kPatience{5};

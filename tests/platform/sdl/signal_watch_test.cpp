@@ -17,13 +17,13 @@ using namespace std::chrono_literals;
 constexpr int kEndedByItself = 7;
 
 /// A process with a watch: it tells "r" when it is ready, "a" when it is asked to end and "s" when
-/// it saves.
+/// it is to save.
 class WatchedProcess {
   public:
-    WatchedProcess(std::chrono::milliseconds patience, bool endsWhenAsked) {
+    WatchedProcess(std::chrono::milliseconds patience, char endsAfter) {
         if (pipe(ends_.data()) != 0) return;
         process_ = fork();
-        if (process_ == 0) Run(patience, endsWhenAsked);
+        if (process_ == 0) Run(patience, endsAfter);
         close(ends_[1]);
     }
     ~WatchedProcess() { close(ends_[0]); }
@@ -44,18 +44,18 @@ class WatchedProcess {
     }
 
   private:
-    [[noreturn]] void Run(std::chrono::milliseconds patience, bool endsWhenAsked) const {
-        std::binary_semaphore asked(0);
+    [[noreturn]] void Run(std::chrono::milliseconds patience, char endsAfter) const {
+        std::binary_semaphore ends(0);
+        const auto tell = [&](char sign) {
+            Tell(sign);
+            if (sign == endsAfter) ends.release();
+            return sign != endsAfter;
+        };
         {
-            const SignalWatch watch({.ask =
-                                         [&] {
-                                             Tell('a');
-                                             if (endsWhenAsked) asked.release();
-                                         },
-                                     .save = [&] { Tell('s'); }},
+            const SignalWatch watch({.ask = [&] { tell('a'); }, .save = [&] { return tell('s'); }},
                                     patience);
             Tell('r');
-            asked.acquire();
+            ends.acquire();
         }
         _exit(kEndedByItself);
     }
@@ -71,18 +71,19 @@ TEST(SignalWatchTest, AProgramThatDoesNotEndWhenAskedIsSavedAndEnded) {
     struct Case {
         const char* what;
         std::chrono::milliseconds patience;
-        bool endsWhenAsked;
+        char endsAfter;              ///< the sign; 0: never
         std::array<int, 2> signals;  ///< 0: none
         const char* told;
         int end;
     };
     for (const Case& c :
-         {Case{"a second signal", 1h, false, {SIGTERM, SIGTERM}, "ras", SIGTERM},
-          Case{"another second signal", 1h, false, {SIGINT, SIGTERM}, "ras", SIGINT},
-          Case{"no patience left", 0ms, false, {SIGHUP, 0}, "ras", SIGHUP},
-          Case{"it ends", 1h, true, {SIGTERM, 0}, "ra", 1000 + kEndedByItself}}) {
+         {Case{"a second signal", 1h, 0, {SIGTERM, SIGTERM}, "ras", SIGTERM},
+          Case{"another second signal", 1h, 0, {SIGINT, SIGTERM}, "ras", SIGINT},
+          Case{"no patience left", 0ms, 0, {SIGHUP, 0}, "ras", SIGHUP},
+          Case{"it ends", 1h, 'a', {SIGTERM, 0}, "ra", 1000 + kEndedByItself},
+          Case{"it is ending", 1h, 's', {SIGTERM, SIGHUP}, "ras", 1000 + kEndedByItself}}) {
         SCOPED_TRACE(c.what);
-        const WatchedProcess process(c.patience, c.endsWhenAsked);
+        const WatchedProcess process(c.patience, c.endsAfter);
         std::string told = process.Read();
         for (const int signal : c.signals) {
             if (signal == 0) continue;
