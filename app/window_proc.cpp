@@ -24,8 +24,8 @@
 namespace korvane {
 namespace {
 
-/// Games are paused when the window becomes inactive and when it becomes active: none resumes by
-/// itself. True when one was paused now.
+/// Games are paused when the window becomes inactive, when it becomes active and when its menu
+/// takes the keyboard: none resumes by itself. True when one was paused now.
 bool PauseGames() {
     bool paused = false;
     if (!BothPlayersExist()) return paused;
@@ -92,13 +92,13 @@ LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lPa
             if (RunCommand(LOWORD(wParam))) return 0;
             break;
         case WM_LBUTTONDOWN:
-            OnLeftButtonDown(window, lParam);
+            OnLeftButtonDown(lParam);
             return 0;
         case WM_TIMER:
             if (OnTimer(window, wParam)) return 0;
             break;
         case WM_KEYDOWN:
-            OnKeyDown(static_cast<std::uint8_t>(wParam));
+            OnKeyDown(static_cast<std::uint8_t>(wParam), (lParam & kRepeatedKey) != 0);
             return 0;
         case WM_KEYUP:
             OnKeyUp(static_cast<std::uint8_t>(wParam));
@@ -111,6 +111,9 @@ LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lPa
             return 0;
         case WM_MOVE:
             if (currentDisplay) currentDisplay->UpdateWindowRect();
+            return 0;
+        case WM_ENTERMENULOOP:
+            PauseGames();  // nobody can steer while the menu has the keyboard
             return 0;
         case WM_INITMENUPOPUP:
             SetMenuStates(reinterpret_cast<HMENU>(wParam));

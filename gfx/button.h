@@ -37,6 +37,9 @@ class Button {
 
     std::int32_t X() const { return x_; }
     std::int32_t Y() const { return y_; }
+    /// Where one frame is drawn; empty when the picture could not be loaded.
+    RECT Place() const { return RectAt({x_, y_}, FrameSize()); }
+    POINT Centre() const { return {x_ + FrameSize().cx / 2, y_ + FrameSize().cy / 2}; }
 
   private:
     SIZE FrameSize() const { return {picture_->Width() / 2, picture_->Height()}; }

@@ -147,6 +147,15 @@ HRESULT Display::ClearBackBuffer(std::uint32_t fill) {
     return backBuffer_->Blt(nullptr, nullptr, nullptr, DDBLT_COLORFILL, &effects);
 }
 
+HRESULT Display::FillBackBuffer(const RECT& area, std::uint32_t rgb) {
+    if (!backBuffer_) return E_POINTER;
+    DDSURFACEDESC2 description;
+    backBuffer_->GetSurfaceDesc(description);
+    DDBLTFX effects;
+    effects.fillColor = PackPixel(description.format, rgb);
+    return backBuffer_->Blt(&area, nullptr, nullptr, DDBLT_COLORFILL, &effects);
+}
+
 HRESULT Display::CopyToBackBuffer(std::uint32_t x, std::uint32_t y, IDirectDrawSurface7* source,
                                   const RECT& sourceArea, std::uint32_t flags) {
     if (!backBuffer_) return E_POINTER;

@@ -33,6 +33,9 @@ class Display final {
     HRESULT ShowFrame();
     /// Fills the back buffer with a pixel value of its format.
     HRESULT ClearBackBuffer(std::uint32_t fill);
+    /// Fills a part of the back buffer with a colour, 0x00RRGGBB. A part that does not fit is
+    /// refused whole.
+    HRESULT FillBackBuffer(const RECT& area, std::uint32_t rgb);
     /// Copies a rectangle of a picture into the back buffer; what does not fit is refused whole.
     HRESULT CopyToBackBuffer(std::uint32_t x, std::uint32_t y, IDirectDrawSurface7* source,
                              const RECT& sourceArea, std::uint32_t flags);

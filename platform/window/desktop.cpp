@@ -7,6 +7,10 @@ Desktop& TheDesktop() {
     return desktop;
 }
 
+void Desktop::OnMenuEntered() {
+    SendMessage(window.get(), WM_ENTERMENULOOP, 0, 0);
+}
+
 void Desktop::OnPopupOpening(std::size_t popup) {
     SendMessage(window.get(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(GetMenu(window.get())),
                 static_cast<LPARAM>(popup));

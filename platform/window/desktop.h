@@ -23,9 +23,6 @@ namespace korvane {
 inline constexpr int kWindowFrame = 4;
 inline constexpr int kWindowCaption = 19;
 
-/// Set in the lParam of a key's message that comes from the keyboard's automatic repeat.
-inline constexpr LPARAM kRepeatedKey = LPARAM{1} << 30;
-
 struct Window {
     WNDPROC procedure = nullptr;
     std::uint32_t style = 0;
@@ -54,6 +51,7 @@ class ModalWindow;
 
 /// The whole state of the window system, which has one window.
 struct Desktop final : MenuOwner {
+    void OnMenuEntered() override;
     void OnPopupOpening(std::size_t popup) override;
     void OnCommandChosen(std::uint16_t command) override;
 

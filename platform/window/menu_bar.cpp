@@ -170,6 +170,7 @@ void MenuBar::OnMove(POINT at) {
 
 void MenuBar::FocusTitle(std::size_t title) {
     if (title >= titles_.size()) return;
+    if (!IsActive()) owner_.OnMenuEntered();
     lit_ = title;
     barChanged_ = true;
 }
@@ -177,6 +178,7 @@ void MenuBar::FocusTitle(std::size_t title) {
 void MenuBar::Open(std::size_t popup, Highlight highlight) {
     const Menu* menu = menu_;
     const bool pressed = pressed_;
+    if (!IsActive()) owner_.OnMenuEntered();
     owner_.OnPopupOpening(popup);
     if (menu_ != menu || popup >= titles_.size()) return;  // the owner has replaced the menu
     ClosePopup();

@@ -14,6 +14,8 @@ namespace korvane {
 /// Whom a menu bar tells what the user does with it.
 class MenuOwner {
   public:
+    /// The bar is about to leave its rest and to take the keyboard.
+    virtual void OnMenuEntered() = 0;
     /// A popup is about to open: the moment to check and grey its items, or to replace the menu.
     virtual void OnPopupOpening(std::size_t popup) = 0;
     virtual void OnCommandChosen(std::uint16_t command) = 0;

@@ -80,6 +80,14 @@ void WaitMessage() {
     if (!FindMessage(waiting, PM_NOREMOVE)) TheHost().WaitForEvent(TimeToNextTimer());
 }
 
+bool GetKeyState(std::uint8_t key) {
+    const std::uint8_t modifier = key == VK_SHIFT     ? kModShift
+                                  : key == VK_CONTROL ? kModControl
+                                  : key == VK_MENU    ? kModAlt
+                                                      : 0;
+    return (TheDesktop().modifiers & modifier) != 0;
+}
+
 LRESULT DispatchMessage(const MSG& message) {
     return SendMessage(message.window, message.message, message.wParam, message.lParam);
 }

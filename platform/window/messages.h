@@ -29,6 +29,7 @@ enum WindowMessage : std::uint32_t {
     WM_TIMER = 0x0113,
     WM_INITMENUPOPUP = 0x0117,  ///< the menu in wParam, the popup's index in lParam
     WM_LBUTTONDOWN = 0x0201,
+    WM_ENTERMENULOOP = 0x0211,  ///< the window menu takes the keyboard
 };
 
 inline constexpr WPARAM SIZE_RESTORED = 0;
@@ -63,6 +64,9 @@ constexpr std::uint16_t LOWORD(std::uintptr_t value) {
 constexpr std::uint16_t HIWORD(std::uintptr_t value) {
     return static_cast<std::uint16_t>((value >> 16) & 0xFFFF);
 }
+/// Set in the lParam of a key's message that comes from the keyboard's automatic repeat.
+inline constexpr LPARAM kRepeatedKey = LPARAM{1} << 30;
+
 /// Two 16-bit halves in one parameter.
 constexpr std::uintptr_t MakeParam(int low, int high) {
     return static_cast<std::uintptr_t>(static_cast<std::uint16_t>(low)) |
@@ -80,6 +84,9 @@ bool GetMessage(MSG& message);
 /// Blocks until a message or something new from outside waits.
 void WaitMessage();
 LRESULT DispatchMessage(const MSG& message);
+/// Whether VK_SHIFT, VK_CONTROL or VK_MENU was held when the last message taken came about. False
+/// for any other key.
+bool GetKeyState(std::uint8_t key);
 LRESULT SendMessage(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lParam);
 void PostMessage(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lParam);
 void PostQuitMessage(int exitCode);
