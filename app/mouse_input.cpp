@@ -5,6 +5,7 @@
 #include "game/frame/game_frame.h"
 #include "screens/game_start.h"
 #include "screens/high_score_screen.h"
+#include "screens/keyboard_focus.h"
 #include "screens/menu_press.h"
 
 namespace korvane {
@@ -52,17 +53,21 @@ POINT FramePoint(LPARAM position) {
 
 }  // namespace
 
-void OnLeftButtonDown(HWND window, LPARAM position) {
-    if (!menuShowing && !highScoresShowing) return;
-    const POINT at = FramePoint(position);
+void PressAt(POINT at) {
     pendingClick = menuShowing ? std::int32_t{theMenuScreen->Click(at.x, at.y)}
                                : theHighScoreScreen->ClickHighScore(at.x, at.y);
     const PressEffect press = EffectOf(pendingClick);
     if (press.effect == Effect::Delayed) {
-        SetTimer(window, kClickTimer, kPressedLookMs);
+        SetTimer(mainWindow, kClickTimer, kPressedLookMs);
     } else if (press.run) {
         press.run();
     }
+}
+
+void OnLeftButtonDown(LPARAM position) {
+    if (!menuShowing && !highScoresShowing) return;
+    focusShowing = false;
+    PressAt(FramePoint(position));
 }
 
 bool OnTimer(HWND window, WPARAM id) {

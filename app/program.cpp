@@ -8,6 +8,7 @@
 
 #include "app/dialogs/advanced_dialog.h"
 #include "app/display_switch.h"
+#include "app/keyboard_input.h"
 #include "app/main_window.h"
 #include "app/screen_adapter.h"
 #include "app/state/process_state.h"
@@ -85,6 +86,11 @@ void EndWithoutWindow() {
     currentDisplay.reset();
 }
 
+bool IsFreshPress(const MSG& message, std::uint8_t key) {
+    return message.message == WM_KEYDOWN && message.wParam == key &&
+           (message.lParam & kRepeatedKey) == 0;
+}
+
 }  // namespace
 
 HRESULT RenderFrame(HWND window) {
@@ -138,6 +144,7 @@ std::optional<int> RunLoopPass() {
     MSG message;
     if (PeekMessage(message, PM_NOREMOVE)) {
         if (!GetMessage(message)) return static_cast<int>(message.wParam);
+        if (IsFreshPress(message, VK_ESCAPE)) OnEscape();
         if (!TranslateAccelerator(mainWindow, kAccelerators, message)) DispatchMessage(message);
     } else if (!appActive) {
         WaitMessage();

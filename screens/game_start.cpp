@@ -5,6 +5,7 @@
 #include "audio/music_player.h"
 #include "game/frame/game_frame.h"
 #include "screens/high_score_screen.h"
+#include "screens/keyboard_focus.h"
 #include "screens/menu_screen.h"
 
 namespace korvane {
@@ -19,6 +20,7 @@ void Start(Player& player) {
 void StartPlayers(Starters starters) {
     highScoresShowing = false;
     menuShowing = false;
+    focusShowing = false;  // the keys that move it are the players' now
     if (starters != Starters::Left) Start(*rightPlayer);
     if (starters != Starters::Right) Start(*leftPlayer);
 }

@@ -54,7 +54,8 @@ HighScoreScreen::HighScoreScreen()
     : title_(kTitleFile),
       cursorPicture_(kCursorFile),
       menuButton_(MakeButton(HighScoreButton::Menu)),
-      playButton_(MakeButton(HighScoreButton::Play)) {}
+      playButton_(MakeButton(HighScoreButton::Play)),
+      focus_({&menuButton_, &playButton_}, /*first=*/1) {}
 
 int HighScoreScreen::Submit(Side side, std::int32_t score, std::int32_t lines, std::int32_t level) {
     editRow_ = table_.FindRank(score);
@@ -132,6 +133,7 @@ void HighScoreScreen::Draw() {
         button->SetEnabled(!congratulatedSide_);
         button->Draw();
     }
+    focus_.Draw();
 }
 
 void HighScoreScreen::DrawRow(std::size_t row) const {

@@ -9,6 +9,7 @@
 #include "gfx/button.h"
 #include "gfx/surface.h"
 #include "screens/high_score_table.h"
+#include "screens/keyboard_focus.h"
 
 namespace korvane {
 
@@ -42,6 +43,9 @@ class HighScoreScreen {
     void Draw();
     void ReloadPictures();
 
+    /// What the keyboard presses while no name is typed.
+    KeyboardFocus& Focus() { return focus_; }
+
     const HighScoreTable& Table() const { return table_; }
 
   private:
@@ -56,6 +60,7 @@ class HighScoreScreen {
     Surface cursorPicture_;
     Button menuButton_;
     Button playButton_;
+    KeyboardFocus focus_;
 
     /// The side whose result was taken in last, until its name has been typed.
     std::optional<Side> congratulatedSide_;

@@ -173,6 +173,20 @@ bool KeyConfigScreen::CaptureKey(std::uint8_t key) {
     return true;
 }
 
+bool KeyConfigScreen::DisarmSlot() {
+    KeySlot* const armed = ArmedSlot();
+    if (armed) armed->Disarm();
+    return armed != nullptr;
+}
+
+std::vector<const Button*> KeyConfigScreen::Slots() const {
+    std::vector<const Button*> slots;
+    for (std::size_t action = 0; action < kActionCount; ++action)
+        for (const Side side : {Side::Left, Side::Right})
+            slots.push_back(slots_[action * 2 + IndexOf(side)].get());
+    return slots;
+}
+
 void KeyConfigScreen::ReloadPictures() {
     slotPicture_.Load(kKeySlotFile);
     for (std::size_t i = 0; i < sheets_.size(); ++i) {

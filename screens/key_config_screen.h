@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "game/rules/key_bindings.h"
 #include "game/rules/side.h"
@@ -57,6 +58,11 @@ class KeyConfigScreen {
     /// Binds a pressed key to the armed slot; another slot that had the key takes the armed slot's
     /// old one. False, with nothing changed, when no slot is armed or the key cannot be bound.
     bool CaptureKey(std::uint8_t key);
+    bool IsSlotArmed() { return ArmedSlot() != nullptr; }
+    /// The armed slot keeps its key; false when none is armed.
+    bool DisarmSlot();
+    /// All slots, line by line as they stand.
+    std::vector<const Button*> Slots() const;
     /// The default keys; an armed slot stays armed.
     void ResetToDefaults() { keyBindings.ResetToDefaults(); }
     void ReloadPictures();

@@ -35,6 +35,33 @@ constexpr std::array kCredits = {
     CreditsLine{"KORVANE:EXAMPLE", 165, 372},
 };
 
+/// The main view's buttons in the order of Tab: column by column as they stand, Start first seen.
+constexpr std::array kTabOrder = {
+    OnePlayer,
+    TwoPlayers,
+    ConfigureKeys,
+    Music,
+    SoundEffects,
+    About,
+    Start,
+    LeftEasy,
+    LeftMedium,
+    LeftHard,
+    LeftCounterClockwise,
+    LeftClockwise,
+    LeftTime,
+    Quakes,
+    RightEasy,
+    RightMedium,
+    RightHard,
+    RightCounterClockwise,
+    RightClockwise,
+    RightTime,
+    Battle,
+    Quit,
+};
+static_assert(kTabOrder.size() == static_cast<std::size_t>(CreditsBack));
+
 /// The buttons that only a game for two needs, besides Battle.
 constexpr std::array kLeftColumn = {LeftEasy,      LeftMedium, LeftHard, LeftCounterClockwise,
                                     LeftClockwise, LeftTime};
@@ -52,7 +79,10 @@ MenuScreen::MenuScreen()
     : logo_(kLogoFile),
       leftHeading_(kLeftHeadingFile),
       rightHeading_(kRightHeadingFile),
-      buttons_(MakeButtons()) {
+      buttons_(MakeButtons()),
+      mainFocus_(MakeMainFocus()),
+      keyConfigFocus_(MakeKeyConfigFocus()),
+      creditsFocus_({&At(CreditsBack)}) {
     LoadButtonSound();
     ApplySettings();
 }
@@ -65,6 +95,29 @@ MenuScreen::Buttons MenuScreen::MakeButtons() {
                    : std::make_unique<Button>(row.picture, row.at.x, row.at.y);
     });
     return buttons;
+}
+
+KeyboardFocus MenuScreen::MakeMainFocus() const {
+    std::vector<const Button*> stops;
+    for (const MenuButton button : kTabOrder)
+        stops.push_back(&At(button));
+    const auto start = std::ranges::find(kTabOrder, Start) - kTabOrder.begin();
+    return KeyboardFocus(std::move(stops), static_cast<std::size_t>(start));
+}
+
+KeyboardFocus MenuScreen::MakeKeyConfigFocus() const {
+    std::vector<const Button*> stops = keyConfig_.Slots();
+    stops.push_back(&At(KeyConfigBack));
+    stops.push_back(&At(Reset));
+    return KeyboardFocus(std::move(stops));
+}
+
+KeyboardFocus& MenuScreen::Focus() {
+    return keyConfigView_ ? keyConfigFocus_ : creditsView_ ? creditsFocus_ : mainFocus_;
+}
+
+const Button* MenuScreen::BackButton() const {
+    return keyConfigView_ ? &At(KeyConfigBack) : creditsView_ ? &At(CreditsBack) : nullptr;
 }
 
 void MenuScreen::ApplySettings() {
@@ -194,13 +247,26 @@ MenuAction MenuScreen::PressReset() {
     return kMenuKeysReset;
 }
 
-void MenuScreen::OnKeyConfigKey(std::uint8_t key) {
+bool MenuScreen::OnKeyConfigKey(std::uint8_t key) {
+    const bool waiting = keyConfig_.IsSlotArmed();
     if (keyConfig_.CaptureKey(key)) SetKeyConfigEnabled(true);
+    return waiting;
+}
+
+bool MenuScreen::DisarmSlot() {
+    if (!keyConfig_.DisarmSlot()) return false;
+    SetKeyConfigEnabled(true);
+    return true;
 }
 
 void MenuScreen::SetKeyConfigEnabled(bool enabled) {
     At(KeyConfigBack).SetEnabled(enabled);
     At(Reset).SetEnabled(enabled);
+}
+
+void MenuScreen::ToggleKeyConfigView() {
+    keyConfigView_ = !keyConfigView_;
+    keyConfigFocus_.Restart();
 }
 
 void MenuScreen::ToggleCreditsView() {
@@ -221,6 +287,7 @@ void MenuScreen::Draw() {
     } else {
         DrawMainView();
     }
+    Focus().Draw();
 }
 
 void MenuScreen::DrawKeyConfigView() const {

@@ -10,6 +10,7 @@
 #include "gfx/button.h"
 #include "gfx/surface.h"
 #include "screens/key_config_screen.h"
+#include "screens/keyboard_focus.h"
 #include "screens/menu_action.h"
 #include "screens/menu_buttons.h"
 
@@ -34,10 +35,17 @@ class MenuScreen {
     MenuAction Click(std::int32_t x, std::int32_t y);
 
     void ToggleCreditsView();
-    void ToggleKeyConfigView() { keyConfigView_ = !keyConfigView_; }
+    void ToggleKeyConfigView();
     bool IsKeyConfigView() const { return keyConfigView_; }
-    /// A key press in the key-configuration view.
-    void OnKeyConfigKey(std::uint8_t key);
+    /// A key press in the key-configuration view; true when a slot was waiting for a key.
+    bool OnKeyConfigKey(std::uint8_t key);
+    /// The slot that waits for a key keeps the one it has; false when none waits.
+    bool DisarmSlot();
+
+    /// What the keyboard presses in the view that shows.
+    KeyboardFocus& Focus();
+    /// The button that leads from the view that shows to the main view; null in the main view.
+    const Button* BackButton() const;
 
     /// 1 or 2.
     std::uint8_t PlayersFromButtons() const;
@@ -68,6 +76,8 @@ class MenuScreen {
         std::array<std::unique_ptr<Button>, static_cast<std::size_t>(MenuButton::Count)>;
 
     static Buttons MakeButtons();
+    KeyboardFocus MakeMainFocus() const;
+    KeyboardFocus MakeKeyConfigFocus() const;
     Button& At(MenuButton button) { return *buttons_[static_cast<std::size_t>(button)]; }
     const Button& At(MenuButton button) const {
         return *buttons_[static_cast<std::size_t>(button)];
@@ -96,6 +106,9 @@ class MenuScreen {
     Surface leftHeading_;
     Surface rightHeading_;
     Buttons buttons_;
+    KeyboardFocus mainFocus_;
+    KeyboardFocus keyConfigFocus_;
+    KeyboardFocus creditsFocus_;
     std::unique_ptr<SoundEffect> buttonSound_;
     bool creditsView_ = false;
     bool keyConfigView_ = false;

@@ -1,9 +1,10 @@
-#include <utility>
+#include <tuple>
 #include <vector>
 
 #include "app/state/settings.h"
 #include "platform/headless/headless_host.h"
 #include "screens/high_score_screen.h"
+#include "screens/keyboard_focus.h"
 #include "tests/support/golden.h"
 #include "tests/support/program_fixture.h"
 
@@ -22,18 +23,23 @@ class GoldenMenus : public ProgramFixture {
 };
 
 TEST_F(GoldenMenus, TheViewsOfTheMenu) {
-    const std::pair<const char*, std::vector<POINT>> kViews[] = {
-        {"menu-one-player", {}},
-        {"menu-two-players", {{200, 200}}},
-        {"credits", {{200, 360}}},
-        {"keys", {{200, 240}, {360, 200}}},  // the slot Drop waits for its key
+    // After the presses of the mouse those of keys.
+    const std::tuple<const char*, std::vector<POINT>, std::vector<std::uint8_t>> kViews[] = {
+        {"menu-one-player", {}, {VK_TAB, VK_TAB}},  // the focus on a button out of use
+        {"menu-two-players", {{200, 200}}, {}},
+        {"credits", {{200, 360}}, {VK_TAB}},
+        {"keys", {{200, 240}}, {VK_TAB, VK_RIGHT, VK_DOWN, VK_RETURN}},  // Drop waits for its key
     };
-    for (const auto& [picture, presses] : kViews) {
+    for (const auto& [picture, presses, keys] : kViews) {
         Start();
+        focusShowing = false;
         for (const POINT& press : presses) {
             Click(press.x, press.y);
             Run(kPressedLookPassed);
         }
+        for (const std::uint8_t key : keys)
+            Press(key);
+        Frame();
         EXPECT_TRUE(MatchesGolden(picture));
     }
 }
