@@ -15,7 +15,7 @@ bool focusShowing = false;
 namespace {
 
 // 0x00RRGGBB.
-constexpr std::uint32_t kLight = 0x00FFFFFF;
+constexpr std::uint32_t kLight = 0x00FFDC50;
 constexpr std::uint32_t kDark = 0x00000000;
 
 /// The step of an arrow key; 0, 0 for any other key.

@@ -27,7 +27,7 @@ class KeyboardFocus {
     void Restart() { at_ = first_; }
     /// The middle of the button that has the focus.
     POINT Centre() const { return stops_[at_]->Centre(); }
-    /// A frame round that button, of light between dark lines: it is seen on any picture. Draws
+    /// A frame round that button, amber between dark lines: it is seen on any picture. Draws
     /// nothing while the focus is hidden.
     void Draw() const;
 

@@ -90,6 +90,9 @@ def fill_screen(tour):
     tour.game.click_button("Quakes")
     tour.settings.quakes = not tour.settings.quakes
     see_menu(tour)
+
+
+def cancel_dialog_in_full_screen(tour):
     open_dialog(tour, "ctrl+shift+a")
     tour.keep_picture("full-screen")
     leave_dialog(tour, "Escape")

@@ -9,6 +9,7 @@ LEFT_KEYS = {"left": "a", "right": "d", "drop": "s", "turn": "w", "pause": "t"}
 # The pause key is the one that the key configuration has bound.
 RIGHT_KEYS = {"left": "Left", "right": "Right", "drop": "Down", "turn": "Up", "pause": "o"}
 NAME = "TOUR 7"
+BESIDE_BUTTONS = (100, 460)
 MOST_SQUARES = 30  # one figure in seven is a square
 
 
@@ -119,12 +120,37 @@ def back_to_menu(tour):
     see_menu(tour)
 
 
-def start_alone(tour):
-    with tour.hearing.music(GAME):
-        tour.game.click_button("Start")
+def see_game_alone(tour):
     tour.game.see("a figure on the right board alone",
-                  lambda view: view.score("right") == 0 and 0 < len(view.columns("right")) <= 4
+                  lambda view: view.score("right") == 0 and view.columns("right")
                   and view.overlay("left", "join1"))
+
+
+def focus(tour, name, *keys):
+    tour.game.press(*keys)
+    tour.game.see(f"focus on {name}", lambda view: view.has_focus(name))
+
+
+def choose_one_player_by_arrows(tour):
+    focus(tour, "Start", "Tab")
+    focus(tour, "OnePlayer", *6 * ["Up"])
+    tour.keep_picture("focus-on-one-player")
+    tour.game.press("Return")
+    tour.settings.players, tour.settings.battle = 1, False
+    tour.game.see("left player out of use",
+                  lambda view: view.has_button("LeftHard", enabled=False))
+    focus(tour, "Start", "Down", "shift+Tab", *6 * ["Down"])
+
+
+def start_by_keys(tour):
+    focus(tour, "Start", "Tab")
+    press_start(tour)
+
+
+def press_start(tour):
+    with tour.hearing.music(GAME):
+        tour.game.press("space")
+    see_game_alone(tour)
     tour.keep_picture("one-player")
 
 
@@ -137,24 +163,44 @@ def restart(tour):
 def lose_alone(tour):
     with tour.hearing.music(HIGH_SCORES):
         drop_until(tour, "high scores after the game",
-                   lambda view: view.has_scores(can_leave=False) and view.has_cursor(0, 0))
+                   lambda view: view.has_scores(can_leave=False) and row_typed(tour, view) >= 0)
+
+
+def row_typed(tour, view, column=0):
+    """The row with the cursor, -1 for none. Only the tour's own scores can be above a new one."""
+    return next((row for row in range(len(tour.scores) + 1) if view.has_cursor(row, column)), -1)
 
 
 def type_name(tour):
     game = tour.game
+    row = row_typed(tour, game.view())
     game.press("t", "o", "u", "r", "x", "BackSpace", "space", "7")
     game.see("typed name",
-             lambda view: view.has_name(0, NAME) and view.has_cursor(0, len(NAME)))
+             lambda view: view.has_name(row, NAME) and view.has_cursor(row, len(NAME)))
     tour.keep_picture("name-typed")
     game.press("Return")
     view = game.see("end of the typing", lambda view: view.has_scores(can_leave=True)
-                    and not view.has_cursor(0, len(NAME)))
-    tour.scores = view.numbers(0)
-    check(f"These are no numbers of a game: {tour.scores}",
-          None not in tour.scores and tour.scores[-1] >= 4)
+                    and row_typed(tour, view, len(NAME)) < 0)
+    numbers = view.numbers(row)
+    check(f"These are no numbers of a game: {numbers}",
+          None not in numbers and numbers[-1] >= 4)
+    tour.scores.insert(row, numbers)
 
 
-def leave_scores(tour):
+def play_again_by_keys(tour):
+    focus(tour, "ScoresPlay", "Tab")
+    tour.keep_picture("focus-on-play")
+    with tour.hearing.music(GAME):
+        tour.game.press("Return")
+    see_game_alone(tour)
     with tour.hearing.music(MENU):
-        tour.game.click_button("ScoresMenu")
-        see_menu(tour)
+        tour.game.press("Escape")
+    see_menu(tour)
+
+
+def leave_scores_by_keys(tour):
+    focus(tour, "ScoresMenu", "Tab", "Left")
+    with tour.hearing.music(MENU):
+        focus(tour, "Start", "Return")
+    tour.game.click(*BESIDE_BUTTONS)  # hides the focus
+    see_menu(tour)

@@ -20,7 +20,7 @@ class Tour:
         self.keys = DEFAULT_KEYS
         self.shots = 0
         self.game = self.hearing = None
-        self.scores = None  # the high scores' numbers, seen on the screen
+        self.scores = []  # the numbers of the tour's games, as seen in the high scores
         self.files = None  # as the first run left them
 
     def start_program(self):

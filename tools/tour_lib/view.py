@@ -1,9 +1,12 @@
 """What the game shows at one moment: its menu, its boards, its high scores."""
 
+import numpy
+
 from .buttons import SLOTS
 from .pictures import Skin
 
 PAPER_COLOUR = bytes.fromhex("d4d0c8")  # of dialogs and popups
+FOCUS_COLOUR, DARK = (255, 220, 80), (0, 0, 0)
 NEED_SOUND = {"Music", "SoundEffects"}
 
 # The boards' insides: ten columns of 16 pixels, twenty-two rows.
@@ -45,6 +48,15 @@ class View:
         button = self.buttons[name]
         return self.shows(button.picture if enabled else button.disabledPicture,
                           button.x, button.y, frame=int(pressed), frames=2)
+
+    def has_focus(self, name):
+        """Whether the keyboard's frame stands round a button: light between dark lines."""
+        button = self.buttons[name]
+        sides = [self.picture.part(button.x + 2, button.y - 2, button.width - 4, 4).pixels,
+                 self.picture.part(button.x - 2, button.y + 2, 4, button.height - 4)
+                 .pixels.swapaxes(0, 1)]
+        line = numpy.array([DARK, FOCUS_COLOUR, FOCUS_COLOUR, DARK])[:, None]
+        return all((side == line).all() for side in sides)
 
     def wrong_buttons(self, settings, has_sound):
         """The main menu's buttons that do not look as these settings need."""
