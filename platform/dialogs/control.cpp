@@ -45,7 +45,7 @@ void Control::SetText(std::string_view text) {
 
 TextLook Control::LabelLook() const {
     TextLook look;
-    look.embossed = !enabled_;
+    if (!enabled_) look.colour = kGreyedColour;
     look.underlined = underlined_;
     return look;
 }

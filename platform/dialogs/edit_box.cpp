@@ -161,14 +161,14 @@ void EditBox::ShowCaret() {
 }
 
 void EditBox::Paint(Canvas& canvas, const ControlState& state) const {
-    canvas.DrawBevel(Place(), kSunkenBevel);
+    canvas.Frame(Place(), state.focused ? kFocusColour : kEdgeColour);
     const RECT inside = Inside();
     if (inside.IsEmpty()) return;
     const RECT row{kMargin - scrolled_, 0, inside.Width(), inside.Height()};
     Canvas field(inside.Size(), canvas.Scale());
-    field.Fill({0, 0, inside.Width(), inside.Height()}, IsEnabled() ? kLightColour : kFaceColour);
+    field.Fill({0, 0, inside.Width(), inside.Height()}, IsEnabled() ? kFieldColour : kFaceColour);
     TextLook look;
-    look.embossed = !IsEnabled();
+    if (!IsEnabled()) look.colour = kGreyedColour;
     field.Text(row, Text(), look);
     if (state.focused && line_.HasSelection()) {
         const int left = std::max(0, row.left + XOf(line_.SelectionStart()));

@@ -37,9 +37,7 @@ void StaticText::Paint(Canvas& canvas, const ControlState& /*state*/) const {
 void GroupBox::Paint(Canvas& canvas, const ControlState& /*state*/) const {
     const RECT& place = Place();
     const RECT line{place.left, place.top + kLineHeight / 2, place.right - 1, place.bottom - 1};
-    canvas.Frame({line.left + 1, line.top + 1, line.right + 1, line.bottom + 1}, kLightColour,
-                 kLightColour);
-    canvas.Frame(line, kShadowColour, kShadowColour);
+    canvas.Frame(line, kEdgeColour);
     if (Label().empty()) return;
     const int left = place.left + kGroupTextIndent;
     const int right = left + TextWidth(Label(), canvas.Scale());

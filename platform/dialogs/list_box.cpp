@@ -193,17 +193,17 @@ void ListBox::Tick() {
 }
 
 void ListBox::Paint(Canvas& canvas, const ControlState& state) const {
-    canvas.DrawBevel(Place(), kSunkenBevel);
+    canvas.Frame(Place(), kEdgeColour);
     const RECT place = Field();
     if (place.IsEmpty()) return;
     Canvas field(place.Size(), canvas.Scale());
-    field.Fill({0, 0, place.Width(), place.Height()}, IsEnabled() ? kLightColour : kFaceColour);
+    field.Fill({0, 0, place.Width(), place.Height()}, IsEnabled() ? kFieldColour : kFaceColour);
     const int end = std::min(Count(), FirstSeen() + Rows());
     for (int entry = FirstSeen(); entry < end; ++entry)
         PaintEntry(field, entry, state.focused);
     // Without a selection the first row shows the focus.
     if (state.focused && selected_ == LB_ERR)
-        field.DottedFrame({0, 0, place.Width(), kRowHeight}, kTextColour);
+        field.DottedFrame({0, 0, place.Width(), kRowHeight}, kFocusColour);
     canvas.Paste(field, {place.left, place.top});
     if (HasBar()) bar_.Paint(canvas, IsEnabled(), grip_.Held());
 }
@@ -212,11 +212,10 @@ void ListBox::PaintEntry(Canvas& field, int entry, bool focused) const {
     const int top = (entry - FirstSeen()) * kRowHeight;
     const RECT row{0, top, field.Size().cx, top + kRowHeight};
     TextLook look;
-    look.embossed = !IsEnabled();
+    if (!IsEnabled()) look.colour = kGreyedColour;
     if (entry == selected_ && IsEnabled()) {
-        field.Fill(row, kSelectionColour);
-        look.colour = kSelectedTextColour;
-        if (focused) field.DottedFrame(row, kSelectedTextColour);
+        field.Fill(row, focused ? kSelectionColour : kIdleSelectionColour);
+        if (focused) look.colour = kSelectedTextColour;
     }
     field.Text({kRowPadding, row.top, row.right, row.bottom}, Entry(entry), look);
 }

@@ -59,17 +59,17 @@ void CheckControl::Paint(Canvas& canvas, const ControlState& state) const {
     canvas.Text(row, Label(), LabelLook());
     if (!state.focused || Label().empty()) return;
     const int right = row.left + TextWidth(Label(), canvas.Scale());
-    canvas.DottedFrame({row.left - 2, top - 1, right + 2, top + kMarkSide + 2}, kTextColour);
+    canvas.DottedFrame({row.left - 2, top - 1, right + 2, top + kMarkSide + 2}, kFocusColour);
 }
 
 void CheckBox::PaintMark(Canvas& canvas, const RECT& square) const {
-    canvas.Fill(square, IsHeld() || !IsEnabled() ? kFaceColour : kLightColour);
-    canvas.DrawBevel(square, kSunkenBevel);
+    canvas.Fill(square, IsHeld() || !IsEnabled() ? kFaceColour : kFieldColour);
+    canvas.Frame(square, kEdgeColour);
     if (!IsChecked()) return;
     // The check mark: columns of three pixels; each number is a column's distance from the third
     // row.
     constexpr std::array kTick = {2, 3, 4, 3, 2, 1, 0};
-    const Colour colour = IsEnabled() ? kTextColour : kShadowColour;
+    const Colour colour = IsEnabled() ? kSelectionColour : kGreyedColour;
     for (int i = 0; i < static_cast<int>(kTick.size()); ++i) {
         const int x = square.left + 3 + i;
         const int y = square.top + 3 + kTick[static_cast<std::size_t>(i)];
@@ -79,10 +79,9 @@ void CheckBox::PaintMark(Canvas& canvas, const RECT& square) const {
 
 void RadioButton::PaintMark(Canvas& canvas, const RECT& square) const {
     const RECT outer{square.left, square.top, square.right - 1, square.bottom - 1};
-    canvas.Disc(outer, kShadowColour, kLightColour);
-    canvas.Disc(Shrunk(outer, 1), kDarkColour, kSoftLightColour);
-    canvas.Disc(Shrunk(outer, 2), IsHeld() || !IsEnabled() ? kFaceColour : kLightColour);
-    if (IsChecked()) canvas.Disc(Shrunk(outer, 4), IsEnabled() ? kTextColour : kShadowColour);
+    canvas.Disc(outer, kEdgeColour);
+    canvas.Disc(Shrunk(outer, 1), IsHeld() || !IsEnabled() ? kFaceColour : kFieldColour);
+    if (IsChecked()) canvas.Disc(Shrunk(outer, 4), IsEnabled() ? kSelectionColour : kGreyedColour);
 }
 
 }  // namespace korvane

@@ -45,7 +45,7 @@ void ScrollBar::SetPlace(const RECT& place, int scale) {
 void ScrollBar::Paint(Canvas& canvas, const ControlState& state) const {
     track_.Paint(canvas, IsEnabled(), grip_.Held());
     const RECT thumb = track_.PlaceOf(ScrollPart::Thumb);
-    if (state.focused && thumb.Width() > 6) canvas.DottedFrame(Shrunk(thumb, 3), kTextColour);
+    if (state.focused && thumb.Width() > 6) canvas.Frame(Shrunk(thumb, 1), kFocusColour);
 }
 
 bool ScrollBar::OnKeyDown(const HostEvent& event) {

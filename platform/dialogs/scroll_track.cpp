@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "platform/window/button_face.h"
+
 namespace korvane {
 namespace {
 
 constexpr int kShortestThumb = 8;
-constexpr Colour kTroughColour = 0xEAE8E4;
 
 /// a * b / c for c > 0, rounded to the nearest.
 int Scaled(std::int64_t a, std::int64_t b, std::int64_t c) {
@@ -92,42 +93,33 @@ int ScrollTrack::PositionOf(int thumbStart) const {
 
 void ScrollTrack::PaintArrow(Canvas& canvas, ScrollPart part, bool enabled, bool held) const {
     const RECT place = PlaceOf(part);
-    canvas.Fill(place, kFaceColour);
-    if (held) {
-        canvas.Frame(place, kShadowColour, kShadowColour);
-    } else {
-        canvas.DrawBevel(place, kButtonBevel);
-    }
+    PaintButtonGround(canvas, place, held);
     constexpr int kArrow = 4;
     const bool forward = part == ScrollPart::LineForward;
-    const auto paint = [&](int shift, Colour colour) {
-        const int x = place.left + place.Width() / 2 + shift;
-        const int y = place.top + place.Height() / 2 + shift;
-        // Four lines, the first (the tip) one pixel long, each next one two pixels longer.
-        for (int i = 0; i < kArrow; ++i) {
-            const int along = forward ? kArrow / 2 - 1 - i : i - kArrow / 2;
-            if (axis_ == ScrollAxis::Horizontal) {
-                canvas.Fill({x + along, y - i, x + along + 1, y + i + 1}, colour);
-            } else {
-                canvas.Fill({x - i, y + along, x + i + 1, y + along + 1}, colour);
-            }
+    const Colour colour = enabled ? kTextColour : kGreyedColour;
+    const int x = place.left + place.Width() / 2 + (held ? 1 : 0);
+    const int y = place.top + place.Height() / 2 + (held ? 1 : 0);
+    // Four lines, the first (the tip) one pixel long, each next one two pixels longer.
+    for (int i = 0; i < kArrow; ++i) {
+        const int along = forward ? kArrow / 2 - 1 - i : i - kArrow / 2;
+        if (axis_ == ScrollAxis::Horizontal) {
+            canvas.Fill({x + along, y - i, x + along + 1, y + i + 1}, colour);
+        } else {
+            canvas.Fill({x - i, y + along, x + i + 1, y + along + 1}, colour);
         }
-    };
-    if (!enabled) paint(1, kLightColour);
-    paint(held ? 1 : 0, enabled ? kTextColour : kShadowColour);
+    }
 }
 
 void ScrollTrack::Paint(Canvas& canvas, bool enabled, ScrollPart held) const {
     const bool usable = enabled && range_.CanMove();
     canvas.Fill(place_, kTroughColour);
     for (const ScrollPart part : {ScrollPart::PageBack, ScrollPart::PageForward})
-        if (part == held) canvas.Fill(PlaceOf(part), kDarkColour);
+        if (part == held) canvas.Fill(PlaceOf(part), kHeldTroughColour);
     for (const ScrollPart part : {ScrollPart::LineBack, ScrollPart::LineForward})
         PaintArrow(canvas, part, usable, held == part);
     const RECT thumb = PlaceOf(ScrollPart::Thumb);
     if (!usable || thumb.IsEmpty()) return;
-    canvas.Fill(thumb, kFaceColour);
-    canvas.DrawBevel(thumb, kButtonBevel);
+    PaintButtonGround(canvas, thumb, /*held=*/false);
 }
 
 }  // namespace korvane

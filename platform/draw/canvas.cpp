@@ -63,11 +63,6 @@ void Canvas::Frame(const RECT& area, Colour leftTop, Colour rightBottom) {
     Fill({area.right - 1, area.top, area.right, area.bottom}, rightBottom);
 }
 
-void Canvas::DrawBevel(const RECT& area, const Bevel& bevel) {
-    Frame(area, bevel.outerLight, bevel.outerDark);
-    Frame(Shrunk(area, 1), bevel.innerLight, bevel.innerDark);
-}
-
 void Canvas::DottedFrame(const RECT& area, Colour colour) {
     for (int y = area.top; y < area.bottom; ++y) {
         const bool wholeRow = y == area.top || y == area.bottom - 1;
@@ -77,25 +72,19 @@ void Canvas::DottedFrame(const RECT& area, Colour colour) {
 }
 
 void Canvas::Text(const RECT& row, std::string_view utf8, const TextLook& look) {
-    if (!look.embossed) return TextOnce(row, {0, 0}, utf8, look.colour, look.underlined);
-    TextOnce(row, {1, 1}, utf8, kLightColour, look.underlined);
-    TextOnce(row, {0, 0}, utf8, kShadowColour, look.underlined);
-}
-
-void Canvas::TextOnce(const RECT& row, POINT offset, std::string_view utf8, Colour colour,
-                      std::size_t underlined) {
     Typeface& typeface = TypefaceOf(scale_);
     // Rounded to whole layer pixels, so that text stands alike in all rows of the same height.
     const int capitals = (typeface.CapitalHeight() + scale_ - 1) / scale_;
     const int baseline = row.top + (row.Height() + capitals) / 2;
-    const POINT pen{(row.left + offset.x) * scale_, (baseline + offset.y) * scale_};
-    typeface.Draw(pixels_, pen, utf8, colour);
-    if (underlined >= utf8.size()) return;
-    const int left = pen.x + typeface.Width(utf8.substr(0, underlined));
-    const int right = left + typeface.Width(utf8.substr(underlined, 1));
+    const POINT pen{row.left * scale_, baseline * scale_};
+    typeface.Draw(pixels_, pen, utf8, look.colour);
+    if (look.underlined >= utf8.size()) return;
+    const int left = pen.x + typeface.Width(utf8.substr(0, look.underlined));
+    const int right = left + typeface.Width(utf8.substr(look.underlined, 1));
     for (int y = pen.y + scale_; y < pen.y + 2 * scale_; ++y)
         for (int x = left; x < right - scale_; ++x)
-            if (x < pixels_.Size().cx && y < pixels_.Size().cy) pixels_.SetPixel({x, y}, colour);
+            if (x < pixels_.Size().cx && y < pixels_.Size().cy)
+                pixels_.SetPixel({x, y}, look.colour);
 }
 
 void Canvas::Picture(const RECT& area, const PictureView& picture) {

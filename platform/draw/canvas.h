@@ -6,42 +6,15 @@
 
 #include "platform/base/types.h"
 #include "platform/draw/pixel_buffer.h"
+#include "platform/draw/theme.h"
 #include "platform/host/host.h"
 
 namespace korvane {
 
-/// A colour as 0x00RRGGBB.
-using Colour = std::uint32_t;
-
-/// The classic desktop's colours.
-inline constexpr Colour kFaceColour = 0xD4D0C8;
-inline constexpr Colour kLightColour = 0xFFFFFF;
-inline constexpr Colour kSoftLightColour = 0xE3E1DB;
-inline constexpr Colour kShadowColour = 0x808080;
-inline constexpr Colour kDarkColour = 0x404040;
-inline constexpr Colour kSelectionColour = 0x0A246A;
-inline constexpr Colour kTextColour = 0x000000;
-inline constexpr Colour kSelectedTextColour = 0xFFFFFF;
-
-/// The two lines along a raised or sunken edge: of the left and top sides, of the right and bottom.
-struct Bevel {
-    Colour outerLight;
-    Colour innerLight;
-    Colour innerDark;
-    Colour outerDark;
-};
-
-inline constexpr Bevel kWindowBevel = {kSoftLightColour, kLightColour, kShadowColour, kDarkColour};
-inline constexpr Bevel kButtonBevel = {kLightColour, kSoftLightColour, kShadowColour, kDarkColour};
-
-inline constexpr Bevel kSunkenBevel = {kShadowColour, kDarkColour, kSoftLightColour, kLightColour};
-
-/// How text looks on the classic desktop, where greyed text is embossed.
 struct TextLook {
     static constexpr std::size_t kNothing = std::string_view::npos;
 
     Colour colour = kTextColour;
-    bool embossed = false;
     std::size_t underlined = kNothing;  ///< index of the byte that is the mnemonic
 };
 
@@ -65,8 +38,7 @@ class Canvas {
     void Fill(const RECT& area, Colour colour);
     /// A 1-pixel line along the inside of the area's edges.
     void Frame(const RECT& area, Colour leftTop, Colour rightBottom);
-    /// Two lines along the inside of the area's edges.
-    void DrawBevel(const RECT& area, const Bevel& bevel);
+    void Frame(const RECT& area, Colour colour) { Frame(area, colour, colour); }
     /// A 1-pixel line of alternating dots inside the area's edges.
     void DottedFrame(const RECT& area, Colour colour);
     /// One line of text from the row's left edge, its capitals in the middle of the row's height.
@@ -82,8 +54,6 @@ class Canvas {
 
   private:
     RECT InScreenPixels(const RECT& area) const;
-    void TextOnce(const RECT& row, POINT offset, std::string_view utf8, Colour colour,
-                  std::size_t underlined);
 
     SIZE size_;
     int scale_;

@@ -125,11 +125,12 @@ BoxFace LayOutBox(const BoxText& text, BoxFrame frame, SIZE limit, int scale) {
 namespace {
 
 void PaintErrorIcon(Canvas& canvas, const RECT& icon) {
-    constexpr Colour kRed = 0xD01818;
+    constexpr Colour kRed = 0xC8283C;
+    constexpr Colour kWhite = 0xFFFFFF;
     constexpr int kInset = 10;
-    canvas.Disc(icon, kDarkColour);
+    canvas.Disc(icon, kDarkEdgeColour);
     canvas.Disc(Shrunk(icon, 1), kRed);
-    canvas.Cross(Shrunk(icon, kInset), 4, kLightColour);
+    canvas.Cross(Shrunk(icon, kInset), 4, kWhite);
 }
 
 }  // namespace

@@ -2,27 +2,27 @@
 
 namespace korvane {
 
+void PaintButtonGround(Canvas& canvas, const RECT& place, bool held) {
+    canvas.Fill(place, held ? kHeldButtonColour : kButtonColour);
+    canvas.Frame(place, held ? kDarkEdgeColour : kEdgeColour, kDarkEdgeColour);
+}
+
 void PaintButton(Canvas& canvas, const RECT& place, const ButtonFace& face) {
     RECT inner = place;
     if (face.isDefault) {
-        canvas.Frame(place, kTextColour, kTextColour);
+        canvas.Frame(place, kDefaultEdgeColour);
         inner = Shrunk(place, 1);
     }
-    canvas.Fill(inner, kFaceColour);
     const int shift = face.look == ButtonLook::Down ? 1 : 0;
-    if (face.look == ButtonLook::Down) {
-        canvas.Frame(inner, kShadowColour, kShadowColour);
-    } else {
-        canvas.DrawBevel(inner, kButtonBevel);
-    }
+    PaintButtonGround(canvas, inner, /*held=*/shift != 0);
     if (face.focused) {
         const RECT dotted = Shrunk(place, 4);
         canvas.DottedFrame(
             {dotted.left + shift, dotted.top + shift, dotted.right + shift, dotted.bottom + shift},
-            kTextColour);
+            kFocusColour);
     }
     TextLook look;
-    look.embossed = !face.enabled;
+    if (!face.enabled) look.colour = kGreyedColour;
     look.underlined = face.underlined;
     const int left = place.left + (place.Width() - TextWidth(face.text, canvas.Scale())) / 2;
     canvas.Text({left + shift, place.top + shift, place.right, place.bottom + shift}, face.text,

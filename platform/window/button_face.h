@@ -15,10 +15,13 @@ struct ButtonFace {
     std::string_view text;
     std::size_t underlined = TextLook::kNothing;
     ButtonLook look = ButtonLook::Up;
-    bool isDefault = false;  ///< Return presses it: with a black line round it
+    bool isDefault = false;  ///< Return presses it: with a bright line round it
     bool focused = false;
     bool enabled = true;
 };
+
+/// The ground and the edges of anything that can be pressed.
+void PaintButtonGround(Canvas& canvas, const RECT& place, bool held);
 
 void PaintButton(Canvas& canvas, const RECT& place, const ButtonFace& face);
 

@@ -42,11 +42,11 @@ SIZE PopupSize(const MenuPopup& popup, int scale) {
     return {2 * kBorder + kCheckColumn + text + hint + kRightMargin, 2 * kBorder + height};
 }
 
-void DrawCheckMark(Canvas& canvas, const RECT& row, POINT offset, Colour colour) {
+void DrawCheckMark(Canvas& canvas, const RECT& row, Colour colour) {
     const int width = static_cast<int>(kCheckMark[0].size());
     const int height = static_cast<int>(kCheckMark.size());
-    const POINT corner{row.left + offset.x + (kCheckColumn - width) / 2,
-                       row.top + offset.y + (row.Height() - height) / 2};
+    const POINT corner{row.left + (kCheckColumn - width) / 2,
+                       row.top + (row.Height() - height) / 2};
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             if (kCheckMark[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] != '#')
@@ -58,25 +58,23 @@ void DrawCheckMark(Canvas& canvas, const RECT& row, POINT offset, Colour colour)
 
 void PaintSeparator(Canvas& canvas, const RECT& row) {
     const int y = row.top + row.Height() / 2 - 1;
-    canvas.Fill({row.left + 1, y, row.right - 1, y + 1}, kShadowColour);
-    canvas.Fill({row.left + 1, y + 1, row.right - 1, y + 2}, kLightColour);
+    canvas.Fill({row.left + 1, y, row.right - 1, y + 1}, kEdgeColour);
 }
 
-/// Greyed text is embossed, but not on the selection's dark ground, where it could not be read.
+/// An item out of use is lit in a quieter colour, on which greyed text is read.
+void PaintLight(Canvas& canvas, const RECT& row, const MenuItem& item) {
+    canvas.Fill(row, item.greyed ? kFieldColour : kSelectionColour);
+}
+
 TextLook LookOf(const MenuItem& item, bool lit) {
-    TextLook look;
-    look.underlined = item.label.underlined;
-    look.embossed = item.greyed && !lit;
-    look.colour = item.greyed ? kShadowColour : lit ? kSelectedTextColour : kTextColour;
-    return look;
+    const Colour usable = lit ? kSelectedTextColour : kTextColour;
+    return {.colour = item.greyed ? kGreyedColour : usable, .underlined = item.label.underlined};
 }
 
 void PaintItem(Canvas& canvas, const RECT& row, const MenuItem& item, bool lit) {
-    if (lit) canvas.Fill(row, kSelectionColour);
+    if (lit) PaintLight(canvas, row, item);
     TextLook look = LookOf(item, lit);
-    if (item.checked && look.embossed) DrawCheckMark(canvas, row, {1, 1}, kLightColour);
-    if (item.checked)
-        DrawCheckMark(canvas, row, {0, 0}, look.embossed ? kShadowColour : look.colour);
+    if (item.checked) DrawCheckMark(canvas, row, look.colour);
     RECT text = row;
     text.left += kCheckColumn;
     canvas.Text(text, item.label.text, look);
@@ -137,7 +135,7 @@ Canvas PaintPopup(const MenuPopup& popup, const PopupLayout& layout, std::size_t
     Canvas canvas(place.Size(), scale);
     const RECT all{0, 0, place.Width(), place.Height()};
     canvas.Fill(all, kFaceColour);
-    canvas.DrawBevel(all, kWindowBevel);
+    canvas.Frame(all, kEdgeColour);
     for (std::size_t i = 0; i < popup.items.size(); ++i) {
         const RECT& item = layout.items[i];
         const RECT row{item.left - place.left, item.top - place.top, item.right - place.left,

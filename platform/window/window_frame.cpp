@@ -1,5 +1,7 @@
 #include "platform/window/window_frame.h"
 
+#include "platform/window/button_face.h"
+
 namespace korvane {
 namespace {
 
@@ -29,22 +31,20 @@ RECT CloseBoxOf(const RECT& caption) {
 void PaintWindowFrame(Canvas& canvas, std::string_view title) {
     const SIZE size = canvas.Size();
     const RECT caption = CaptionOf(size);
-    canvas.DrawBevel({0, 0, size.cx, size.cy}, kWindowBevel);
-    canvas.Fill(caption, kSelectionColour);
+    canvas.Frame({0, 0, size.cx, size.cy}, kEdgeColour);
+    canvas.Fill(caption, kCaptionColour);
     RECT row = caption;
     row.left += kCaptionPadding;
     TextLook look;
-    look.colour = kSelectedTextColour;
+    look.colour = kCaptionTextColour;
     canvas.Text(row, title, look);
 }
 
 void PaintCloseBox(Canvas& canvas, const RECT& place, CloseBoxLook look) {
-    canvas.Fill(place, kFaceColour);
     const int shift = look == CloseBoxLook::Down ? 1 : 0;
-    canvas.DrawBevel(place, shift != 0 ? kSunkenBevel : kButtonBevel);
+    PaintButtonGround(canvas, place, /*held=*/shift != 0);
     const POINT cross{place.left + 4 + shift, place.top + 3 + shift};
-    if (look == CloseBoxLook::Greyed) PaintCross(canvas, {cross.x + 1, cross.y + 1}, kLightColour);
-    PaintCross(canvas, cross, look == CloseBoxLook::Greyed ? kShadowColour : kTextColour);
+    PaintCross(canvas, cross, look == CloseBoxLook::Greyed ? kGreyedColour : kTextColour);
 }
 
 }  // namespace korvane

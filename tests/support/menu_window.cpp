@@ -93,8 +93,8 @@ POINT MenuWindowTest::ItemCentre(std::size_t popup, std::size_t item) {
 std::size_t MenuWindowTest::ShownPopup() {
     for (std::size_t popup = 0; popup < kPopups.size(); ++popup) {
         const RECT place = LayoutOf(popup).place;
-        // The dark corner of the border, which nothing else draws there.
-        if (Headless().PixelAt(place.right - 1, place.bottom - 1) == kDarkColour) return popup;
+        // The corner of the border, which nothing else draws there.
+        if (Headless().PixelAt(place.right - 1, place.bottom - 1) == kEdgeColour) return popup;
     }
     return kNoEntry;
 }

@@ -5,7 +5,7 @@ import numpy
 from .buttons import SLOTS
 from .pictures import Skin
 
-PAPER_COLOUR = bytes.fromhex("d4d0c8")  # of dialogs and popups
+PAPER_COLOUR = bytes.fromhex("262d42")  # of dialogs and popups
 FOCUS_COLOUR, DARK = (255, 220, 80), (0, 0, 0)
 NEED_SOUND = {"Music", "SoundEffects"}
 

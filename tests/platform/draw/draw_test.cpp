@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "platform/draw/canvas.h"
@@ -9,6 +13,36 @@
 
 namespace korvane {
 namespace {
+
+/// How bright a colour is for the eye, 0 to 1: the relative luminance of sRGB.
+double Luminance(Colour colour) {
+    double sum = 0;
+    for (const auto& [shift, weight] : {std::pair{16, 0.2126}, {8, 0.7152}, {0, 0.0722}}) {
+        const double channel = (colour >> shift & 0xFF) / 255.0;
+        sum += weight *
+               (channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4));
+    }
+    return sum;
+}
+
+TEST(ThemeTest, WhatIsReadStandsOutFromItsGround) {
+    for (const auto& [sign, ground, least] : {std::tuple{kTextColour, kFaceColour, 7.0},
+                                              {kTextColour, kFieldColour, 7.0},
+                                              {kTextColour, kButtonColour, 4.5},
+                                              {kTextColour, kHeldButtonColour, 4.5},
+                                              {kTextColour, kIdleSelectionColour, 4.5},
+                                              {kSelectedTextColour, kSelectionColour, 7.0},
+                                              {kCaptionTextColour, kCaptionColour, 4.5},
+                                              {kGreyedColour, kFaceColour, 4.5},
+                                              {kGreyedColour, kFieldColour, 4.5},
+                                              {kGreyedColour, kButtonColour, 3.0},
+                                              {kFocusColour, kFaceColour, 4.5},
+                                              {kFocusColour, kButtonColour, 4.5},
+                                              {kDefaultEdgeColour, kFaceColour, 4.5}}) {
+        const auto [darker, lighter] = std::minmax({Luminance(sign), Luminance(ground)});
+        EXPECT_GE((lighter + 0.05) / (darker + 0.05), least) << std::hex << sign << " " << ground;
+    }
+}
 
 TEST(PixelFormatTest, EveryDepthStoresTheNearestColourItHas) {
     struct Case {
