@@ -44,6 +44,24 @@ bool WritePictures(const std::filesystem::path& folder) {
             good = Write(folder / name, MakeBmp(recipe)) && good;
         }
     }
+    const BmpRecipe kRarer[] = {
+        {.width = 5, .bits = 16, .compression = 3, .masks = {0xF800, 0x07E0, 0x001F}},
+        {.width = 5, .bits = 8, .infoSize = 12, .palette = {0x123456, 0x654321}},
+        {.width = 6,
+         .height = 3,
+         .bits = 8,
+         .compression = 1,
+         .palette = {0, 1, 2},
+         .code = {"\2\1\0\2\1\1\0\3\1\2\1\0\0\0\3\2\0\1", 18}},
+        {.width = 6,
+         .height = 2,
+         .bits = 4,
+         .compression = 2,
+         .palette = {0, 1, 2},
+         .code = {"\6\x12\0\0\0\3\x12\x10\0\1", 10}},
+    };
+    for (std::size_t i = 0; i < std::size(kRarer); ++i)
+        good = Write(folder / ("rarer-" + std::to_string(i)), MakeBmp(kRarer[i])) && good;
     return good;
 }
 

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "platform/base/types.h"
+#include "platform/draw/bmp_header.h"
+#include "platform/draw/bmp_runs.h"
 
 namespace korvane {
 
@@ -17,26 +19,9 @@ struct DecodedBitmap {
     std::vector<std::uint32_t> pixels;
 };
 
-/// Largest side of a picture, in pixels, and largest file, in bytes.
-inline constexpr std::int32_t kMaxBitmapSide = 4096;
-inline constexpr std::size_t kMaxBitmapBytes = 16 * 1024 * 1024;
-/// Largest picture in memory, in bytes: a small file of few bits per pixel may become much larger.
-inline constexpr std::int64_t kMaxDecodedBytes = 32 * 1024 * 1024;
-
-/// Where a file keeps its palette and its rows, checked against its length.
-struct BmpLayout {
-    SIZE size;
-    bool topDown = false;
-    unsigned bits = 0;
-    std::size_t paletteOffset = 0;
-    std::size_t paletteCount = 0;
-    std::size_t pixelOffset = 0;
-    std::size_t rowBytes = 0;  ///< in the file, padded to four bytes
-};
-
-/// A BMP file whose rows are decoded when they are asked for: an information header of 40 bytes or
-/// a later version's, uncompressed, 1, 4, 8 (palette), 24 or 32 bits per pixel, rows from the
-/// bottom up or from the top down.
+/// A BMP file whose rows are decoded when they are asked for: any header, 1, 4 or 8 bits per pixel
+/// (palette), 16 or 32 (any channel masks) or 24, rows from the bottom up or from the top down, or
+/// run-length coded.
 class BmpFile {
   public:
     /// No value for anything else, and for a file that is shorter than its header says.
@@ -47,10 +32,14 @@ class BmpFile {
     void ReadRow(int y, std::span<std::uint32_t> pixels) const;
 
   private:
-    BmpFile(std::vector<std::byte> file, const BmpLayout& layout);
+    BmpFile(std::vector<std::byte> file, const BmpLayout& layout, std::optional<BmpRuns> runs);
+    std::span<const std::byte> Pixels() const {
+        return std::span(file_).subspan(layout_.pixelOffset);
+    }
 
     std::vector<std::byte> file_;
     BmpLayout layout_;
+    std::optional<BmpRuns> runs_;  ///< of a run-length coded file
     /// All 256 entries, so that an index beyond the file's palette is black and not a fault.
     std::array<std::uint32_t, 256> palette_{};
 };

@@ -32,13 +32,30 @@ std::vector<std::byte> MakeBmp(const BmpRecipe& recipe) {
     const auto writeLongs = [&](auto... fields) {
         (file.Write(static_cast<std::uint32_t>(fields)), ...);
     };
+    const bool old = recipe.infoSize == 12;
     file.Write("BM"sv);
-    writeLongs(/*size=*/0, /*reserved=*/0, 14 + recipe.infoSize + recipe.palette.size() * 4,
-               recipe.infoSize, recipe.width, recipe.height, /*planes=*/1 | recipe.bits << 16,
-               recipe.compression, 0, 0, 0, recipe.palette.size(), 0);
-    file.Write(std::string(recipe.infoSize - 40, '\0'));
-    for (const std::uint32_t colour : recipe.palette)
-        file.Write(colour);
+    writeLongs(
+        /*size=*/0, /*reserved=*/0,
+        14 + recipe.infoSize + recipe.masks.size() * 4 + recipe.palette.size() * (old ? 3 : 4),
+        recipe.infoSize);
+    if (old) {
+        writeLongs(recipe.width | recipe.height << 16, /*planes=*/1 | recipe.bits << 16);
+    } else {
+        writeLongs(recipe.width, recipe.height, /*planes=*/1 | recipe.bits << 16,
+                   recipe.compression, 0, 0, 0, recipe.palette.size(), 0);
+        file.Write(std::string(recipe.infoSize - 40, '\0'));
+    }
+    for (const std::uint32_t mask : recipe.masks)
+        file.Write(mask);
+    for (const std::uint32_t colour : recipe.palette) {
+        file.Write(static_cast<std::uint16_t>(colour));
+        file.Write(static_cast<std::uint8_t>(colour >> 16));
+        if (!old) file.Write(std::uint8_t{0});
+    }
+    if (!recipe.code.empty()) {
+        file.Write(recipe.code);
+        return {file.Bytes().begin(), file.Bytes().end()};
+    }
     const int rows = std::abs(recipe.height);
     for (int stored = 0; stored < rows; ++stored)
         WriteRow(file, recipe, recipe.height < 0 ? stored : rows - 1 - stored);
