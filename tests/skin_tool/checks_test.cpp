@@ -9,6 +9,7 @@
 
 #include "tests/skin_tool/skin_tool_fixture.h"
 #include "tests/support/wav_writer.h"
+#include "tools/korvane-skin/skin_text.h"
 #include "tools/korvane-skin/text_places.h"
 
 namespace korvane {
@@ -106,14 +107,16 @@ struct CheckCase {
     Severity severity;
     const char* text;
     std::size_t count = 1;
-    const char* inFile = nullptr;  ///< the file of the finding, if it is another one
+    const char* inFile = nullptr;   ///< the file of the finding, if it is another one
+    const char* without = nullptr;  ///< another file that is missing
 };
 
 const CheckCase kFaults[] = {
     {"Game/pause.bmp", kMissing, Note, "the Original's shows"},
     {"colorkey.bmp", kMissing, Note, "the Original's shows"},
     {"Audio", kMissing, Note, "the Original's music and sounds"},
-    {"Audio/module.txt", kMissing, Note, "the Original's music"},
+    {"Audio/sniffit.xm", kMissing, Note, "the Original's music", 1, "Audio/module.txt",
+     "Audio/module.txt"},
     {"Audio/Rotate.wav", kMissing, Note, "the Original's is heard"},
     {"menu/logo.bmp", "\x89PNG...", Error, "is a PNG file"},
     {"menu/logo.bmp", "\xFF\xD8...", Error, "is a JPEG file"},
@@ -123,6 +126,9 @@ const CheckCase kFaults[] = {
     {"Audio/Button.wav", "RIFF", Error, "is no sound"},
     {"Audio/Tetris.wav", MakeWav({.rate = 96000}), Error, "8000 to 48000 Hz"},
     {"menu/startbut.bmp", "", Warning, "misspelt"},
+    {"Game/PAUSE.png", "\x89PNG", Warning, "save it as Game/pause.bmp", 1, nullptr,
+     "Game/pause.bmp"},
+    {"Audio/module.txt", kMissing, Warning, "write that file", 1, "Audio/sniffit.xm"},
     {"Audio/Trible.wav", "", Warning, "misspelt"},
 
     {"Letters.bmp", Sized(415, 16), Error, "26 cells"},
@@ -152,12 +158,12 @@ const CheckCase kFaults[] = {
      "Numbers.bmp"},
     {"KeyConfig/alpha2.bmp", Filled(0x909090, {32, 3, 41, 13}), Warning,
      "1 of 6 characters are hard to read on KeyConfig/keybuttongrey.bmp (cell 2 "},
-    {"Game/blocks.bmp", Filled(0x606060), Warning, "look alike", 4 * 28},
+    {"Game/blocks.bmp", Filled(0x606060), Warning, "and 24 more pairs look alike"},
     {"Game/blocks.bmp", Tiles(0xF00030, 0x206030), Warning, "3 and 4 look alike with protanopia"},
     {"Game/blocks.bmp", Tiles(0xC01020, 0x009010), Warning, "3 and 4 look alike with deuteranopi"},
     {"Game/blocks.bmp", Tiles(0x0040F0, 0x7060F0), Warning, "3 and 4 look alike with tritanopia"},
     {"Game/blocks.bmp", Tiles(0xC0C0C0, 0x202020, true), Warning,
-     "3 and 4 differ only in their marks", 3},
+     "3 and 4 differ only in their marks"},
 
     {"Audio/module.txt", ModuleText("", "\n"), Warning, "HIGH SCORE START POSITION: in line 8 is"},
     {"Audio/module.txt", ModuleText("HIGH SCORE START POSITION:\n54\n"), Warning, "under HIGH SCO"},
@@ -184,6 +190,7 @@ TEST_F(SkinChecks, FindEachFaultAndNothingElse) {
         SCOPED_TRACE(testing::Message() << "case " << i++ << ", " << c.file);
         Restore();
         Make(c.file, c.change);
+        if (c.without) Make(c.without, kMissing);
         EXPECT_TRUE(Finds(c.severity, c.inFile ? c.inFile : c.file, c.text, c.count));
     }
 }
@@ -259,6 +266,29 @@ TEST(SkinReport, IsSortedByFileAndCounted) {
     EXPECT_EQ(out.str(),
               "warning  a/z.bmp: third?and ?[1m\nerror  b.bmp: second\nnote  b.bmp: first\n"
               "1 error, 1 warning, 1 note\n");
+    out.str("");
+    report.PrintJson(out);
+    EXPECT_EQ(out.str(),
+              R"({"errors": 1, "warnings": 1, "notes": 1, "findings": [
+  {"severity": "warning", "file": "a/z.bmp", "text": "third?and ?[1m"},
+  {"severity": "error", "file": "b.bmp", "text": "second"},
+  {"severity": "note", "file": "b.bmp", "text": "first"}
+]}
+)");
+}
+
+TEST(SkinText, SaysWhatASkinIsAndWhoseItIs) {
+    const std::string longName(kMaxSkinTextValue, 'x');
+    for (const auto& [text, title] :
+         {std::pair<std::string, std::string>{"Name: Dusk\nAuthor: Somebody\nLicence: CC0\n",
+                                              "Dusk by Somebody, CC0"},
+          {"\xEF\xBB\xBFLICENSE :  MIT \r\nname:Dusk\r\nName: Dawn", "Dusk, MIT"},
+          {"author: A\x1B[1m", "by A?[1m"},
+          {"Name: " + longName + "y", longName},
+          {"Name: " + longName.substr(1) + "\u00E9", longName.substr(1)},
+          {"no colon\n:\nOther: thing\nName:", ""}}) {
+        EXPECT_EQ(TitleOf(ReadSkinText(text)), title) << text;
+    }
 }
 
 }  // namespace

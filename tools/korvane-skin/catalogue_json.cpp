@@ -1,9 +1,8 @@
 #include <array>
-#include <initializer_list>
-#include <utility>
 
 #include "tools/korvane-skin/catalogue_table.h"
 #include "tools/korvane-skin/finding.h"
+#include "tools/korvane-skin/json.h"
 #include "tools/korvane-skin/limits.h"
 
 namespace korvane {
@@ -12,33 +11,9 @@ namespace {
 constexpr std::array kKindNames = {"tile", "single", "exact", "button", "cells", "keys"};
 static_assert(kKindNames.size() == static_cast<std::size_t>(PictureKind::Keys) + 1);
 
-std::string Quoted(std::string_view text) {
-    std::string quoted = "\"";
-    for (const char character : text) {
-        if (character == '"' || character == '\\') quoted += '\\';
-        quoted += character;
-    }
-    return quoted + '"';
-}
-
 /// The name of a picture, or null for no picture.
 std::string FileOrNull(std::string_view file) {
     return file.empty() ? "null" : Quoted(ShownName(file));
-}
-
-std::string Object(std::initializer_list<std::pair<std::string_view, std::string>> fields) {
-    std::string object;
-    for (const auto& [name, value] : fields)
-        object += Text(object.empty() ? "{" : ", ", Quoted(name), ": ", value);
-    return object + "}";
-}
-
-template <typename Rows>
-std::string List(const Rows& rows, std::string (*toJson)(const typename Rows::value_type&)) {
-    std::string list;
-    for (const auto& row : rows)
-        list += Text(list.empty() ? "[\n  " : ",\n  ", toJson(row));
-    return list + "\n]";
 }
 
 std::string PictureToJson(const PictureRow& row) {

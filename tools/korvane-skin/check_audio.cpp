@@ -8,6 +8,7 @@
 #include "platform/sound/module_header.h"
 #include "platform/sound/music_stream.h"
 #include "platform/sound/wav.h"
+#include "tools/korvane-skin/catalogue.h"
 #include "tools/korvane-skin/checks.h"
 
 namespace korvane {
@@ -52,6 +53,15 @@ bool Mentions(const std::string& line, std::string_view keyword) {
     const std::size_t start = line.find_first_not_of(" \t");
     return start != std::string::npos &&
            AsciiEqualsIgnoringCase(std::string_view(line).substr(start, keyword.size()), keyword);
+}
+
+bool IsModule(const std::string& file) {
+    constexpr std::string_view kEndings[] = {".xm", ".it", ".s3m", ".mod", ".mtm"};
+    const std::size_t dot = std::min(file.rfind('.'), file.size());
+    return AsciiEqualsIgnoringCase(std::string_view(file).substr(0, kFolder.size()), kFolder) &&
+           std::ranges::any_of(kEndings, [&](std::string_view ending) {
+               return AsciiEqualsIgnoringCase(std::string_view(file).substr(dot), ending);
+           });
 }
 
 void CheckMissing(const std::vector<std::string>& lines, const Entry& entry, Report& report) {
@@ -129,14 +139,26 @@ int CheckModule(const CheckedSkin& skin, const std::string& name, Report& report
     return stream ? stream->Orders() : 0;
 }
 
+void CheckMissingText(const CheckedSkin& skin, Report& report) {
+    const auto module = std::ranges::find_if(skin.FileNames(), IsModule);
+    if (module == skin.FileNames().end()) {
+        report.Add(Severity::Note, kModuleTextFile, "not there; the Original's music plays");
+        return;
+    }
+    std::string entries;
+    for (const Entry& entry : kEntries)
+        entries += Text(entries.empty() ? "" : ", ", entry.keyword);
+    report.Add(Severity::Warning, *module,
+               Text("does not play without ", ShownName(kModuleTextFile),
+                    "; write that file, with the module's name and three numbers, each on the line "
+                    "after its keyword: ",
+                    entries));
+}
+
 void CheckMusic(const CheckedSkin& skin, Report& report) {
     const auto bytes =
         TheHost().GameFiles().Read(SkinPath(std::string(kModuleTextFile)), kMaxModuleTextBytes);
-    if (!bytes) {
-        report.Add(Severity::Note, kModuleTextFile,
-                   "not there; the Original's music plays, whatever module lies in Audio");
-        return;
-    }
+    if (!bytes) return CheckMissingText(skin, report);
     const std::string text(reinterpret_cast<const char*>(bytes->data()), bytes->size());
     ModuleChoice choice = kNotGiven;
     ApplyModuleText(text, choice);

@@ -5,6 +5,7 @@
 #include "gfx/skin.h"
 #include "platform/base/ascii.h"
 #include "platform/host/host.h"
+#include "tools/korvane-skin/catalogue.h"
 #include "tools/korvane-skin/checks.h"
 #include "tools/korvane-skin/colour.h"
 
@@ -28,10 +29,28 @@ std::string WhatIsWrong(const std::string& file) {
     return "is a BMP file of a kind that the game does not read, or a damaged one";
 }
 
+/// The same picture in a format that the game does not read; empty when there is none.
+std::string OtherFormatOf(const CheckedSkin& skin, const PictureRow& row) {
+    const std::string stem(row.file.substr(0, row.file.rfind('.')));
+    const auto isOther = [&](const std::string& name) {
+        constexpr const char* kEndings[] = {".png", ".jpg", ".jpeg", ".gif", ".webp", ".tga"};
+        return std::ranges::any_of(kEndings, [&](const char* ending) {
+            return AsciiEqualsIgnoringCase(name, stem + ending);
+        });
+    };
+    const auto found = std::ranges::find_if(skin.FileNames(), isOther);
+    return found == skin.FileNames().end() ? std::string() : *found;
+}
+
 void CheckPicture(const CheckedSkin& skin, const PictureRow& row, Report& report) {
     const SkinPicture& picture = skin.Picture(row);
     if (picture.isOwn) return;
-    if (picture.isTooMuch) {
+    const std::string other = picture.isThere ? std::string() : OtherFormatOf(skin, row);
+    if (!other.empty()) {
+        report.Add(Severity::Warning, other,
+                   Text("is not read: the game takes BMP files alone; save it as ",
+                        ShownName(row.file), " too (the Original's shows until then)"));
+    } else if (picture.isTooMuch) {
         report.Add(
             Severity::Error, row.file,
             Text("finds no room: the pictures of a skin take at most ", PictureBudget::kMost >> 20,

@@ -1,4 +1,8 @@
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <limits>
+#include <utility>
 #include <vector>
 
 #include "tools/korvane-skin/checks.h"
@@ -40,33 +44,59 @@ Lab MeanOf(const SeenTile& tile) {
     return mean;
 }
 
-/// Why two tiles are too much alike, and what to do; empty when they are not.
-std::string CheckPair(const SeenTile& one, const SeenTile& other, Sight sight) {
-    const auto tell = [&](const char* fault, double distance, double least, const char* advice) {
-        return Text(fault, kSightNames[static_cast<std::size_t>(sight)], " (",
-                    std::floor(distance * 10) / 10, " apart, ", least, " is wanted); ", advice);
-    };
-    const double distance = Distance(one, other);
-    if (distance < kLeastTileDistance)
-        return tell("look alike ", distance, kLeastTileDistance,
-                    "make one of them lighter, or give it another mark");
-    const double colours = std::sqrt(SquaredDifference(MeanOf(one), MeanOf(other)));
-    if (sight != Sight::Greyscale && colours < kLeastColourDistance)
-        return tell("differ only in their marks ", colours, kLeastColourDistance,
-                    "give one of them another colour, or make it lighter");
-    return {};
+double MeanDistance(const SeenTile& one, const SeenTile& other) {
+    return std::sqrt(SquaredDifference(MeanOf(one), MeanOf(other)));
 }
 
-void CheckSight(const PictureRow& row, const std::vector<SeenTile>& tiles, Sight sight,
-                Report& report) {
-    for (std::size_t one = 0; one < tiles.size(); ++one) {
-        for (std::size_t other = one + 1; other < tiles.size(); ++other) {
-            const std::string fault = CheckPair(tiles[one], tiles[other], sight);
-            if (!fault.empty())
-                report.Add(Severity::Warning, row.file,
-                           Text("tiles ", one + 1, " and ", other + 1, " ", fault));
-        }
+/// All tiles for each kind of sight.
+using SeenTiles = std::array<std::vector<SeenTile>, static_cast<std::size_t>(Sight::Count)>;
+
+SeenTiles SeeTiles(const DecodedBitmap& strip, const PictureRow& row, std::uint32_t key) {
+    SeenTiles seen;
+    for (std::size_t sight = 0; sight < seen.size(); ++sight)
+        for (int tile = 0; tile < row.cells; ++tile)
+            seen[sight].push_back(SeeTile(strip, tile, row.room, key, static_cast<Sight>(sight)));
+    return seen;
+}
+
+/// Two tiles, how far they are apart, and for which sight that is least.
+struct Pair {
+    std::size_t one;
+    std::size_t other;
+    double distance;
+    Sight sight;
+};
+
+Pair Nearest(const SeenTiles& seen, std::size_t one, std::size_t other, Sight firstSight,
+             double (*distance)(const SeenTile&, const SeenTile&)) {
+    Pair nearest{one, other, std::numeric_limits<double>::max(), firstSight};
+    for (auto i = static_cast<std::size_t>(firstSight); i < seen.size(); ++i) {
+        const double apart = distance(seen[i][one], seen[i][other]);
+        if (apart < nearest.distance) nearest = {one, other, apart, static_cast<Sight>(i)};
     }
+    return nearest;
+}
+
+std::string NameOf(const Pair& pair) {
+    return Text(pair.one + 1, " and ", pair.other + 1);
+}
+
+/// One finding for all pairs with a fault.
+void Tell(const PictureRow& row, std::vector<Pair> pairs, const char* fault, double wanted,
+          const char* advice, Report& report) {
+    if (pairs.empty()) return;
+    constexpr std::size_t kShown = 4;
+    std::ranges::stable_sort(pairs, {}, &Pair::distance);
+    std::string names = NameOf(pairs[0]);
+    for (std::size_t i = 1; i < std::min(pairs.size(), kShown); ++i)
+        names += Text(", ", NameOf(pairs[i]));
+    if (pairs.size() > kShown) names += Text(" and ", pairs.size() - kShown, " more pairs");
+    const Pair& worst = pairs.front();
+    report.Add(
+        Severity::Warning, row.file,
+        Text("tiles ", names, ' ', fault, ' ', kSightNames[static_cast<std::size_t>(worst.sight)],
+             " (", std::floor(worst.distance * 10) / 10, " apart, ", wanted, " is wanted); ",
+             advice));
 }
 
 }  // namespace
@@ -78,13 +108,24 @@ void CheckTiles(const CheckedSkin& skin, Report& report) {
     if (!picture.isOwn || picture.bitmap->size.cx < wanted.cx ||
         picture.bitmap->size.cy < wanted.cy)
         return;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(Sight::Count); ++i) {
-        const auto sight = static_cast<Sight>(i);
-        std::vector<SeenTile> tiles;
-        for (int tile = 0; tile < row.cells; ++tile)
-            tiles.push_back(SeeTile(*picture.bitmap, tile, row.room, skin.Key(row.key), sight));
-        CheckSight(row, tiles, sight, report);
+    const SeenTiles seen = SeeTiles(*picture.bitmap, row, skin.Key(row.key));
+    std::vector<Pair> alike;
+    std::vector<Pair> sameColour;
+    for (std::size_t one = 0; one < seen[0].size(); ++one) {
+        for (std::size_t other = one + 1; other < seen[0].size(); ++other) {
+            const Pair whole = Nearest(seen, one, other, Sight::Greyscale, Distance);
+            const Pair mean = Nearest(seen, one, other, Sight::Protanopia, MeanDistance);
+            if (whole.distance < kLeastTileDistance) {
+                alike.push_back(whole);
+            } else if (mean.distance < kLeastColourDistance) {
+                sameColour.push_back(mean);
+            }
+        }
     }
+    Tell(row, std::move(alike), "look alike", kLeastTileDistance,
+         "make one of them lighter, or give it another mark", report);
+    Tell(row, std::move(sameColour), "differ only in their marks", kLeastColourDistance,
+         "give one of them another colour, or make it lighter", report);
 }
 
 }  // namespace korvane

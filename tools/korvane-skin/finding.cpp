@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "tools/korvane-skin/catalogue.h"
+#include "tools/korvane-skin/json.h"
 
 namespace korvane {
 namespace {
@@ -15,7 +16,12 @@ const char* NameOf(Severity severity) {
     return kNames[static_cast<std::size_t>(severity)];
 }
 
-/// Texts from files may hold control characters. They would break the line, or steer a terminal.
+std::string Counted(std::size_t count, Severity severity) {
+    return Text(count, ' ', NameOf(severity), count == 1 ? "" : "s");
+}
+
+}  // namespace
+
 std::string Printable(std::string text) {
     const auto isControl = [](char character) {
         return static_cast<unsigned char>(character) < ' ' || character == '\x7F';
@@ -23,12 +29,6 @@ std::string Printable(std::string text) {
     std::ranges::replace_if(text, isControl, '?');
     return text;
 }
-
-std::string Counted(std::size_t count, Severity severity) {
-    return Text(count, ' ', NameOf(severity), count == 1 ? "" : "s");
-}
-
-}  // namespace
 
 void Report::Add(Severity severity, std::string_view file, std::string text) {
     findings_.push_back({severity, Printable(ShownName(file)), Printable(std::move(text))});
@@ -38,12 +38,29 @@ std::size_t Report::Count(Severity severity) const {
     return static_cast<std::size_t>(std::ranges::count(findings_, severity, &Finding::severity));
 }
 
-void Report::Print(std::ostream& out) const {
+std::vector<Finding> Report::Sorted() const {
     std::vector<Finding> sorted = findings_;
     std::ranges::stable_sort(sorted, {}, [](const Finding& finding) {
         return std::tuple(finding.file, finding.severity);
     });
-    for (const Finding& finding : sorted)
+    return sorted;
+}
+
+void Report::PrintJson(std::ostream& out) const {
+    out << "{\"errors\": " << Count(Severity::Error)
+        << ", \"warnings\": " << Count(Severity::Warning)
+        << ", \"notes\": " << Count(Severity::Note) << ", \"findings\": "
+        << List(Sorted(),
+                [](const Finding& finding) {
+                    return Object({{"severity", Quoted(NameOf(finding.severity))},
+                                   {"file", Quoted(finding.file)},
+                                   {"text", Quoted(finding.text)}});
+                })
+        << "}\n";
+}
+
+void Report::Print(std::ostream& out) const {
+    for (const Finding& finding : Sorted())
         out << NameOf(finding.severity) << "  " << finding.file << ": " << finding.text << '\n';
     out << Counted(Count(Severity::Error), Severity::Error) << ", "
         << Counted(Count(Severity::Warning), Severity::Warning) << ", "

@@ -30,10 +30,19 @@ class Report {
     const std::vector<Finding>& Findings() const { return findings_; }
     /// One line for each finding, sorted by file, errors first; a last line with the counts.
     void Print(std::ostream& out) const;
+    /// {"errors": 1, "warnings": 0, "notes": 0, "findings": [{"severity": "error", "file": "a.bmp",
+    /// "text": "..."}]}, in the same order.
+    void PrintJson(std::ostream& out) const;
 
   private:
+    std::vector<Finding> Sorted() const;
+
     std::vector<Finding> findings_;
 };
+
+/// Texts from files may hold control characters, which would break a line or steer a terminal. They
+/// become question marks.
+std::string Printable(std::string text);
 
 /// The values as a stream prints them, one after the other.
 template <typename... Parts>

@@ -7,6 +7,7 @@
 #include "tools/korvane-skin/new_skin.h"
 #include "tools/korvane-skin/sheet.h"
 #include "tools/korvane-skin/skin_files.h"
+#include "tools/korvane-skin/skin_text.h"
 
 namespace korvane {
 namespace {
@@ -21,6 +22,7 @@ struct Request {
     std::string picture;
     std::string name;
     bool asJson = false;
+    bool isStrict = false;
 };
 
 int Refuse(const std::string& reason) {
@@ -32,8 +34,16 @@ int Check(const Request& request) {
     if (const std::string reason = UseSkin(request.skin, request.original); !reason.empty())
         return Refuse(reason);
     const Report report = CheckSkin();
-    report.Print(std::cout);
-    return report.Count(Severity::Error) > 0 ? kFoundErrors : 0;
+    if (request.asJson) {
+        report.PrintJson(std::cout);
+    } else {
+        const std::string title = TitleOf(LoadSkinText());
+        if (!title.empty()) std::cout << title << '\n';
+        report.Print(std::cout);
+    }
+    const bool fails = report.Count(Severity::Error) > 0 ||
+                       (request.isStrict && report.Count(Severity::Warning) > 0);
+    return fails ? kFoundErrors : 0;
 }
 
 int Sheet(const Request& request) {
@@ -73,13 +83,17 @@ void AddFolders(CLI::App& command, Request& request) {
 int Main(int count, char** words) {
     CLI::App app("The skin maker's tool of Korvane.");
     app.require_subcommand(1);
+    app.set_version_flag("--version", "korvane-skin " KORVANE_VERSION);
     Request request;
     int result = 0;
     const auto add = [&](const char* name, const char* does, int (*run)(const Request&)) {
         return AddCommand(
             app, name, does, [&request, run] { return run(request); }, result);
     };
-    AddFolders(*add("check", "Looks for what is wrong in a skin", Check), request);
+    CLI::App* check = add("check", "Looks for what is wrong in a skin", Check);
+    AddFolders(*check, request);
+    check->add_flag("--strict", request.isStrict, "Warnings fail, too");
+    check->add_flag("--json", request.asJson, "Tells it for programs");
     CLI::App* sheet = add("sheet", "Shows all screens in a skin as one picture", Sheet);
     AddFolders(*sheet, request);
     sheet->add_option("OUT.png", request.picture, "The picture to write")->required();

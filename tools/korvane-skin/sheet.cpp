@@ -8,6 +8,7 @@
 #include "tools/korvane-skin/finding.h"
 #include "tools/korvane-skin/png_file.h"
 #include "tools/korvane-skin/screens.h"
+#include "tools/korvane-skin/skin_text.h"
 #include "tools/korvane-skin/stage.h"
 
 namespace korvane {
@@ -49,7 +50,9 @@ void DrawScreen(PixelBuffer& sheet, const ScreenPicture& screen, POINT at) {
 }  // namespace
 
 bool WriteSheet(const std::string& file) {
-    const std::string title = Text("Korvane skin: ", theSettings.skinName);
+    const std::string told = TitleOf(LoadSkinText());
+    const std::string title =
+        Text("Korvane skin: ", theSettings.skinName, told.empty() ? "" : " - ", told);
     const std::vector<ScreenPicture> screens = DrawScreens();
     if (std::ranges::any_of(screens, [](const auto& screen) { return screen.pixels.empty(); }))
         return false;
