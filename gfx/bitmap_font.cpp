@@ -1,5 +1,7 @@
 #include "gfx/bitmap_font.h"
 
+#include <algorithm>
+
 namespace korvane {
 
 std::unique_ptr<BitmapFont> theFont;
@@ -38,6 +40,12 @@ void BitmapFont::DrawTextWide(std::string_view text, std::int32_t x, std::int32_
 
 void BitmapFont::DrawTextRight(std::string_view text, std::int32_t right, std::int32_t y) const {
     DrawSpaced(text, {right - kAdvance * static_cast<std::int32_t>(text.size()), y}, kAdvance);
+}
+
+void BitmapFont::DrawTextWithin(std::string_view text, std::int32_t x, std::int32_t right,
+                                std::int32_t y) const {
+    const auto before = static_cast<std::int32_t>(text.size()) - 1;  // the last cell is drawn whole
+    DrawText(text, std::min(x, right - before * kAdvance - kCell), y);
 }
 
 void BitmapFont::Reload() {

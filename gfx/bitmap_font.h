@@ -22,6 +22,10 @@ class BitmapFont {
     void DrawTextWide(std::string_view text, std::int32_t x, std::int32_t y) const;
     /// 14 pixels per character, ending at `right`.
     void DrawTextRight(std::string_view text, std::int32_t right, std::int32_t y) const;
+    /// 14 pixels per character from x, or from so far left of it that nothing stands right of
+    /// `right`.
+    void DrawTextWithin(std::string_view text, std::int32_t x, std::int32_t right,
+                        std::int32_t y) const;
     /// Loads both pictures again from the current skin.
     void Reload();
 

@@ -26,6 +26,7 @@ constexpr std::int32_t kLinesX = 272;
 constexpr std::int32_t kLevelX = 393;
 constexpr std::int32_t kScoreX = 496;
 constexpr std::int32_t kScoreHeadingX = 491;
+constexpr std::int32_t kGroundRight = 575;
 constexpr std::int32_t kNameColumn = 16;
 constexpr std::int32_t kCongratulationsY = 415;
 
@@ -142,7 +143,7 @@ void HighScoreScreen::DrawRow(std::size_t row) const {
     theFont->DrawTextWide(entry.Name(), kNameX, y);
     theFont->DrawText(std::to_string(entry.lines), kLinesX, y);
     theFont->DrawText(std::to_string(entry.level), kLevelX, y);
-    theFont->DrawText(std::to_string(entry.score), kScoreX, y);
+    theFont->DrawTextWithin(std::to_string(entry.score), kScoreX, kGroundRight, y);
 }
 
 void HighScoreScreen::DrawCongratulations() const {

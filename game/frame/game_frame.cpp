@@ -42,10 +42,9 @@ void DrawRunningGame() {
     DrawPlayer(*leftPlayer, tops.left);
 }
 
-/// The first frame in which no player runs: who enters the high-score table first. Of equal
-/// scores the left player's.
+/// The first frame after a match without battle in which no player runs: who enters the high-score
+/// table first. Of equal scores the left player's.
 void EndMatch() {
-    if (theSettings.battle) return;
     theMatch.firstEntry = Side::Right;
     if (theSettings.players == 2) {
         const bool rightFirst = rightPlayer->Score() > leftPlayer->Score();
@@ -93,7 +92,7 @@ void DrawScreen(FrameScreens& screens) {
     } else if (rightPlayer->IsRunning() || leftPlayer->IsRunning()) {
         DrawRunningGame();
     } else if (!highScoresShowing) {
-        EndMatch();
+        theSettings.battle ? DrawTie(*rightPlayer, *leftPlayer) : EndMatch();
     } else {
         ShowHighScores(screens);
     }

@@ -6,6 +6,7 @@
 #include "app/state/settings.h"
 #include "game/frame/game_art.h"
 #include "game/frame/statistics_chart.h"
+#include "game/rules/quake.h"
 #include "gfx/bitmap_font.h"
 
 namespace korvane {
@@ -34,6 +35,10 @@ void DrawKeyed(Art art, int x, int y) {
 
 int WidthOf(Art art) {
     return theGameArt.Picture(art).Width();
+}
+
+void DrawBattleAgain() {
+    DrawKeyed(Art::BattleAgain, kScreenWidth / 2 - WidthOf(Art::BattleAgain) / 2, kBattleAgainY);
 }
 
 std::string TwoDigits(int value) {
@@ -70,7 +75,7 @@ class HalfScreen {
         theFont->DrawTextWide(text, kPanelX - shift_, top_ + y);
     }
     void Value(const std::string& text, int y) const {
-        theFont->DrawText(text, boardX_ + kValueX, top_ + y);
+        theFont->DrawTextWithin(text, boardX_ + kValueX, kScreenWidth - shift_, top_ + y);
     }
     void Overlay(Art art, POINT at) const { DrawKeyed(art, boardX_ + at.x, top_ + at.y); }
     /// Over the board's middle column.
@@ -139,8 +144,7 @@ void HalfScreen::DrawGameState() const {
     if (!player_.IsJoined()) return;
     if (theSettings.battle) {
         Overlay(Art::Loser, kOverlayLoser);
-        DrawKeyed(Art::BattleAgain, kScreenWidth / 2 - WidthOf(Art::BattleAgain) / 2,
-                  kBattleAgainY);
+        DrawBattleAgain();
     } else {
         Overlay(Art::GameOver, kOverlayGameOver);
     }
@@ -191,6 +195,13 @@ void DrawFigureAt(const Figure& figure, int x, int y) {
 
 void DrawPlayer(Player& player, int boardTop) {
     HalfScreen(player, boardTop).Draw();
+}
+
+void DrawTie(Player& right, Player& left) {
+    const BoardTops atRest;
+    DrawPlayer(right, atRest.right);
+    DrawPlayer(left, atRest.left);
+    DrawBattleAgain();
 }
 
 }  // namespace korvane

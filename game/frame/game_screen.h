@@ -14,4 +14,8 @@ void DrawFigureAt(const Figure& figure, int x, int y);
 /// rest). Steps the shown score and the playing time.
 void DrawPlayer(Player& player, int boardTop);
 
+/// Draws a battle that both have won, since their games ended in one frame: both halves at rest,
+/// and the way to another battle.
+void DrawTie(Player& right, Player& left);
+
 }  // namespace korvane

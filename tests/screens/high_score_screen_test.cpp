@@ -77,5 +77,14 @@ TEST_F(HighScoreScreenTest, ButtonsAreOutOfUseWhileANameIsTyped) {
     EXPECT_EQ(theHighScoreScreen->ClickHighScore(208 + 115, 439 + 35), kHighScoreToMenu);
 }
 
+TEST_F(HighScoreScreenTest, LongScoresEndWithTheGround) {
+    for (const auto& [score, x] : {std::pair{99'999, 496}, {123'456, 489}, {1'987'654'321, 433}}) {
+        theHighScoreScreen->Submit(Side::Right, score, 0, 0);
+        Frame();
+        const std::string digits = std::to_string(score);
+        EXPECT_EQ(Text(x, 138, static_cast<int>(digits.size()), 14), digits);
+    }
+}
+
 }  // namespace
 }  // namespace korvane

@@ -103,6 +103,16 @@ TEST_F(GoldenScreens, PausedAndOver) {
     EXPECT_TRUE(Matches("paused-and-over"));
 }
 
+TEST_F(GoldenScreens, BattleWonByBoth) {
+    theSettings.battle = true;
+    for (Player* player : {&right, &left}) {
+        player->StartGame(false);
+        player->DeclareWinner();
+    }
+    DrawTie(right, left);
+    EXPECT_TRUE(Matches("tie"));
+}
+
 TEST_F(GoldenScreens, BattleWonAndLost) {
     theSettings.battle = true;
     right.StartGame(false);

@@ -61,6 +61,22 @@ TEST_F(MatchTest, InABattleTheOneWhoIsLeftWinsOnceAndTheScreenStays) {
     EXPECT_FALSE(rightPlayer->HighScoreEntered() || leftPlayer->HighScoreEntered());
 }
 
+TEST_F(MatchTest, ABattleThatEndsForBothInOneFrameIsWonByBoth) {
+    Start();
+    Command(kCmdNewGame);
+    theSettings.battle = true;
+    for (Player* player : {rightPlayer.get(), leftPlayer.get()})
+        PackBoard(*player);
+    Run(3000);
+    EXPECT_TRUE(rightPlayer->HasWon() && leftPlayer->HasWon());
+    EXPECT_FALSE(highScoresShowing);
+    for (const int half : {0, 320})
+        EXPECT_EQ(Text(234 + half, 183, 5, 16), "LEVEL") << "the boards stay, at rest";
+    Press(VK_F3);
+    Frame();
+    EXPECT_EQ(Shows(), "game right left");
+}
+
 TEST_F(MatchTest, RowsOfALockReachTheOtherBoardOnlyInABattle) {
     for (const bool battle : {false, true}) {
         SetUp();
