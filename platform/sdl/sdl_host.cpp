@@ -11,6 +11,7 @@
 #include <tuple>
 #include <utility>
 
+#include "platform/files/game_folders.h"
 #include "platform/sdl/heap.h"
 
 namespace korvane {
@@ -87,7 +88,7 @@ Host& TheHost() {
     return host;
 }
 
-SdlHost::SdlHost() : files_(OpenDiskFiles("")), keys_(LayoutSymbols{}) {
+SdlHost::SdlHost() : files_(OpenGameFiles(ReadSurroundings())), keys_(LayoutSymbols{}) {
     PrepareHeap();
 }
 

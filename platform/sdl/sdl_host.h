@@ -27,7 +27,7 @@ namespace korvane {
 inline constexpr std::uint32_t kTerminateEvent = SDL_USEREVENT;
 
 /// The desktop: one SDL window whose surface takes the picture, the system's clock, and the files
-/// of the working directory.
+/// of the user's folder with the installed ones behind them.
 ///
 /// SDL is started by OpenWindow; clock and files work before that and after CloseWindow.
 class SdlHost final : public Host {
