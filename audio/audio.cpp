@@ -26,7 +26,7 @@ bool StartAudio() {
     audioReady = BASS_Init(kDefaultDevice, kSoundRate, kInitFlags, mainWindow) > 0;
     if (!audioReady) ShowAudioError("Can't initialize digital sound system");
     BASS_Start();
-    if (!theMusic.Load()) ShowAudioError("Skins\\Original\\audio\\sniffit.xm can't be loaded!");
+    if (!theMusic.Load()) ShowLoadError("Skins\\Original\\audio\\sniffit.xm can't be loaded!");
     return audioReady;
 }
 
