@@ -71,10 +71,14 @@ bool DriverShowsNothing() {
     return (name == "offscreen" || name == "dummy") && SDL_GetHint(SDL_HINT_VIDEODRIVER) == nullptr;
 }
 
-void PushTerminate() {
+void PushEvent(std::uint32_t type) {
     SDL_Event event{};
-    event.type = kTerminateEvent;
+    event.type = type;
     SDL_PushEvent(&event);
+}
+
+void PushTerminate() {
+    PushEvent(kTerminateEvent);
 }
 
 RECT LayerRect(const SDL_Rect& area, int scale) {
@@ -90,6 +94,7 @@ Host& TheHost() {
 
 SdlHost::SdlHost() : files_(OpenGameFiles(ReadSurroundings())), keys_(LayoutSymbols{}) {
     PrepareHeap();
+    sound_.WhenFound([] { PushEvent(kSoundFoundEvent); });
 }
 
 SdlHost::~SdlHost() {
