@@ -42,7 +42,7 @@ std::vector<std::string> Words() {
     for (const std::string& folder : GameFiles().Folders())
         AddBroken(lines, folder);
     for (const char* line :
-         {"", "Install the game again, or copy its folder Skins into one of these.",
+         {"", "Install the game again, or copy its folder Skins there.",
           "Then press Ctrl+Shift+A, choose a skin and press OK.", "", "Alt+F4 ends the game."})
         lines.emplace_back(line);
     return lines;

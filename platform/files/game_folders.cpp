@@ -52,22 +52,25 @@ std::unique_ptr<Files> OpenUsersFiles(const Surroundings& surroundings) {
     return here;
 }
 
+/// The place of an installation comes first.
 std::vector<fs::path> InstalledPlaces(const std::string& program) {
     std::vector<fs::path> places;
     if (!program.empty()) {
         const fs::path beside = fs::path(program).parent_path();
-        places = {beside, beside / kWayToInstalled, beside.parent_path()};
+        places = {beside / kWayToInstalled, beside, beside.parent_path()};
     }
     if (*kFixedInstalled) places.emplace_back(kFixedInstalled);
     return places;
 }
 
+/// Where nothing is installed, the place that it is missing from can still be named to the user.
 std::unique_ptr<Files> OpenInstalledFiles(const std::string& program) {
-    for (const fs::path& place : InstalledPlaces(program)) {
+    const std::vector<fs::path> places = InstalledPlaces(program);
+    for (const fs::path& place : places) {
         auto files = OpenDiskFiles(place.string());
         if (files->List("Skins")) return files;
     }
-    return nullptr;
+    return places.empty() ? nullptr : OpenDiskFiles(places.front().string());
 }
 
 }  // namespace
