@@ -147,6 +147,13 @@ TEST_F(SoundTest, ADeviceThatComesLaterIsTakenUp) {
         End();
         EXPECT_FALSE(Headless().IsSoundOpen());
     }
+    SetUp();
+    Headless().RefuseSound(true);
+    const BoxAnswerer boxes({kNoDevice});
+    Start();
+    EXPECT_TRUE(Headless().IsSoundOpen());
+    End();
+    EXPECT_FALSE(Headless().IsSoundOpen()) << "none is looked for any more";
 }
 
 TEST_F(SoundTest, PressesOnTheMenuAreHeardExceptTheWayOut) {

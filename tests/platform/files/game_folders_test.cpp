@@ -150,6 +150,12 @@ TEST_F(GameFoldersTest, TheGameIsFoundAndSavesWhereverItIsStarted) {
         EXPECT_EQ(Read(*files, "data\\hs.dat"), c.saved == "-" ? "-" : score);
         EXPECT_TRUE(c.saved == "-" || fs::exists(top_ / c.saved));
     }
+    const fs::path there = Made("home/.local/share/korvane/DATA/hs.dat");
+    fs::remove_all(there.parent_path().parent_path() / "data");
+    dataHome.clear();
+    home = ownHome;
+    EXPECT_TRUE(Open()->Replace("data\\hs.dat", {}));
+    EXPECT_TRUE(fs::exists(there)) << "no second folder beside one in other letter case";
 }
 
 TEST_F(GameFoldersTest, TheUsersFilesComeFirstAndTheInstalledStayAsTheyAre) {
