@@ -1,5 +1,7 @@
 #include "app/command_line.h"
 
+#include "platform/host/kernel.h"
+
 namespace korvane {
 namespace {
 
@@ -11,8 +13,15 @@ constexpr std::string_view kHelp =
     "  --help     show this and end\n"
     "  --version  show the version and the libraries that it was built with, and end\n"
     "\n"
-    "Everything else is set in the game. It looks for Skins/ in the working directory and keeps\n"
-    "scores, keys and settings in data/ there.\n";
+    "Everything else is set in the game. Started here, it looks for skins in Skins/ of these\n"
+    "folders, one after the other, and keeps scores, keys and settings in data/ of the first:\n";
+
+std::string Help() {
+    std::string text(kHelp);
+    for (const std::string& folder : GameFiles().Folders())
+        text += "  " + folder + "\n";
+    return text;
+}
 
 constexpr std::string_view kVersion = "Korvane " KORVANE_VERSION
                                       "\n"
@@ -21,7 +30,7 @@ constexpr std::string_view kVersion = "Korvane " KORVANE_VERSION
 }  // namespace
 
 std::optional<std::string> AnswerTo(std::string_view argument) {
-    if (argument == "--help") return std::string(kHelp);
+    if (argument == "--help") return Help();
     if (argument == "--version") return std::string(kVersion);
     return std::nullopt;
 }

@@ -19,6 +19,7 @@
 #include "gfx/display.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
+#include "screens/skin_reload.h"
 #include "screens/stage.h"
 
 namespace korvane {
@@ -63,6 +64,19 @@ void OnSize(WPARAM wParam) {
 bool IsRefusedInFullScreen(WPARAM systemCommand) {
     constexpr std::array kRefused = {SC_SIZE, SC_MOVE, SC_MAXIMIZE, SC_MONITORPOWER};
     return std::find(kRefused.begin(), kRefused.end(), systemCommand) != kRefused.end();
+}
+
+MusicScreen ShownMusicScreen() {
+    if (menuShowing) return MusicScreen::Menu;
+    return highScoresShowing ? MusicScreen::HighScores : MusicScreen::Game;
+}
+
+/// Before the stage is set the start-up loads all sounds by itself.
+void OnSoundFound() {
+    if (!TakeUpAudio() || !theMenuScreen || !BothPlayersExist()) return;
+    theMusic.SetScreenQuiet(ShownMusicScreen());
+    ReloadSkinAudio();
+    if (!appActive) theMusic.Pause();
 }
 
 void OnDestroy() {
@@ -123,6 +137,9 @@ LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lPa
             limits->minTrackSize = limits->maxTrackSize = MainWindowSize();
             return 0;
         }
+        case WM_DEVICECHANGE:
+            if (wParam == DBT_DEVICEARRIVAL) OnSoundFound();
+            return 0;
         case WM_SYSCOMMAND:
             if (!theSettings.windowed && IsRefusedInFullScreen(wParam)) return 1;
             break;

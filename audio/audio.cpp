@@ -16,6 +16,10 @@ constexpr std::uint32_t kExpectedVersion = 0x00050001;
 constexpr int kDefaultDevice = -1;
 constexpr std::uint32_t kInitFlags = 0x10;
 
+void OpenLibrary() {
+    audioReady = BASS_Init(kDefaultDevice, kSoundRate, kInitFlags, mainWindow) > 0;
+}
+
 }  // namespace
 
 bool StartAudio() {
@@ -23,10 +27,16 @@ bool StartAudio() {
         MessageBox(nullptr, "BASS version 1.5 was not loaded", "Incorrect BASS.DLL", MB_OK);
         return false;
     }
-    audioReady = BASS_Init(kDefaultDevice, kSoundRate, kInitFlags, mainWindow) > 0;
+    OpenLibrary();
     if (!audioReady) ShowAudioError("Can't initialize digital sound system");
     BASS_Start();
-    if (!theMusic.Load()) ShowAudioError("Skins\\Original\\audio\\sniffit.xm can't be loaded!");
+    if (!theMusic.Load()) ShowLoadError("Skins\\Original\\audio\\sniffit.xm can't be loaded!");
+    return audioReady;
+}
+
+bool TakeUpAudio() {
+    if (audioReady) return false;
+    OpenLibrary();
     return audioReady;
 }
 

@@ -27,7 +27,7 @@ SoundEffect::SoundEffect(const std::string& file) {
     if (sample_ != 0) return;
     const std::string fallback = "skins\\Original\\audio\\" + file;
     sample_ = Load(fallback);
-    if (sample_ == 0) ShowAudioError(fallback + " can't be loaded!");
+    if (sample_ == 0) ShowLoadError(fallback + " can't be loaded!");
 }
 
 SoundEffect::~SoundEffect() {

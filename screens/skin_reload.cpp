@@ -5,6 +5,7 @@
 #include "game/frame/game_frame.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
+#include "gfx/missing_skin.h"
 #include "gfx/skin.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
@@ -21,6 +22,7 @@ void ReloadSkinGraphics() {
     if (theMenuScreen) theMenuScreen->ReloadPictures();
     if (theHighScoreScreen) theHighScoreScreen->ReloadPictures();
     theGameArt.Reload();
+    missingSkinNotice.Refresh();
 }
 
 void ReloadSkinAudio() {

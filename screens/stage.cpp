@@ -5,6 +5,7 @@
 #include "game/frame/skin_sounds.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
+#include "gfx/missing_skin.h"
 #include "gfx/skin.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_screen.h"
@@ -20,6 +21,7 @@ void SetStage() {
     rightPlayer = std::make_unique<Player>(Side::Right, std::make_unique<SkinSounds>());
     leftPlayer = std::make_unique<Player>(Side::Left, std::make_unique<SkinSounds>());
     theHighScoreScreen = std::make_unique<HighScoreScreen>();
+    missingSkinNotice.Refresh();
 }
 
 void ClearStage() {
@@ -27,6 +29,7 @@ void ClearStage() {
     theMenuScreen.reset();
     rightPlayer.reset();
     leftPlayer.reset();
+    missingSkinNotice = {};
     currentDisplay.reset();
 }
 

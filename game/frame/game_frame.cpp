@@ -6,6 +6,7 @@
 #include "game/frame/game_screen.h"
 #include "gfx/bitmap_font.h"
 #include "gfx/display.h"
+#include "gfx/missing_skin.h"
 #include "platform/host/kernel.h"
 
 namespace korvane {
@@ -132,6 +133,7 @@ void AdvanceGame() {
 HRESULT DrawGameFrame(FrameScreens& screens) {
     currentDisplay->ClearBackBuffer(0);
     DrawScreen(screens);
+    missingSkinNotice.Draw();
     if (showFps) DrawFrameRate();
     return currentDisplay->ShowFrame();
 }

@@ -1,22 +1,23 @@
+#include "platform/files/files_disk.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <utility>
 
 #include "platform/files/file_reading.h"
 #include "platform/files/file_replacement.h"
-#include "platform/files/folder_walk.h"
-#include "platform/host/files.h"
 
 namespace korvane {
 namespace {
 
 class DiskFiles final : public Files {
   public:
-    DiskFiles(std::string root, std::uint32_t folderWaitMs)
-        : root_(root.empty() ? "." : std::move(root)), folderWaitMs_(folderWaitMs) {}
+    DiskFiles(std::string root, std::uint32_t folderWaitMs, FolderWalk* walk)
+        : root_(root.empty() ? "." : std::move(root)), folderWaitMs_(folderWaitMs), walk_(walk) {}
 
     ReadResult TryRead(std::string_view path, std::size_t cap) override {
         const WalkResult walked = Find(path);
@@ -52,11 +53,17 @@ class DiskFiles final : public Files {
         return entries;
     }
 
+    std::vector<std::string> Folders() const override {
+        std::error_code failed;
+        const std::filesystem::path path = std::filesystem::weakly_canonical(root_, failed);
+        return {failed ? root_ : path.string()};
+    }
+
   private:
     WalkResult Walk(const std::vector<std::string>& names) const {
         Descriptor root(Uninterrupted(
             [this] { return open(root_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); }));
-        if (root) return WalkBeneath(std::move(root), names);
+        if (root) return walk_(std::move(root), names);
         return {.end = {}, .missing = TellsOfNothing(errno)};
     }
 
@@ -75,12 +82,18 @@ class DiskFiles final : public Files {
 
     const std::string root_;
     const std::uint32_t folderWaitMs_;
+    FolderWalk* const walk_;
 };
 
 }  // namespace
 
 std::unique_ptr<Files> OpenDiskFiles(std::string root, std::uint32_t folderWaitMs) {
-    return std::make_unique<DiskFiles>(std::move(root), folderWaitMs);
+    return OpenDiskFiles(std::move(root), folderWaitMs, WalkBeneath);
+}
+
+std::unique_ptr<Files> OpenDiskFiles(std::string root, std::uint32_t folderWaitMs,
+                                     FolderWalk* walk) {
+    return std::make_unique<DiskFiles>(std::move(root), folderWaitMs, walk);
 }
 
 }  // namespace korvane

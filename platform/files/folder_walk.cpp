@@ -34,28 +34,11 @@ std::vector<std::string> SplitAt(std::string_view path, std::string_view separat
     return names;
 }
 
-/// What stands under a name; Unknown when the system cannot tell.
-enum class Found : std::uint8_t { Nothing, Link, Other, Unknown };
-
 Found FoundUnder(const Descriptor& folder, const std::string& name) {
     struct stat status {};
     if (fstatat(folder.Number(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
         return TellsOfNothing(errno) ? Found::Nothing : Found::Unknown;
     return S_ISLNK(status.st_mode) ? Found::Link : Found::Other;
-}
-
-/// What stands under a name. One that exists in another letter case only is spelled as it exists.
-Found LookFor(const Descriptor& folder, std::string& name) {
-    const Found exactly = FoundUnder(folder, name);
-    if (exactly != Found::Nothing) return exactly;
-    std::optional<std::vector<std::string>> names = NamesIn(folder, ".");
-    // A folder whose names may not be listed has them as they are spelled only.
-    if (!names) return errno == EACCES ? Found::Nothing : Found::Unknown;
-    std::erase_if(*names,
-                  [&](const std::string& found) { return !AsciiEqualsIgnoringCase(found, name); });
-    if (names->empty()) return Found::Nothing;
-    name = *std::ranges::min_element(*names);
-    return FoundUnder(folder, name);
 }
 
 /// The path in a link; nothing when it is no link any more, or longer than any path.
@@ -112,6 +95,19 @@ std::optional<std::vector<std::string>> NamesIn(const Descriptor& parent, const 
     }
     if (errno != 0) return std::nullopt;
     return names;
+}
+
+Found LookFor(const Descriptor& folder, std::string& name) {
+    const Found exactly = FoundUnder(folder, name);
+    if (exactly != Found::Nothing) return exactly;
+    std::optional<std::vector<std::string>> names = NamesIn(folder, ".");
+    // A folder whose names may not be listed has them as they are spelled only.
+    if (!names) return errno == EACCES ? Found::Nothing : Found::Unknown;
+    std::erase_if(*names,
+                  [&](const std::string& found) { return !AsciiEqualsIgnoringCase(found, name); });
+    if (names->empty()) return Found::Nothing;
+    name = *std::ranges::min_element(*names);
+    return FoundUnder(folder, name);
 }
 
 WalkResult WalkBeneath(Descriptor root, const std::vector<std::string>& names) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,6 +33,12 @@ std::optional<std::vector<std::string>> SplitGamePath(std::string_view path);
 /// The names in a folder but "." and "..", in no particular order; nothing when `name` is no
 /// folder in `parent` (a link is none) or cannot be read.
 std::optional<std::vector<std::string>> NamesIn(const Descriptor& parent, const std::string& name);
+
+/// What stands under a name; Unknown when the system cannot tell.
+enum class Found : std::uint8_t { Nothing, Link, Other, Unknown };
+
+/// What stands under a name. One that exists in another letter case only is spelled as it exists.
+Found LookFor(const Descriptor& folder, std::string& name);
 
 /// Follows names from a folder downwards. A name that does not exist as it is spelled stands for
 /// the one that differs in ASCII letter case only, the first in byte order when there are several.

@@ -221,9 +221,14 @@ void HeadlessHost::Report(const std::string& caption, const std::string& text) {
 }
 
 bool HeadlessHost::OpenSound(SoundSource& source) {
-    if (refuseSound_) return false;
-    sound_ = &source;
-    return true;
+    looksForSound_ = refuseSound_;
+    sound_ = refuseSound_ ? nullptr : &source;
+    return !refuseSound_;
+}
+
+void HeadlessHost::CloseSound() {
+    looksForSound_ = false;
+    sound_ = nullptr;
 }
 
 std::vector<std::int16_t> HeadlessHost::Hear(std::size_t frames) {

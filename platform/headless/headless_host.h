@@ -60,7 +60,8 @@ class HeadlessHost final : public Host {
     /// Plays for so many frames, a device's buffer at a time; returns the interleaved stereo
     /// samples that were heard. Silence while there is no device.
     std::vector<std::int16_t> Hear(std::size_t frames);
-    bool IsSoundOpen() const { return sound_ != nullptr; }
+    /// A device is open, or would be looked for.
+    bool IsSoundOpen() const { return sound_ != nullptr || looksForSound_; }
     /// Saves as when the display never answers.
     void SaveInEmergency() const { emergencySave_(); }
 
@@ -109,7 +110,7 @@ class HeadlessHost final : public Host {
     void Report(const std::string& caption, const std::string& text) override;
     void SetEmergencySave(std::function<void()> save) override { emergencySave_ = std::move(save); }
     bool OpenSound(SoundSource& source) override;
-    void CloseSound() override { sound_ = nullptr; }
+    void CloseSound() override;
     Files& GameFiles() override;
 
     const std::string& Title() const { return title_; }
@@ -161,6 +162,7 @@ class HeadlessHost final : public Host {
 
     SoundSource* sound_ = nullptr;
     bool refuseSound_ = false;
+    bool looksForSound_ = false;
 };
 
 /// The machine of this process.

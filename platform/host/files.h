@@ -30,9 +30,10 @@ struct ReadResult {
     std::vector<std::byte> bytes;  ///< the whole file; empty unless it was read
 };
 
-/// Access to the game's folder. Paths are relative to it, with backslashes or slashes between
-/// names and names matched without regard to ASCII letter case (an exact match first). Nothing
-/// outside the folder is opened: no "..", no absolute path, no link that leads out. What is
+/// Access to the game's folder, or to several that are searched as if they were one: then only the
+/// first, the user's, is ever changed. Paths are relative to it, with backslashes or slashes
+/// between names and names matched without regard to ASCII letter case (an exact match first).
+/// Nothing outside the folder is opened: no "..", no absolute path, no link that leads out. What is
 /// opened is a regular file; nothing here blocks on a pipe or a device.
 class Files {
   public:
@@ -61,6 +62,10 @@ class Files {
     /// The entries of a folder in no particular order, without "." and ".."; nothing when it is
     /// missing or no folder.
     virtual std::optional<std::vector<FolderEntry>> List(std::string_view folder) = 0;
+
+    /// The folders that files are looked for in, as the user writes them, in the order of the
+    /// search. Empty when they have no names.
+    virtual std::vector<std::string> Folders() const { return {}; }
 };
 
 /// How long a change of a folder waits for another program that changes it.

@@ -33,6 +33,7 @@ enum class HostEventType : std::uint8_t {
     Resized,
     CloseRequested,  ///< the window's close box, or the session asked for it
     Terminate,       ///< SIGTERM, SIGINT or SIGHUP: the program is asked to end
+    SoundFound,      ///< there is a sound device now, after OpenSound has found none
 };
 
 /// Something that happened outside the program. Points are in layer pixels (the screen's pixels
@@ -141,10 +142,12 @@ class Host {
 
     /// Opens the sound device, which from then on asks `source` for frames until CloseSound
     /// returns. A device that vanishes meanwhile is looked for again without the caller noticing.
-    /// False: there is no device. True also when that cannot be told at once; frames are then asked
-    /// for as soon as there is one.
+    /// False: there is no device. SoundFound comes when there is one, unless CloseSound was called,
+    /// and OpenSound is true when it is then called again; the source must live until CloseSound
+    /// has returned. True also when that cannot be told at once; frames are then asked for as soon
+    /// as there is one.
     virtual bool OpenSound(SoundSource& source) = 0;
-    /// The source is not asked any more when this returns; does nothing without a device.
+    /// The source is not asked any more when this returns, and no device is looked for.
     virtual void CloseSound() = 0;
 
     virtual Files& GameFiles() = 0;

@@ -101,6 +101,8 @@ void SdlHost::Translate(const SDL_Event& event) {
             return Push(HostEventType::CloseRequested);
         case kTerminateEvent:
             return Push(HostEventType::Terminate);
+        case kSoundFoundEvent:
+            return Push(HostEventType::SoundFound);
         default:
             return;
     }

@@ -11,6 +11,7 @@
 #include <tuple>
 #include <utility>
 
+#include "platform/files/game_folders.h"
 #include "platform/sdl/heap.h"
 
 namespace korvane {
@@ -70,10 +71,14 @@ bool DriverShowsNothing() {
     return (name == "offscreen" || name == "dummy") && SDL_GetHint(SDL_HINT_VIDEODRIVER) == nullptr;
 }
 
-void PushTerminate() {
+void PushEvent(std::uint32_t type) {
     SDL_Event event{};
-    event.type = kTerminateEvent;
+    event.type = type;
     SDL_PushEvent(&event);
+}
+
+void PushTerminate() {
+    PushEvent(kTerminateEvent);
 }
 
 RECT LayerRect(const SDL_Rect& area, int scale) {
@@ -87,8 +92,9 @@ Host& TheHost() {
     return host;
 }
 
-SdlHost::SdlHost() : files_(OpenDiskFiles("")), keys_(LayoutSymbols{}) {
+SdlHost::SdlHost() : files_(OpenGameFiles(ReadSurroundings())), keys_(LayoutSymbols{}) {
     PrepareHeap();
+    sound_.WhenFound([] { PushEvent(kSoundFoundEvent); });
 }
 
 SdlHost::~SdlHost() {

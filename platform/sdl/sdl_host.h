@@ -25,9 +25,11 @@ namespace korvane {
 
 /// The event that the signal watch pushes into SDL's queue.
 inline constexpr std::uint32_t kTerminateEvent = SDL_USEREVENT;
+/// The event that the sound's thread pushes when it has found a device at last.
+inline constexpr std::uint32_t kSoundFoundEvent = SDL_USEREVENT + 1;
 
 /// The desktop: one SDL window whose surface takes the picture, the system's clock, and the files
-/// of the working directory.
+/// of the user's folder with the installed ones behind them.
 ///
 /// SDL is started by OpenWindow; clock and files work before that and after CloseWindow.
 class SdlHost final : public Host {

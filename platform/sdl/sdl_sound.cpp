@@ -12,6 +12,8 @@
 #include <thread>
 #include <utility>
 
+#include "platform/sdl/alsa_messages.h"
+
 namespace korvane {
 namespace {
 
@@ -54,13 +56,20 @@ void QuietStart::Render(std::span<std::int16_t> samples) {
 /// everything else when the sound system hangs.
 class SdlSound::Device {
   public:
-    Device(const Opener& opener, const Times& times, SoundSource& source)
-        : opener_(opener), times_(times), source_(source, kQuiet) {}
+    Device(const Opener& opener, const Times& times, std::function<void()> tell,
+           SoundSource& source)
+        : opener_(opener),
+          times_(times),
+          tell_(std::move(tell)),
+          source_(source, kQuiet),
+          asked_(source) {}
 
     /// Body of the thread.
     void Run();
     /// False when the answer is that there is no device; true also when none comes in time.
     bool AwaitAnswer();
+    /// Whether the source is asked for frames now.
+    bool Plays(const SoundSource& source);
     void OnRemoved(SDL_AudioDeviceID removed);
     void AskToEnd();
     /// Waits until the device is closed, unless the sound system hangs.
@@ -69,9 +78,11 @@ class SdlSound::Device {
   private:
     enum class Answer : std::uint8_t { Awaited, Late, Device, NoDevice };
 
-    /// Looks for a device until it is asked to end, or until its first look was answered in time
-    /// and has found none.
+    /// Looks for a device whenever there is none, until it is asked to end.
     void Keep();
+    /// Takes the result of a look into the answer, and tells of a device that nobody expects.
+    /// Called with the lock, which is given up meanwhile.
+    void TakeAnswer(std::unique_lock<std::mutex>& lock);
     /// Looks for a device in the place of one that has gone. Called with the lock, which is given
     /// up meanwhile: nobody must wait for it.
     void Look(std::unique_lock<std::mutex>& lock);
@@ -80,8 +91,12 @@ class SdlSound::Device {
 
     const Opener opener_;
     const Times times_;
+    const std::function<void()> tell_;
     QuietStart source_;
-    bool hasDriver_ = false;  ///< the thread's own
+    const SoundSource& asked_;
+    // The thread's own.
+    bool hasDriver_ = false;
+    bool hasOpened_ = false;  ///< a device, by this driver
 
     std::mutex mutex_;  // guards all below
     std::condition_variable changed_;
@@ -107,12 +122,22 @@ void SdlSound::Device::Keep() {
     std::unique_lock lock(mutex_);
     while (!ending_) {
         if (lost_) Look(lock);
-        answer_ = lost_ && answer_ == Answer::Awaited ? Answer::NoDevice : Answer::Device;
-        changed_.notify_all();
-        if (answer_ == Answer::NoDevice) return;
-        if (lost_) changed_.wait_for(lock, times_.retry, [this] { return ending_; });
+        TakeAnswer(lock);
+        const auto pause = hasOpened_ ? times_.retry : times_.search;
+        if (lost_) changed_.wait_for(lock, pause, [this] { return ending_; });
         changed_.wait(lock, [this] { return ending_ || lost_; });
     }
+}
+
+void SdlSound::Device::TakeAnswer(std::unique_lock<std::mutex>& lock) {
+    const Answer before = answer_;
+    const bool isNone = before == Answer::Awaited || before == Answer::NoDevice;
+    answer_ = lost_ && isNone ? Answer::NoDevice : Answer::Device;
+    changed_.notify_all();
+    if (before != Answer::NoDevice || lost_ || !tell_) return;
+    lock.unlock();
+    tell_();
+    lock.lock();
 }
 
 void SdlSound::Device::Look(std::unique_lock<std::mutex>& lock) {
@@ -126,15 +151,24 @@ void SdlSound::Device::Look(std::unique_lock<std::mutex>& lock) {
     lost_ = found == 0 || found == removed_;
 }
 
+/// A driver that has opened a device stays: while a sound server restarts, SDL would take another
+/// driver, which the server then finds in its way. One that has not may be the wrong one, and SDL
+/// chooses only when its sound is started.
 SDL_AudioDeviceID SdlSound::Device::Find() {
-    return hasDriver_ || StartDriver() ? opener_(source_) : 0;
+    if (!hasDriver_ && !StartDriver()) return 0;
+    const SDL_AudioDeviceID found = opener_(source_);
+    hasOpened_ = hasOpened_ || found != 0;
+    if (hasOpened_) return found;
+    SDL_AudioQuit();
+    hasDriver_ = false;
+    return 0;
 }
 
-/// The driver stays the same from then on: while a sound server restarts, SDL would take another
-/// driver, which the server then finds in its way.
 bool SdlSound::Device::StartDriver() {
     // Not SDL_InitSubSystem, whose counts of users are not made for two threads.
+    SilenceAlsa();  // where SDL has the library from the start
     if (SDL_AudioInit(nullptr) != 0) return false;
+    SilenceAlsa();  // where it has loaded it only now
     hasDriver_ = !DriverIsMute();
     if (!hasDriver_) SDL_AudioQuit();
     return hasDriver_;
@@ -145,6 +179,11 @@ bool SdlSound::Device::AwaitAnswer() {
     const auto isAnswered = [this] { return answer_ != Answer::Awaited; };
     if (!changed_.wait_for(lock, times_.answer, isAnswered)) answer_ = Answer::Late;
     return answer_ != Answer::NoDevice;
+}
+
+bool SdlSound::Device::Plays(const SoundSource& source) {
+    const std::lock_guard lock(mutex_);
+    return &source == &asked_ && answer_ == Answer::Device && !lost_;
 }
 
 void SdlSound::Device::OnRemoved(SDL_AudioDeviceID removed) {
@@ -172,15 +211,16 @@ void SdlSound::Device::AwaitEnd() {
 SdlSound::SdlSound(Opener opener, Times times) : opener_(std::move(opener)), times_(times) {}
 
 bool SdlSound::Open(SoundSource& source) {
+    if (device_ && device_->Plays(source)) return true;
     Close();
-    const auto device = std::make_shared<Device>(opener_, times_, source);
+    const auto device = std::make_shared<Device>(opener_, times_, tell_, source);
     try {
         std::thread([device] { device->Run(); }).detach();
     } catch (const std::system_error&) {
         return false;  // SDL could not make its own threads either
     }
-    if (device->AwaitAnswer()) device_ = device;
-    return device_ != nullptr;
+    device_ = device;
+    return device->AwaitAnswer();
 }
 
 void SdlSound::Close() {

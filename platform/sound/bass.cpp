@@ -148,6 +148,7 @@ bool BASS_Stop() {
 }
 
 void BASS_Free() {
+    TheHost().CloseSound();  // also one that is only looked for
     Close();
 }
 

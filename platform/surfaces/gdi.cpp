@@ -1,10 +1,12 @@
 #include "platform/surfaces/gdi.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
 #include "platform/draw/bmp.h"
+#include "platform/draw/canvas.h"
 #include "platform/host/host.h"
 
 namespace korvane {
@@ -36,6 +38,22 @@ class MemoryContext final : public DeviceContext {
 
   private:
     GdiBitmap* bitmap_ = nullptr;
+};
+
+/// A canvas of scale 1 that is copied from.
+class CanvasContext final : public DeviceContext {
+  public:
+    explicit CanvasContext(const Canvas& canvas) : canvas_(canvas) {}
+
+    SIZE Size() const override { return canvas_.Size(); }
+    void ReadRow(int y, std::span<std::uint32_t> pixels) const override {
+        const PictureView view = canvas_.View();
+        std::copy_n(view.pixels + std::ptrdiff_t{y} * view.pitch, pixels.size(), pixels.begin());
+    }
+    void WriteRow(int /*y*/, std::span<const std::uint32_t> /*pixels*/) override {}
+
+  private:
+    const Canvas& canvas_;
 };
 
 constexpr std::uint32_t SwapRedAndBlue(std::uint32_t colour) {
@@ -98,6 +116,16 @@ bool StretchBlt(HDC destination, const RECT& destinationArea, HDC source, const 
         destination->WriteRow(destinationArea.top + y, row);
     }
     return true;
+}
+
+void TextOutA(HDC context, int x, int y, const std::string& text) {
+    const SIZE size{TextWidth(text, 1), kTextLineHeight};
+    const RECT area = Intersect(RectAt({x, y}, size), RectAt({}, context->Size()));
+    if (area.IsEmpty()) return;
+    Canvas canvas(size, 1);
+    canvas.Text(RectAt({}, size), text, {.colour = kTextColour});
+    CanvasContext line(canvas);
+    StretchBlt(context, area, &line, RectAt({area.left - x, area.top - y}, area.Size()));
 }
 
 COLORREF GetPixel(HDC context, int x, int y) {

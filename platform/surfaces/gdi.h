@@ -46,6 +46,9 @@ void DeleteDC(HDC memory);
 /// Copies one rectangle onto another and stretches it by nearest pixels; false when one of them
 /// does not lie inside its context.
 bool StretchBlt(HDC destination, const RECT& destinationArea, HDC source, const RECT& sourceArea);
+/// Writes a line of white text on black, with its left top corner there; what does not fit is cut
+/// off.
+void TextOutA(HDC context, int x, int y, const std::string& text);
 /// CLR_INVALID outside.
 COLORREF GetPixel(HDC context, int x, int y);
 /// Does nothing outside.

@@ -81,6 +81,8 @@ void OnHostEvent(Window& window, const HostEvent& event) {
             return Enqueue(WM_SYSCOMMAND, SC_CLOSE, 0);
         case HostEventType::Terminate:
             return Enqueue(WM_CLOSE, 0, 0);
+        case HostEventType::SoundFound:
+            return Enqueue(WM_DEVICECHANGE, DBT_DEVICEARRIVAL, 0);
         case HostEventType::MouseMove:
         case HostEventType::LeftButtonUp:
         case HostEventType::Wheel:

@@ -30,7 +30,11 @@ enum WindowMessage : std::uint32_t {
     WM_INITMENUPOPUP = 0x0117,  ///< the menu in wParam, the popup's index in lParam
     WM_LBUTTONDOWN = 0x0201,
     WM_ENTERMENULOOP = 0x0211,  ///< the window menu takes the keyboard
+    WM_DEVICECHANGE = 0x0219,
 };
+
+/// wParam of WM_DEVICECHANGE: there is a sound device now, after BASS_Init has found none.
+inline constexpr WPARAM DBT_DEVICEARRIVAL = 0x8000;
 
 inline constexpr WPARAM SIZE_RESTORED = 0;
 inline constexpr WPARAM SIZE_MINIMIZED = 1;

@@ -131,6 +131,7 @@ bool ModalWindow::Takes(const HostEvent& event) {
         case HostEventType::CloseRequested:
             return OnCloseBox() || !alone_;
         case HostEventType::Terminate:
+        case HostEventType::SoundFound:
             return false;
         default:
             return OnWindowEvent(event);

@@ -8,6 +8,7 @@
 
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
+#include "audio/music_player.h"
 #include "game/frame/game_frame.h"
 #include "platform/headless/headless_host.h"
 #include "res/commands.h"
@@ -98,6 +99,61 @@ TEST_F(SoundTest, TheMusicPausesWithTheWindow) {
     End();
     EXPECT_FALSE(audioReady);
     EXPECT_FALSE(Headless().IsSoundOpen());
+}
+
+TEST_F(SoundTest, ADeviceThatComesLaterIsTakenUp) {
+    const std::string kNoDevice = "Can't initialize digital sound system\n(error code: 3)";
+    const auto find = [] {
+        Headless().RefuseSound(false);
+        Headless().Push({.type = HostEventType::SoundFound});
+    };
+    const auto nothing = [] {};
+    const auto inBox = [=] {
+        find();
+        Headless().PushKey(VK_RETURN, true);
+    };
+    const auto leave = [] { SendMessage(mainWindow, WM_ACTIVATE, WA_INACTIVE, 0); };
+    const auto newGame = [] { Command(kCmdNewGame); };
+    const auto highScores = [] { Command(kCmdHighScores); };
+    const std::tuple<const char*, std::function<void()>, std::function<void()>, int> kCases[] = {
+        {"menu", nullptr, nothing, kMenuOrder},
+        {"game", nullptr, newGame, kGameOrder},
+        {"scores", nullptr, highScores, kHighScoreOrder},
+        {"behind another window", nullptr, leave, -1},
+        {"while the box is open", inBox, nothing, kMenuOrder},
+    };
+    for (const auto& [what, answer, act, heard] : kCases) {
+        SCOPED_TRACE(what);
+        SetUp();
+        Headless().RefuseSound(true);
+        const BoxAnswerer boxes({kNoDevice});
+        if (answer) Headless().WhenWaiting(answer);
+        Start();
+        EXPECT_EQ(audioReady, answer != nullptr);
+        EXPECT_EQ(boxes.Read(), answer ? Lines() : Lines{kNoDevice});
+        act();
+        find();
+        find();
+        Headless().WhenWaiting([] { Headless().Push({.type = HostEventType::Moved}); });
+        Passes(8);
+        EXPECT_EQ(HeardOrder(), heard);
+        theSettings.music = false;
+        theMusic.Stop();
+        Headless().Hear(kSoundBufferFrames);
+        menuShowing = true;
+        Click(170, 190);
+        EXPECT_GT(PeakOf(Headless().Hear(kSoundBufferFrames)), 0) << "a button of the menu";
+        theSettings.music = true;
+        End();
+        EXPECT_FALSE(Headless().IsSoundOpen());
+    }
+    SetUp();
+    Headless().RefuseSound(true);
+    const BoxAnswerer boxes({kNoDevice});
+    Start();
+    EXPECT_TRUE(Headless().IsSoundOpen());
+    End();
+    EXPECT_FALSE(Headless().IsSoundOpen()) << "none is looked for any more";
 }
 
 TEST_F(SoundTest, PressesOnTheMenuAreHeardExceptTheWayOut) {

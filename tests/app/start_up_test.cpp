@@ -13,6 +13,7 @@
 #include "platform/headless/headless_host.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_action.h"
+#include "screens/skin_reload.h"
 #include "tests/support/bmp_writer.h"
 #include "tests/support/dialog_script.h"
 #include "tests/support/program_fixture.h"
@@ -89,6 +90,37 @@ TEST_F(StartUpTest, WithoutADisplayTheProgramEnds) {
     Headless().RefuseWindow(true);
     EXPECT_EQ(RunProgram(), 0);
     EXPECT_EQ(Headless().Reports().size(), 1u) << "a line on the terminal";
+}
+
+TEST_F(StartUpTest, WhereNoSkinCanBeReadTheScreenSaysSoAndNoBoxDoes) {
+    constexpr std::uint32_t kWhite = 0xFFFFFF;
+    const auto hasWords = [&] { return std::ranges::count(Headless().Picture(), kWhite) > 1000; };
+    const fs::path skins = folder.Path() + "/Skins";
+    const fs::path away = folder.Path() + "/away";
+    for (const char* left : {"nothing", "Skins/Original/readme", "Skins/Original/deep/in/a.bmp",
+                             "Skins/Other/a.bmp"}) {
+        SCOPED_TRACE(left);
+        fs::rename(skins, away);
+        folder.Write(left, {});
+        const BoxAnswerer boxes({});
+        Start();
+        EXPECT_EQ(boxes.Read(), std::vector<std::string>());
+        EXPECT_TRUE(hasWords());
+        Press(VK_F3);
+        EXPECT_EQ(Passes(20), std::nullopt);
+        EXPECT_TRUE(hasWords());
+        Headless().PushKey(VK_F11, true);
+        Passes(6);
+        EXPECT_TRUE(Headless().IsFullScreen() && hasWords());
+        Headless().PushKey(VK_F11, true);
+        Passes(6);
+        fs::remove_all(skins);
+        fs::rename(away, skins);
+        ReloadSkinGraphics();
+        Passes(2);
+        EXPECT_FALSE(hasWords());
+        End();
+    }
 }
 
 TEST_F(StartUpTest, WhenTheDisplayNeverAnswersAllFourFilesAreSaved) {

@@ -10,49 +10,42 @@ import unittest
 from pathlib import Path
 
 BUILD = sys.argv.pop()
-STAND_IN = "#!/bin/sh\npwd\nls -d Skins/Original/colorkey.bmp Graphics/Original/colorkey.bmp data\n"
 
 
 class InstalledTree(unittest.TestCase):
     def setUp(self):
         self.temporary = tempfile.TemporaryDirectory()
         self.addCleanup(self.temporary.cleanup)
-        self.home = Path(self.temporary.name, "home")
-        self.prefix = Path(self.temporary.name, "a place")
-        subprocess.run(["cmake", "--install", BUILD, "--prefix", self.prefix], check=True,
-                       stdout=subprocess.DEVNULL)
+        self.place = Path(self.temporary.name).resolve()
+        self.home = self.place / "home"
+        self.prefix = self.place / "moved"
+        subprocess.run(["cmake", "--install", BUILD, "--prefix", self.place / "a place"],
+                       check=True, stdout=subprocess.DEVNULL)
+        (self.place / "a place").rename(self.prefix)
 
     def start(self, *arguments):
-        environment = os.environ | {"HOME": str(self.home)}
-        environment.pop("XDG_DATA_HOME", None)
+        environment = os.environ | {"HOME": str(self.home), "SDL_VIDEODRIVER": "x11"}
+        for name in ("XDG_DATA_HOME", "DISPLAY"):
+            environment.pop(name, None)
         return subprocess.run([self.prefix / "bin" / "korvane", *arguments], env=environment,
-                              check=True, capture_output=True, text=True,
-                              cwd=self.temporary.name).stdout.split("\n")
+                              check=True, capture_output=True, text=True, cwd=self.place)
 
     def test_answers_at_a_terminal_and_writes_nothing(self):
-        Path(self.temporary.name, "data").mkdir()
-        self.assertRegex(self.start("--version")[0], r"^Korvane \d+\.\d+$")
-        self.assertIn("--version", self.start("--help")[0])
-        self.assertEqual(list(Path(self.temporary.name, "data").iterdir()), [])
+        (self.place / "data").mkdir()
+        self.assertRegex(self.start("--version").stdout.split("\n")[0], r"^Korvane \d+\.\d+$")
+        folders = self.start("--help").stdout.split("\n")[-3:-1]
+        self.assertEqual(folders, [f"  {self.place}", f"  {self.prefix}/share/korvane"])
+        self.assertEqual(list((self.place / "data").iterdir()), [])
         self.assertFalse(self.home.exists())
 
-    def test_starts_the_game_in_a_folder_of_the_user(self):
-        program = self.prefix / "libexec" / "korvane" / "korvane"
-        self.assertEqual(program.read_bytes()[:4], b"\x7fELF")
-        program.write_text(STAND_IN)
-        folder = self.home / ".local" / "share" / "korvane"
-        first = self.start()
-        self.assertEqual(Path(first[0]).resolve(), folder.resolve())
-        self.assertEqual(len(first), 5, first)
-        kept = [folder / "data" / "hs.dat", folder / "Skins" / "Mine" / "Letters.bmp",
-                folder / "Skins" / "Original" / "Letters.bmp"]
-        for file in kept:
-            file.parent.mkdir(exist_ok=True)
-            file.write_text("the user's")
-        (folder / "Skins" / "Original" / "Numbers.bmp").unlink()
-        self.assertEqual(self.start(), first)
-        self.assertEqual({file.read_text() for file in kept}, {"the user's"})
-        self.assertTrue((folder / "Skins" / "Original" / "Numbers.bmp").exists())
+    def test_keeps_settings_in_the_home_and_copies_nothing_there(self):
+        self.assertIn("There is no display", self.start().stderr)
+        kept = {path.name for path in (self.home / ".local/share/korvane").rglob("*")}
+        self.assertEqual(kept, {"data", "menu.dat", "sync.dat"})
+        skins = self.prefix / "share" / "korvane" / "Skins"
+        self.assertTrue((skins / "Original" / "colorkey.bmp").is_file())
+        fallback = self.prefix / "share" / "korvane" / "Graphics" / "Original"
+        self.assertEqual(fallback.resolve(), skins / "Original")
 
     def test_tells_desktops_of_the_game(self):
         share = self.prefix / "share"

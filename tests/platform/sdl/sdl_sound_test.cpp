@@ -13,8 +13,11 @@
 #include <future>
 #include <optional>
 #include <random>
+#include <set>
+#include <string>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include "platform/sound/mixer.h"
 #include "tests/support/temporary_folder.h"
@@ -122,6 +125,45 @@ TEST_F(SdlSoundTest, ALostDeviceIsLookedForUntilThereIsOneThatStays) {
     EXPECT_NE(found.Pop().value_or(0), 0U);
     watched.Close();
     EXPECT_EQ(looks, 5) << "no look for a device that is there";
+}
+
+TEST_F(SdlSoundTest, ADeviceThatComesLaterIsFoundByTheRightDriverAndTold) {
+    // SDL reads the variable on the thread that looks.
+    const char* const kNext[] = {"disk", "dummy", "disk", "disk", "disk"};
+    const std::set<std::size_t> kFailing = {1, 2, 4};
+    std::vector<std::string> drivers;
+    const auto look = [&](SoundSource& to) {
+        drivers.emplace_back(SDL_GetCurrentAudioDriver());
+        const SDL_AudioDeviceID device =
+            kFailing.contains(drivers.size()) ? 0 : SdlSound::OpenDefault(to);
+        setenv("SDL_AUDIODRIVER", kNext[drivers.size() - 1], 1);
+        return device;
+    };
+    setenv("SDL_DISKAUDIOFILE", "/dev/null", 1);  // should it be opened all the same
+    DeviceQueue told;
+    SdlSound late(look, {.answer = kLong, .retry = 1ms, .search = 1ms});
+    late.WhenFound([&] { told.Push(0); });
+    // With the shortest pause it may be there before this thread has heard that it is not.
+    late.Open(source);
+    EXPECT_TRUE(told.Pop());
+    EXPECT_TRUE(late.Open(source));
+    EXPECT_TRUE(source.devices.Pop());
+    ReportAnyRemoved(late, /*recorder=*/false);
+    EXPECT_TRUE(source.devices.Pop());
+    late.Close();
+    EXPECT_EQ(drivers, (std::vector<std::string>{"dummy", "disk", "dummy", "dummy", "dummy"}))
+        << "one that has opened a device stays";
+}
+
+TEST_F(SdlSoundTest, WithoutADeviceTheNextLookHoldsUpNobodyAndTheTerminalStaysClean) {
+    setenv("SDL_AUDIODRIVER", "alsa", 1);
+    setenv("AUDIODEV", "none of these", 1);
+    testing::internal::CaptureStderr();
+    SdlSound none(SdlSound::OpenDefault, {.answer = kLong, .search = 1h, .patience = 1h});
+    EXPECT_FALSE(none.Open(source));
+    none.Close();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(SDL_GetCurrentAudioDriver(), nullptr);
 }
 
 /// What a thread that hangs uses: it lives as long as the thread does.
