@@ -6,6 +6,7 @@
 #include <memory>
 #include <new>
 
+#include "app/autosave.h"
 #include "app/dialogs/advanced_dialog.h"
 #include "app/display_switch.h"
 #include "app/main_window.h"
@@ -105,6 +106,7 @@ HRESULT RenderFrame(HWND window) {
 
 bool StartUp() {
     SetEmergencySave(SaveAll);
+    BeginAutosave();
     if (Failed(CreateMainWindow(mainWindow))) {
         SetEmergencySave({});
         TellOnTerminal(
@@ -140,6 +142,7 @@ std::optional<int> RunLoopPass() {
         if (!GetMessage(message)) return static_cast<int>(message.wParam);
         if (!TranslateAccelerator(mainWindow, kAccelerators, message)) DispatchMessage(message);
     } else if (!appActive) {
+        SaveChanges();
         WaitMessage();
     } else if (Failed(RenderFrame(mainWindow))) {
         currentDisplay.reset();
@@ -148,6 +151,8 @@ std::optional<int> RunLoopPass() {
         theHighScoreScreen.reset();
         theMenuScreen.reset();
         return 0;
+    } else {
+        SaveChanges();  // out of the pause between two frames
     }
     return std::nullopt;
 }

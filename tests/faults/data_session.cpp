@@ -1,5 +1,5 @@
 // A session as far as the data files notice: loads all four, lets the user do something and saves
-// them, as the game does. tools/faults runs it with faults in its way.
+// them, at once and at the end, as the game does. tools/faults runs it with faults in its way.
 //
 // usage: korvane_data_session look | prepare | play | play-more      in the game's folder
 
@@ -50,13 +50,19 @@ int main(int count, char** words) {
         LevelTable levels;
         keyBindings.Load();
         HighScoreTable scores;
-        for (const std::string& report : Headless().Reports())
-            std::fprintf(stderr, "%s\n", report.c_str());
         if (what == "prepare") Prepare(settings, levels, keyBindings, scores);
         if (what == "play") Play(settings, levels, keyBindings, scores);
-        if (what == "play-more") PlayMore(settings, levels, keyBindings, scores);
+        if (what == "play-more") {
+            PlayMore(settings, levels, keyBindings, scores);
+            scores.SaveSoFar();
+            keyBindings.SaveSoFar();
+            levels.SaveSoFar();
+            settings.SaveSoFar();
+        }
         scores.Save();
         keyBindings.Save();
     }
+    for (const std::string& report : Headless().Reports())
+        std::fprintf(stderr, "%s\n", report.c_str());
     return 0;
 }
