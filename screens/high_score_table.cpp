@@ -101,10 +101,10 @@ bool HighScoreTable::SaveSoFar() {
 }
 
 void HighScoreTable::TakeUpSaved() {
-    const auto saved = Decoded<ScoresFile>(file_.held);
+    const auto saved = Decoded<ScoresFile>(file_.written);
     if (!saved) return;
     rows_ = *saved;
-    file_.known = file_.held;
+    file_.known = file_.written;
 }
 
 std::optional<std::size_t> HighScoreTable::FindRank(std::int32_t score) const {

@@ -36,13 +36,13 @@ Written WriteTarget(std::string_view target, DataFileSession& session,
     const auto change = [&](const ReadResult& there) -> std::optional<std::vector<std::byte>> {
         isReadable = there.status != ReadStatus::Unreadable;
         if (!isReadable) return std::nullopt;
-        const bool isNews = there.status == ReadStatus::Read && there.bytes != session.held;
+        const bool isNews = there.status == ReadStatus::Read && there.bytes != session.known;
         if (merged && isNews) result = merged(there.bytes, bytes, session.known);
         return result;
     };
     if (!GameFiles().Update(target, kDataFileCap, change, patience))
         return isReadable ? Written::No : Written::TargetIsUnreadable;
-    session.held = std::move(result);
+    session.written = std::move(result);
     session.known.assign(bytes.begin(), bytes.end());
     return Written::Yes;
 }
@@ -71,7 +71,6 @@ std::vector<std::byte> BeginDataFile(std::string_view path, DataFileSession& ses
     session.oldStays = file.status == ReadStatus::Unreadable;
     if (beside.status == ReadStatus::Read) session.added = std::move(beside.bytes);
     if (session.oldStays) TellThatOldStays(path);
-    session.held = session.oldStays ? session.added.value_or(std::vector<std::byte>()) : file.bytes;
     return std::move(file.bytes);
 }
 
@@ -97,7 +96,6 @@ void FinishDataFile(std::string_view path, DataFileSession& session,
     if (!session.oldStays) {  // it could be read at the start
         TellThatOldStays(path);
         session.oldStays = true;
-        session.held = session.added.value_or(std::vector<std::byte>());
     }
     const std::string beside = AddedPath(path);
     if (WriteTargetAtEnd(beside, session, bytes, joining.beside) == Written::TargetIsUnreadable)

@@ -40,6 +40,13 @@ void PlayMore(Settings& settings, LevelTable& levels, KeyBindings& keys, HighSco
     scores.Insert(*scores.FindRank(650), {.lines = 6, .score = 650, .level = 6});
 }
 
+/// Tells what has come in since the last time: a killed session has told it, too.
+void PrintReports() {
+    static std::size_t printed = 0;
+    for (; printed < Headless().Reports().size(); ++printed)
+        std::fprintf(stderr, "%s\n", Headless().Reports()[printed].c_str());
+}
+
 }  // namespace
 
 int main(int count, char** words) {
@@ -50,6 +57,7 @@ int main(int count, char** words) {
         LevelTable levels;
         keyBindings.Load();
         HighScoreTable scores;
+        PrintReports();
         if (what == "prepare") Prepare(settings, levels, keyBindings, scores);
         if (what == "play") Play(settings, levels, keyBindings, scores);
         if (what == "play-more") {
@@ -62,7 +70,6 @@ int main(int count, char** words) {
         scores.Save();
         keyBindings.Save();
     }
-    for (const std::string& report : Headless().Reports())
-        std::fprintf(stderr, "%s\n", report.c_str());
+    PrintReports();
     return 0;
 }
