@@ -6,6 +6,7 @@
 #include <memory>
 #include <new>
 
+#include "app/autosave.h"
 #include "app/dialogs/advanced_dialog.h"
 #include "app/display_switch.h"
 #include "app/keyboard_input.h"
@@ -111,6 +112,7 @@ HRESULT RenderFrame(HWND window) {
 
 bool StartUp() {
     SetEmergencySave(SaveAll);
+    BeginAutosave();
     if (Failed(CreateMainWindow(mainWindow))) {
         SetEmergencySave({});
         TellOnTerminal(
@@ -147,6 +149,7 @@ std::optional<int> RunLoopPass() {
         if (IsFreshPress(message, VK_ESCAPE)) OnEscape();
         if (!TranslateAccelerator(mainWindow, kAccelerators, message)) DispatchMessage(message);
     } else if (!appActive) {
+        SaveChanges();
         WaitMessage();
     } else if (Failed(RenderFrame(mainWindow))) {
         currentDisplay.reset();
@@ -155,6 +158,8 @@ std::optional<int> RunLoopPass() {
         theHighScoreScreen.reset();
         theMenuScreen.reset();
         return 0;
+    } else {
+        SaveChanges();  // out of the pause between two frames
     }
     return std::nullopt;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "app/autosave.h"
 #include "app/commands.h"
 #include "app/keyboard_input.h"
 #include "app/main_window.h"
@@ -89,7 +90,7 @@ void OnDestroy() {
 }  // namespace
 
 void SaveScoresAndKeys() {
-    if (theHighScoreScreen) theHighScoreScreen->Table().Save();
+    if (theHighScoreScreen) theHighScoreScreen->Save();
     if (theMenuScreen) keyBindings.Save();
 }
 
@@ -109,7 +110,7 @@ LRESULT WindowProc(HWND window, std::uint32_t message, WPARAM wParam, LPARAM lPa
             OnLeftButtonDown(lParam);
             return 0;
         case WM_TIMER:
-            if (OnTimer(window, wParam)) return 0;
+            if (OnTimer(window, wParam) || OnAutosaveTimer(window, wParam)) return 0;
             break;
         case WM_KEYDOWN:
             OnKeyDown(static_cast<std::uint8_t>(wParam), (lParam & kRepeatedKey) != 0);

@@ -65,6 +65,7 @@ int HighScoreScreen::Submit(Side side, std::int32_t score, std::int32_t lines, s
     HighScoreEntry entry{.lines = lines, .score = score, .level = level};
     entry.SetName(kBlankName);
     table_.Insert(*editRow_, entry);
+    unsaved_ = true;
     return static_cast<int>(*editRow_);
 }
 
@@ -75,6 +76,7 @@ bool HighScoreScreen::OnNameKey(std::uint8_t key) {
             congratulatedSide_.reset();
             editRow_.reset();
             cursor_ = 0;
+            unsaved_ = true;
             return true;
         case VK_BACK:
             StepBack();
@@ -90,6 +92,13 @@ bool HighScoreScreen::OnNameKey(std::uint8_t key) {
             if (IsNameKey(key)) TypeCharacter(static_cast<char>(key));
             return false;
     }
+}
+
+bool HighScoreScreen::SaveSoFar() {
+    if (!table_.SaveSoFar()) return false;
+    unsaved_ = false;
+    if (!editRow_) table_.TakeUpSaved();
+    return true;
 }
 
 void HighScoreScreen::TypeCharacter(char character) {

@@ -48,6 +48,14 @@ class HighScoreScreen {
 
     const HighScoreTable& Table() const { return table_; }
 
+    /// Whether a result has come in or a name has ended that `SaveSoFar` has not saved.
+    bool HasUnsaved() const { return unsaved_; }
+    /// Saves while the program goes on; false when it must be tried again. Other programs' results
+    /// are taken up then, but not below a cursor.
+    bool SaveSoFar();
+    /// Saves at the program's end.
+    void Save() { table_.Save(); }
+
   private:
     void TypeCharacter(char character);
     void StepBack();
@@ -68,6 +76,7 @@ class HighScoreScreen {
     std::optional<std::size_t> editRow_;
     /// The column of the next typed character.
     std::size_t cursor_ = 0;
+    bool unsaved_ = false;
 };
 
 /// The one high-score screen; null before the start-up has made it and after the window is gone.

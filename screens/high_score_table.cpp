@@ -1,6 +1,7 @@
 #include "screens/high_score_table.h"
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include "app/state/data_file.h"
@@ -28,12 +29,10 @@ auto RankIn(const auto& rows, std::int32_t score) {
         rows, [score](const HighScoreEntry& entry) { return entry.score <= score; });
 }
 
-/// Takes out of `rows` one for each that is in `others`.
-void Subtract(std::vector<HighScoreEntry>& rows, const auto& others) {
-    for (const HighScoreEntry& other : others) {
-        const auto found = std::ranges::find(rows, other);
-        if (found != rows.end()) rows.erase(found);
-    }
+/// Takes one that is alike out of `rows`, if there is one.
+void TakeOut(std::vector<HighScoreEntry>& rows, const HighScoreEntry& row) {
+    const auto found = std::ranges::find(rows, row);
+    if (found != rows.end()) rows.erase(found);
 }
 
 /// data\hs.dat; the numbers stand in another order than in memory.
@@ -42,6 +41,7 @@ struct ScoresFile {
     static constexpr std::string_view kPath = "data\\hs.dat";
     /// A file without even the first name is none; one that ends later leaves its rows empty.
     static constexpr std::size_t kFewestBytes = kNameBytes;
+    static constexpr bool kIsShared = true;
 
     static Record Defaults() { return DefaultRows(); }
     static Record Unreached() { return {}; }
@@ -53,16 +53,25 @@ struct ScoresFile {
             visit(row.score);
         }
     }
-    /// Every row of `added` that is not known goes in by its rank. Those that stand in `base`
-    /// already go in anew, so that adding them twice gives the same table.
+    /// Rows that `added` has more often than `known` were earned and go in by their rank. All that
+    /// are alike go in anew, so that adding them twice gives the same table. Rows that it has less
+    /// often have got their name or were beaten: they go out where there are rows enough.
     static Record Merged(const Record& base, const Record& added, const Record& known) {
-        std::vector<HighScoreEntry> earned(added.begin(), added.end());
-        Subtract(earned, known);
+        std::vector<HighScoreEntry> earned;
+        std::ranges::copy_if(added, std::back_inserter(earned), [&](const HighScoreEntry& row) {
+            return std::ranges::count(added, row) > std::ranges::count(known, row);
+        });
         std::vector<HighScoreEntry> rows(base.begin(), base.end());
-        Subtract(rows, earned);
+        for (const HighScoreEntry& row : earned)
+            TakeOut(rows, row);
         // From the lowest up: of equal scores each goes above the one before.
         for (auto row = earned.rbegin(); row != earned.rend(); ++row)
             rows.insert(RankIn(rows, row->score), *row);
+        std::vector<HighScoreEntry> gone(known.begin(), known.end());
+        for (const HighScoreEntry& row : added)
+            TakeOut(gone, row);
+        for (auto row = gone.begin(); row != gone.end() && rows.size() > kHighScoreRows; ++row)
+            TakeOut(rows, *row);
         Record merged;
         std::copy_n(rows.begin(), merged.size(), merged.begin());
         return merged;
@@ -83,8 +92,19 @@ void HighScoreEntry::SetName(std::string_view text) {
 
 HighScoreTable::HighScoreTable() : rows_(LoadDataFile<ScoresFile>(file_).value_or(DefaultRows())) {}
 
-void HighScoreTable::Save() const {
+void HighScoreTable::Save() {
     SaveDataFile<ScoresFile>(file_, rows_);
+}
+
+bool HighScoreTable::SaveSoFar() {
+    return SaveDataFileSoFar<ScoresFile>(file_, rows_);
+}
+
+void HighScoreTable::TakeUpSaved() {
+    const auto saved = Decoded<ScoresFile>(file_.written);
+    if (!saved) return;
+    rows_ = *saved;
+    file_.known = file_.written;
 }
 
 std::optional<std::size_t> HighScoreTable::FindRank(std::int32_t score) const {

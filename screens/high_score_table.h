@@ -27,7 +27,9 @@ struct HighScoreEntry {
 };
 
 /// The ten best results, the best on top. It is loaded from data\hs.dat when it is made and goes
-/// back there only by `Save`.
+/// back there only by `Save` and `SaveSoFar`: what was done to it since the last time is done to
+/// the table that the file holds by then. So the results of programs that run side by side all
+/// stay, each once, as far as there are rows.
 class HighScoreTable {
   public:
     HighScoreTable();
@@ -38,7 +40,12 @@ class HighScoreTable {
     void Insert(std::size_t row, const HighScoreEntry& entry);
 
     /// Replaces the file; a failure goes unnoticed.
-    void Save() const;
+    void Save();
+    /// Saves while the program goes on, without waiting for other programs; false when it must be
+    /// tried again.
+    bool SaveSoFar();
+    /// Takes the table that `SaveSoFar` has left in the file, with other programs' results.
+    void TakeUpSaved();
 
     HighScoreEntry& Row(std::size_t row) { return rows_[row]; }
     const HighScoreEntry& Row(std::size_t row) const { return rows_[row]; }

@@ -20,6 +20,8 @@ namespace korvane {
 //   Unreached()                     what fields hold that a short file does not reach
 //   Visit(record, visitor)          visits the fields in file order
 //   Merged(base, added, known)      `base` and whatever `added` has beyond `known`
+//   kIsShared                       sessions that run side by side merge what they save; otherwise
+//                                   the last writer wins
 
 /// A record from a file's bytes; nothing when they count as none or hold a text that is too long.
 template <typename Layout>
@@ -75,30 +77,52 @@ std::vector<std::byte> MergedBytes(std::span<const std::byte> base,
         Layout::Merged(*record, *Decoded<Layout>(added), *Decoded<Layout>(known)));
 }
 
+/// What joins a session's bytes with those of another that it finds; null for the last writer wins.
+struct Joining {
+    MergeBytes* inFile;
+    MergeBytes* beside;
+};
+
+template <typename Layout>
+constexpr Joining JoiningOf() {
+    return {.inFile = Layout::kIsShared ? MergedBytes<Layout> : nullptr,
+            .beside = MergedBytes<Layout>};
+}
+
 /// Reads a data file and the one beside it for the session. Returns the bytes of the first: none
 /// when it is missing, or cannot be read, which the user is told.
 std::vector<std::byte> BeginDataFile(std::string_view path, DataFileSession& session);
 
-/// Writes the bytes to the data file or beside it, as the session demands. `merged` joins them
-/// with what another session has put there meanwhile.
-void FinishDataFile(std::string_view path, const DataFileSession& session,
-                    std::span<const std::byte> bytes, MergeBytes* merged);
+/// Writes the bytes to the data file or beside it, as the session demands. During the session
+/// nothing waits: false when they were not written, so that it must be tried again.
+bool WriteDataFileSoFar(std::string_view path, DataFileSession& session,
+                        std::span<const std::byte> bytes, const Joining& joining);
+/// The same at the session's end, when everything is tried that can save them.
+void FinishDataFile(std::string_view path, DataFileSession& session,
+                    std::span<const std::byte> bytes, const Joining& joining);
 
 /// What a data file holds, with what stands beside it; nothing when neither gives a record.
 template <typename Layout>
 std::optional<typename Layout::Record> LoadDataFile(DataFileSession& session) {
     const typename Layout::Record defaults = Layout::Defaults();
     auto record = Decoded<Layout>(BeginDataFile(Layout::kPath, session));
+    const typename Layout::Record inFile = record.value_or(defaults);
     const auto added = Decoded<Layout>(session.added.value_or(std::vector<std::byte>()));
     if (added) record = Layout::Merged(record.value_or(defaults), *added, defaults);
-    session.begun = Encoded<Layout>(record.value_or(defaults));
+    session.known = Encoded<Layout>(session.oldStays ? record.value_or(defaults) : inFile);
     return record;
 }
 
-/// Replaces the file, or the one beside it; a failure goes unnoticed.
+/// Replaces the file, or the one beside it, at the session's end; a failure goes unnoticed.
 template <typename Layout>
-void SaveDataFile(const DataFileSession& session, const typename Layout::Record& record) {
-    FinishDataFile(Layout::kPath, session, Encoded<Layout>(record), MergedBytes<Layout>);
+void SaveDataFile(DataFileSession& session, const typename Layout::Record& record) {
+    FinishDataFile(Layout::kPath, session, Encoded<Layout>(record), JoiningOf<Layout>());
+}
+
+/// The same during the session; false when it must be tried again.
+template <typename Layout>
+bool SaveDataFileSoFar(DataFileSession& session, const typename Layout::Record& record) {
+    return WriteDataFileSoFar(Layout::kPath, session, Encoded<Layout>(record), JoiningOf<Layout>());
 }
 
 }  // namespace korvane

@@ -13,6 +13,7 @@ struct SettingsFile {
     using Record = SettingsValues;
     static constexpr std::string_view kPath = "data\\menu.dat";
     static constexpr std::size_t kFewestBytes = 1;
+    static constexpr bool kIsShared = false;
 
     static Record Defaults() { return {}; }
     static Record Unreached() { return {}; }
@@ -48,10 +49,12 @@ struct SettingsFile {
     }
 };
 
-/// The name as it can be stored: up to its first zero, the default one for one that is too long.
-std::string StorableName(const std::string& name) {
-    std::string stored = name.substr(0, name.find('\0'));
-    return stored.size() > kSkinNameLimit ? SettingsValues().skinName : stored;
+/// With a skin name that can be stored: up to its first zero, the default one for one that is too
+/// long.
+SettingsValues Storable(SettingsValues values) {
+    values.skinName = values.skinName.substr(0, values.skinName.find('\0'));
+    if (values.skinName.size() > kSkinNameLimit) values.skinName = SettingsValues().skinName;
+    return values;
 }
 
 constinit StaticRoom<Settings> room;
@@ -71,13 +74,18 @@ Settings::~Settings() {
 bool Settings::Load() {
     const auto values = LoadDataFile<SettingsFile>(file_);
     if (values) static_cast<SettingsValues&>(*this) = *values;
+    saved_ = *this;
     return values.has_value();
 }
 
-void Settings::Save() const {
-    SettingsValues values = *this;
-    values.skinName = StorableName(skinName);
-    SaveDataFile<SettingsFile>(file_, values);
+void Settings::Save() {
+    SaveDataFile<SettingsFile>(file_, Storable(*this));
+}
+
+bool Settings::SaveSoFar() {
+    if (!SaveDataFileSoFar<SettingsFile>(file_, Storable(*this))) return false;
+    saved_ = *this;
+    return true;
 }
 
 void Settings::SetDefaults() {

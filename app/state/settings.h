@@ -67,12 +67,19 @@ class Settings : public SettingsValues {
 
     /// Replaces the file; a failure goes unnoticed. A skin name beyond kSkinNameLimit cannot be
     /// stored: the default name is written in its place.
-    void Save() const;
+    void Save();
+
+    /// Whether anything differs from what was loaded or saved last.
+    bool HasChanged() const { return *this != saved_; }
+    /// Saves while the program goes on, without waiting for other programs; false when it must be
+    /// tried again.
+    bool SaveSoFar();
 
     void SetDefaults();
 
   private:
     DataFileSession file_;
+    SettingsValues saved_;
 };
 
 /// The settings of this process; app/static_objects.cpp makes them before `main` runs.

@@ -32,6 +32,7 @@ struct KeysFile {
     using Record = Keys;
     static constexpr std::string_view kPath = "data\\keys.dat";
     static constexpr std::size_t kFewestBytes = 1;
+    static constexpr bool kIsShared = false;
 
     static Record Defaults() { return kDefaultKeys; }
     static Record Unreached() { return {}; }
@@ -62,11 +63,17 @@ void KeyBindings::Bind(Action action, Side side, std::uint8_t key) {
 }
 
 void KeyBindings::Load() {
-    keys_ = LoadDataFile<KeysFile>(file_).value_or(kDefaultKeys);
+    keys_ = saved_ = LoadDataFile<KeysFile>(file_).value_or(kDefaultKeys);
 }
 
-void KeyBindings::Save() const {
+void KeyBindings::Save() {
     SaveDataFile<KeysFile>(file_, keys_);
+}
+
+bool KeyBindings::SaveSoFar() {
+    if (!SaveDataFileSoFar<KeysFile>(file_, keys_)) return false;
+    saved_ = keys_;
+    return true;
 }
 
 }  // namespace korvane

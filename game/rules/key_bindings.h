@@ -25,7 +25,12 @@ class KeyBindings {
     /// keys that a short file does not reach are missing.
     void Load();
     /// Replaces the file; a failure goes unnoticed.
-    void Save() const;
+    void Save();
+    /// Whether anything differs from what was loaded or saved last.
+    bool HasChanged() const { return keys_ != saved_; }
+    /// Saves while the program goes on, without waiting for other programs; false when it must be
+    /// tried again.
+    bool SaveSoFar();
 
     std::uint8_t& Key(Action action, Side side) { return keys_[Entry(action, side)]; }
     std::uint8_t Key(Action action, Side side) const { return keys_[Entry(action, side)]; }
@@ -46,6 +51,7 @@ class KeyBindings {
     }
 
     std::array<std::uint8_t, kActionCount * 2> keys_{};
+    std::array<std::uint8_t, kActionCount * 2> saved_{};
     DataFileSession file_;
 };
 

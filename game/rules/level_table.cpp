@@ -45,6 +45,7 @@ struct LevelFile {
     using Record = LevelTableValues;
     static constexpr std::string_view kPath = "data\\sync.dat";
     static constexpr std::size_t kFewestBytes = sizeof(Record::version);
+    static constexpr bool kIsShared = false;
 
     static Record Defaults() { return kDefaultTable; }
     static Record Unreached() { return {}; }
@@ -72,6 +73,7 @@ constinit LevelTable& theLevelTable = room.object;
 
 LevelTable::LevelTable() {
     if (!LoadTable()) SetDefaults();
+    saved_ = *this;
 }
 
 LevelTable::~LevelTable() {
@@ -80,12 +82,18 @@ LevelTable::~LevelTable() {
 
 bool LevelTable::LoadTable() {
     const auto table = LoadDataFile<LevelFile>(file_);
-    if (table) static_cast<LevelTableValues&>(*this) = *table;
+    if (table) static_cast<LevelTableValues&>(*this) = saved_ = *table;
     return table.has_value();
 }
 
-void LevelTable::SaveTable() const {
+void LevelTable::SaveTable() {
     SaveDataFile<LevelFile>(file_, *this);
+}
+
+bool LevelTable::SaveSoFar() {
+    if (!SaveDataFileSoFar<LevelFile>(file_, *this)) return false;
+    saved_ = *this;
+    return true;
 }
 
 void LevelTable::SetDefaults() {

@@ -39,11 +39,17 @@ class LevelTable : public LevelTableValues {
     /// version, and nothing stands beside it. Fields behind the end of a short file become 0.
     bool LoadTable();
     /// Replaces the file; a failure goes unnoticed.
-    void SaveTable() const;
+    void SaveTable();
+    /// Whether anything differs from what was loaded or saved last.
+    bool HasChanged() const { return *this != saved_; }
+    /// Saves while the program goes on, without waiting for other programs; false when it must be
+    /// tried again.
+    bool SaveSoFar();
     void SetDefaults();
 
   private:
     DataFileSession file_;
+    LevelTableValues saved_;
 };
 
 /// The level table of this process; app/static_objects.cpp makes it before `main` runs.

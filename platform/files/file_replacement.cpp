@@ -64,10 +64,7 @@ bool MayChange(const PathEnd& place, const struct stat& status) {
            faccessat(place.folder.Number(), place.name.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
-}  // namespace
-
-bool ReplaceAt(const PathEnd& place, std::span<const std::byte> bytes, std::uint32_t waitMs) {
-    const LockedFolder folder(place, waitMs);
+bool ReplaceIn(const LockedFolder& folder, const PathEnd& place, std::span<const std::byte> bytes) {
     const std::optional<struct stat> old = StatusOf(place);
     if (!old && errno != ENOENT) return false;
     if (old && !MayChange(place, *old)) return false;
@@ -81,6 +78,20 @@ bool ReplaceAt(const PathEnd& place, std::span<const std::byte> bytes, std::uint
     if (!file.Opened().Flush() || !file.PutInPlace()) return false;
     folder.Flush();
     return true;
+}
+
+}  // namespace
+
+bool ReplaceAt(const PathEnd& place, std::span<const std::byte> bytes, std::uint32_t waitMs) {
+    return ReplaceIn(LockedFolder(place, waitMs), place, bytes);
+}
+
+bool UpdateAt(const PathEnd& place, std::size_t cap, const FileChange& change, Patience patience,
+              std::uint32_t waitMs) {
+    const LockedFolder folder(place, patience == Patience::None ? 0 : waitMs);
+    if (patience == Patience::None && folder.IsLockedByAnother()) return false;
+    const auto bytes = change(ReadAt(place, cap));
+    return bytes && ReplaceIn(folder, place, *bytes);
 }
 
 bool DeleteAt(const PathEnd& place, std::span<const std::byte> bytes, std::uint32_t waitMs) {

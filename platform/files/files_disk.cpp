@@ -30,6 +30,12 @@ class DiskFiles final : public Files {
         return place && ReplaceAt(*place, bytes, folderWaitMs_);
     }
 
+    bool Update(std::string_view path, std::size_t cap, const FileChange& change,
+                Patience patience) override {
+        const std::optional<PathEnd> place = Find(path).end;
+        return place && UpdateAt(*place, cap, change, patience, folderWaitMs_);
+    }
+
     bool Delete(std::string_view path, std::span<const std::byte> bytes) override {
         const std::optional<PathEnd> place = Find(path).end;
         return place && DeleteAt(*place, bytes, folderWaitMs_);

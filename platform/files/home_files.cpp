@@ -33,6 +33,11 @@ class HomeFiles final : public Files {
         MakeFolderOf(path);
         return disk_->Replace(path, bytes);
     }
+    bool Update(std::string_view path, std::size_t cap, const FileChange& change,
+                Patience patience) override {
+        MakeFolderOf(path);
+        return disk_->Update(path, cap, change, patience);
+    }
     bool Delete(std::string_view path, std::span<const std::byte> bytes) override {
         return disk_->Delete(path, bytes);
     }

@@ -53,6 +53,10 @@ class LayeredFiles final : public Files {
     bool Replace(std::string_view path, std::span<const std::byte> bytes) override {
         return users_->Replace(path, bytes);
     }
+    bool Update(std::string_view path, std::size_t cap, const FileChange& change,
+                Patience patience) override {
+        return users_->Update(path, cap, change, patience);
+    }
     bool Delete(std::string_view path, std::span<const std::byte> bytes) override {
         return users_->Delete(path, bytes);
     }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -30,6 +31,15 @@ struct ReadResult {
     std::vector<std::byte> bytes;  ///< the whole file; empty unless it was read
 };
 
+/// What a file is to hold after it held this; nothing to leave it as it is.
+using FileChange = std::function<std::optional<std::vector<std::byte>>(const ReadResult& there)>;
+
+/// For how long a change of a file waits for another program that changes the folder.
+enum class Patience : std::uint8_t {
+    None,     ///< gives up at once
+    Limited,  ///< goes on beside it after kFolderWaitMs
+};
+
 /// Access to the game's folder, or to several that are searched as if they were one: then only the
 /// first, the user's, is ever changed. Paths are relative to it, with backslashes or slashes
 /// between names and names matched without regard to ASCII letter case (an exact match first).
@@ -54,6 +64,14 @@ class Files {
     /// False when it could not be written (the old file is then as it was and nothing is left
     /// beside it). Neither folders are made, nor is anything but a regular file replaced.
     virtual bool Replace(std::string_view path, std::span<const std::byte> bytes) = 0;
+
+    /// Reads a file and replaces it by what `change` makes of it. No other program can `Update` it
+    /// in between, unless it has lost its patience. False when the file was not replaced.
+    virtual bool Update(std::string_view path, std::size_t cap, const FileChange& change,
+                        Patience /*patience*/) {
+        const auto bytes = change(TryRead(path, cap));
+        return bytes && Replace(path, *bytes);
+    }
 
     /// Deletes a file that `Replace` could replace and that holds these very bytes. False when it
     /// is still there.

@@ -1,5 +1,5 @@
 // A session as far as the data files notice: loads all four, lets the user do something and saves
-// them, as the game does. tools/faults runs it with faults in its way.
+// them, at once and at the end, as the game does. tools/faults runs it with faults in its way.
 //
 // usage: korvane_data_session look | prepare | play | play-more      in the game's folder
 
@@ -40,6 +40,13 @@ void PlayMore(Settings& settings, LevelTable& levels, KeyBindings& keys, HighSco
     scores.Insert(*scores.FindRank(650), {.lines = 6, .score = 650, .level = 6});
 }
 
+/// Tells what has come in since the last time: a killed session has told it, too.
+void PrintReports() {
+    static std::size_t printed = 0;
+    for (; printed < Headless().Reports().size(); ++printed)
+        std::fprintf(stderr, "%s\n", Headless().Reports()[printed].c_str());
+}
+
 }  // namespace
 
 int main(int count, char** words) {
@@ -50,13 +57,19 @@ int main(int count, char** words) {
         LevelTable levels;
         keyBindings.Load();
         HighScoreTable scores;
-        for (const std::string& report : Headless().Reports())
-            std::fprintf(stderr, "%s\n", report.c_str());
+        PrintReports();
         if (what == "prepare") Prepare(settings, levels, keyBindings, scores);
         if (what == "play") Play(settings, levels, keyBindings, scores);
-        if (what == "play-more") PlayMore(settings, levels, keyBindings, scores);
+        if (what == "play-more") {
+            PlayMore(settings, levels, keyBindings, scores);
+            scores.SaveSoFar();
+            keyBindings.SaveSoFar();
+            levels.SaveSoFar();
+            settings.SaveSoFar();
+        }
         scores.Save();
         keyBindings.Save();
     }
+    PrintReports();
     return 0;
 }

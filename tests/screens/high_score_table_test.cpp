@@ -74,7 +74,7 @@ TEST_F(HighScoreTableTest, TheFileHoldsTenRecordsOfTwentySixBytes) {
     HighScoreTable().Save();
     EXPECT_EQ(folder.Read(kFile), usual);
     folder.Write(kFile, unusual);
-    const HighScoreTable table;
+    HighScoreTable table;
     EXPECT_EQ(table.Row(1).Name(), "NAME B");
     EXPECT_EQ(table.Row(1).lines, 0x01020305);
     EXPECT_EQ(table.Row(1).level, -6);

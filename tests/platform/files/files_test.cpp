@@ -4,10 +4,8 @@
 #include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
-#include <sys/ptrace.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -20,6 +18,7 @@
 #include <vector>
 
 #include "platform/files/descriptor.h"
+#include "tests/support/stopped_child.h"
 #include "tests/support/temporary_folder.h"
 
 namespace korvane {
@@ -31,39 +30,6 @@ using namespace std::string_literals;
 constexpr std::size_t kNoCap = 1 << 20;
 
 using Names = std::multiset<std::string>;
-
-/// A child that is stopped when it is about to enter, or has just left, its n-th system call.
-class StoppedChild {
-  public:
-    StoppedChild(int n, const std::function<bool()>& work) : child_(fork()) {
-        if (child_ == 0) {
-            ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
-            raise(SIGSTOP);
-            _exit(work() ? 0 : 1);
-        }
-        waitpid(child_, &status_, 0);
-        for (int i = 0; i < n && WIFSTOPPED(status_); ++i) {
-            ptrace(PTRACE_SYSCALL, child_, nullptr, nullptr);
-            waitpid(child_, &status_, 0);
-        }
-    }
-
-    bool HasEnded() const { return WIFEXITED(status_); }
-    void Kill() {
-        kill(child_, SIGKILL);
-        waitpid(child_, &status_, 0);
-    }
-    /// True when its work then succeeds.
-    bool GoesOn() {
-        ptrace(PTRACE_DETACH, child_, nullptr, nullptr);
-        waitpid(child_, &status_, 0);
-        return WIFEXITED(status_) && WEXITSTATUS(status_) == 0;
-    }
-
-  private:
-    const pid_t child_;
-    int status_ = 0;
-};
 
 /// Runs something in a process of its own and returns what it returned.
 bool InChild(const std::function<bool()>& work) {
