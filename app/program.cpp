@@ -13,6 +13,7 @@
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
 #include "app/window_proc.h"
+#include "app/window_size.h"
 #include "audio/audio.h"
 #include "audio/music_player.h"
 #include "game/frame/game_frame.h"
@@ -105,6 +106,7 @@ HRESULT RenderFrame(HWND window) {
 
 bool StartUp() {
     SetEmergencySave(SaveAll);
+    RecallWindowScale();
     if (Failed(CreateMainWindow(mainWindow))) {
         SetEmergencySave({});
         TellOnTerminal(
@@ -138,7 +140,8 @@ std::optional<int> RunLoopPass() {
     MSG message;
     if (PeekMessage(message, PM_NOREMOVE)) {
         if (!GetMessage(message)) return static_cast<int>(message.wParam);
-        if (!TranslateAccelerator(mainWindow, kAccelerators, message)) DispatchMessage(message);
+        if (!TranslateAccelerator(mainWindow, kAccelerators, message) && !TranslateSizeKey(message))
+            DispatchMessage(message);
     } else if (!appActive) {
         WaitMessage();
     } else if (Failed(RenderFrame(mainWindow))) {

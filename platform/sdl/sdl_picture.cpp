@@ -12,20 +12,14 @@ namespace {
 /// How long a window manager may take to give a window back its place.
 constexpr std::uint64_t kManagerPatienceMs = 500;
 
+/// How long the window may be without a surface to draw on.
+constexpr std::uint64_t kSurfacePatienceMs = 1000;
+
 bool IsSameMode(const SDL_DisplayMode& a, const SDL_DisplayMode& b) {
     return a.w == b.w && a.h == b.h && a.refresh_rate == b.refresh_rate;
 }
 
 }  // namespace
-
-/// True when a window manager has framed the window. Without one we must make it as large as the
-/// screen ourselves, and small again.
-bool SdlHost::HasFrame() const {
-    int top = 0;
-    int left = 0;
-    return SDL_GetWindowBordersSize(window_.get(), &top, &left, nullptr, nullptr) == 0 &&
-           (top != 0 || left != 0);
-}
 
 bool SdlHost::EnterFullScreen(SIZE pictureSize) {
     if (!window_) return false;
@@ -85,18 +79,6 @@ void SdlHost::LeaveFullScreen() {
     TrimSoon();
 }
 
-/// Where full screen shows its picture: in the middle, at the largest whole-number scale that fits.
-/// A screen smaller than the picture shows the picture's top left part.
-RECT SdlHost::FullScreenPlace() const {
-    const SDL_Rect screen = WindowArea();
-    const SIZE picture = fullScreenPicture_;
-    const int scale = std::max(1, std::min(screen.w / picture.cx, screen.h / picture.cy));
-    const SIZE shown{picture.cx * scale, picture.cy * scale};
-    const POINT corner{std::max(0, (screen.w - shown.cx) / 2),
-                       std::max(0, (screen.h - shown.cy) / 2)};
-    return RectAt(corner, shown);
-}
-
 std::vector<DisplayMode> SdlHost::DisplayModes() {
     const int display = DisplayIndex();
     SDL_DisplayMode mode{};
@@ -117,16 +99,26 @@ SDL_DisplayMode SdlHost::DesktopMode() const {
     return mode;
 }
 
+HRESULT SdlHost::WithoutSurface() {
+    const std::uint64_t now = SDL_GetTicks64();
+    if (!missingSince_) missingSince_ = now;
+    return now - *missingSince_ < kSurfacePatienceMs ? DDERR_SURFACELOST : E_FAIL;
+}
+
 HRESULT SdlHost::Present(const PictureView& picture, const RECT& target,
                          std::span<const RECT> changed) {
     using enum WindowSurface::State;
     if (!window_) return E_FAIL;
     const DisplayCall call(*this);
-    const RECT inWindow{target.left * scale_, target.top * scale_, target.right * scale_,
-                        target.bottom * scale_};
-    const WindowSurface::State state =
-        surface_.Draw(window_.get(), picture, fullScreen_ ? FullScreenPlace() : inWindow, changed);
-    if (state == Missing) return DDERR_SURFACELOST;
+    const WindowSurface::Frame frame = ShownFrame();
+    const int scale = ShownScale(frame);
+    RECT place{0, 0, frame.size.cx, frame.size.cy};
+    if (!fullScreen_)
+        place = {target.left * scale, target.top * scale, target.right * scale,
+                 target.bottom * scale};
+    const WindowSurface::State state = surface_.Draw(window_.get(), frame, picture, place, changed);
+    if (state == Missing) return WithoutSurface();
+    missingSince_.reset();
     // A hidden window asks for its content when it is shown; sending it before is wasted.
     if (shown_ && !surface_.Send(window_.get())) return DDERR_SURFACELOST;
     // A new surface must get the whole picture.
