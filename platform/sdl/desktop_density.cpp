@@ -1,17 +1,15 @@
 #include "platform/sdl/desktop_density.h"
 
 #include <SDL_stdinc.h>
-#include <SDL_syswm.h>
-#include <dlfcn.h>
 
 #include <algorithm>
 #include <charconv>
 #include <system_error>
 
+#include "platform/sdl/xlib.h"
+
 namespace korvane {
 namespace {
-
-constexpr double kMillimetresPerInch = 25.4;
 
 /// A number at the beginning of a text, behind blanks.
 template <typename Number>
@@ -21,26 +19,6 @@ std::optional<Number> NumberIn(std::string_view text) {
     const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
     if (result.ec != std::errc()) return std::nullopt;
     return number;
-}
-
-/// What the desktop has told the X server; Xlib has got it when it connected. SDL has loaded Xlib,
-/// so the program itself need not depend on it.
-std::string_view ResourcesOf(Display* display) {
-    using Reader = char* (*)(Display*);
-    void* const xlib = dlopen("libX11.so.6", RTLD_LAZY | RTLD_NOLOAD);
-    if (xlib == nullptr) return {};
-    const auto read = reinterpret_cast<Reader>(dlsym(xlib, "XResourceManagerString"));
-    const char* const resources = read != nullptr ? read(display) : nullptr;
-    dlclose(xlib);  // SDL keeps it
-    return resources != nullptr ? resources : std::string_view();
-}
-
-/// By what the server says of its whole screen: it may know that where it knows no monitor.
-std::optional<double> DpiOfScreen(Display* display) {
-    const int screen = DefaultScreen(display);
-    const int millimetres = DisplayWidthMM(display, screen);
-    if (millimetres <= 0) return std::nullopt;
-    return DisplayWidth(display, screen) * kMillimetresPerInch / millimetres;
 }
 
 std::optional<double> DpiOfMonitor(SDL_Window* window) {
@@ -69,21 +47,17 @@ std::optional<double> WholeScaleIn(std::string_view text) {
 }
 
 DesktopDensity DensityAt(SDL_Window* window) {
-    SDL_SysWMinfo system;
-    SDL_VERSION(&system.version);
-    if (SDL_GetWindowWMInfo(window, &system) != SDL_TRUE) return {};
-    // The compositor enlarges windows by itself: all sizes are before that.
     DesktopDensity density;
-    if (system.subsystem == SDL_SYSWM_WAYLAND) {
-        density.scale = 1;
+    const std::string_view driver = SDL_GetCurrentVideoDriver();
+    if (driver == "wayland") {
+        density.scale = 1;  // the compositor enlarges windows by itself: sizes are before that
         return density;
     }
     density.monitorDpi = DpiOfMonitor(window);
-    if (system.subsystem != SDL_SYSWM_X11) return density;
-    Display* const display = system.info.x11.display;
+    if (driver != "x11") return density;
     if (const char* const scale = SDL_getenv("GDK_SCALE")) density.scale = WholeScaleIn(scale);
-    density.fontDpi = FontDpiIn(ResourcesOf(display));
-    if (!density.monitorDpi) density.monitorDpi = DpiOfScreen(display);
+    density.fontDpi = FontDpiIn(DesktopResources(window));
+    if (!density.monitorDpi) density.monitorDpi = DpiOfWholeScreen(window);
     return density;
 }
 

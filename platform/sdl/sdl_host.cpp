@@ -175,7 +175,11 @@ bool SdlHost::OpenWindow(const std::string& title, SIZE clientSize) {
     window_.reset(SDL_CreateWindow(
         title.c_str(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, clientSize.cx,
         clientSize.cy, SDL_WINDOW_HIDDEN | SDL_WINDOW_ALLOW_HIGHDPI | SDL_WINDOW_RESIZABLE));
-    return window_ != nullptr;
+    if (!window_) return false;
+    wasShown_ = false;
+    windowed_ = WindowArea();
+    unframed_ = {windowed_.x, windowed_.y};
+    return true;
 }
 
 void SdlHost::CloseWindow() {
@@ -193,7 +197,9 @@ void SdlHost::TrimSoon() {
 
 void SdlHost::ShowWindow(bool visible) {
     const DisplayCall call(*this);
+    if (shown_ && !fullScreen_) windowed_ = WindowArea();
     shown_ = visible;
+    wasShown_ = wasShown_ || visible;
     if (visible) {
         TrimSoon();
         SDL_ShowWindow(window_.get());

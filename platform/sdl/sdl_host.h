@@ -109,6 +109,7 @@ class SdlHost final : public Host {
     SDL_DisplayMode DesktopMode() const;
     /// A surface that has been missing for too long will not come any more.
     HRESULT WithoutSurface();
+    void FollowScreen();
     /// To be called after pictures were loaded: once they are shown, much of the heap is unused.
     void TrimSoon();
 
@@ -125,7 +126,9 @@ class SdlHost final : public Host {
     bool HasFrame() const;
     /// The window's inside, in screen pixels.
     SDL_Rect WindowArea() const;
+    SDL_Rect PlacedArea() const;
     SDL_Rect ClientRoom() const;
+    void CentreWindow();
     /// The client area in screen pixels, and what of that the screen holds.
     SIZE FullSize() const;
     SIZE FittedSize() const;
@@ -159,14 +162,17 @@ class SdlHost final : public Host {
     std::optional<SIZE> insisted_;            ///< the size that the desktop does not let go of
     WindowSurface surface_;
     std::optional<std::uint64_t> missingSince_;  ///< the surface; SDL's milliseconds
-    bool shown_ = false;                         ///< the window is on the screen
-    std::optional<std::uint64_t> trimDue_;       ///< SDL's milliseconds
-    bool exposed_ = false;                       ///< the screen no longer shows it
+    bool wasShown_ = false;
+    POINT unframed_;                        ///< its place before it had a frame
+    bool shown_ = false;                    ///< the window is on the screen
+    std::optional<std::uint64_t> trimDue_;  ///< SDL's milliseconds
+    bool exposed_ = false;                  ///< the screen no longer shows it
 
     bool fullScreen_ = false;
     SIZE fullScreenPicture_;
     SDL_DisplayMode fullScreenMode_{};
-    /// Where the window was, or is to be, outside full screen; in screen pixels.
+    std::uint64_t nextLook_ = 0;  ///< at the screen's size; SDL's milliseconds
+    /// Where the window was, or is to be, while it is hidden or fills the screen; in screen pixels.
     SDL_Rect windowed_{};
     bool isManaged_ = false;  ///< it had a window manager's frame there
 

@@ -5,12 +5,16 @@
 #include <set>
 
 #include "platform/sdl/sdl_host.h"
+#include "platform/sdl/xlib.h"
 
 namespace korvane {
 namespace {
 
 /// How long a window manager may take to give a window back its place.
 constexpr std::uint64_t kManagerPatienceMs = 500;
+
+/// Between two looks at the size of the screen.
+constexpr std::uint64_t kLookMs = 1000;
 
 /// How long the window may be without a surface to draw on.
 constexpr std::uint64_t kSurfacePatienceMs = 1000;
@@ -127,8 +131,24 @@ HRESULT SdlHost::Present(const PictureView& picture, const RECT& target,
     return state == New && !isWhole ? DDERR_SURFACELOST : S_OK;
 }
 
+/// Without a window manager nobody else makes the window smaller when the screen becomes so. Looks
+/// once a second.
+void SdlHost::FollowScreen() {
+    const std::uint64_t now = SDL_GetTicks64();
+    if (isManaged_ || now < nextLook_) return;
+    nextLook_ = now + kLookMs;
+    const std::optional<SIZE> screen = WholeScreenSize(window_.get());
+    SDL_Rect known{};
+    if (!screen || SDL_GetDisplayBounds(DisplayIndex(), &known) != 0) return;
+    const SIZE wanted{std::min(known.w, screen->cx - known.x),
+                      std::min(known.h, screen->cy - known.y)};
+    if (wanted.cx > 0 && wanted.cy > 0 && wanted != SizeOf(WindowArea()))
+        ResizeFullScreen(window_.get(), wanted);
+}
+
 HRESULT SdlHost::DisplayState() {
     if (!window_ || !fullScreen_) return S_OK;
+    FollowScreen();
     const std::uint32_t flags = SDL_GetWindowFlags(window_.get());
     if ((flags & SDL_WINDOW_INPUT_FOCUS) == 0 || (flags & SDL_WINDOW_MINIMIZED) != 0)
         return DDERR_NOEXCLUSIVEMODE;

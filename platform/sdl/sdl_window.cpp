@@ -75,6 +75,7 @@ void SdlHost::SetScale(int scale) {
     if (scale == scale_ && SizeOf(WindowArea()) == FittedSize()) return;
     scale_ = scale;
     ResizeWindow();
+    if (!wasShown_) CentreWindow();
     Push(HostEventType::Resized);
 }
 
@@ -85,7 +86,7 @@ SIZE SdlHost::FittedSize() const {
 
 /// Gives the window the size that its client area needs, unless the desktop insists on another one.
 void SdlHost::ResizeWindow() {
-    SDL_Rect area = fullScreen_ ? windowed_ : WindowArea();
+    SDL_Rect area = PlacedArea();
     if (!fullScreen_ && insisted_ == SizeOf(area)) return;
     const SIZE size = FittedSize();
     const SDL_Rect room = ClientRoom();
@@ -99,10 +100,16 @@ void SdlHost::ResizeWindow() {
 }
 
 void SdlHost::SetClientOrigin(POINT origin) {
-    const SDL_Rect before = fullScreen_ ? windowed_ : WindowArea();
+    const SDL_Rect before = PlacedArea();
     SDL_Rect area = before;
     area.x = origin.x * scale_;
     area.y = origin.y * scale_;
+    if (area.x == unframed_.x && area.y == unframed_.y) {
+        // That place was meant for the frame, of which nothing was known.
+        const Borders frame = FrameBorders();
+        area.x += frame.left;
+        area.y += frame.top;
+    }
     if (area.x == before.x && area.y == before.y) return;
     MoveWindow(area);
     Push(HostEventType::Moved);  // SDL only tells of moves by others
@@ -110,7 +117,7 @@ void SdlHost::SetClientOrigin(POINT origin) {
 
 RECT SdlHost::ClientArea() {
     if (!fullScreen_) {
-        const SDL_Rect window = WindowArea();
+        const SDL_Rect window = PlacedArea();
         return RectAt({window.x / scale_, window.y / scale_}, clientSize_);
     }
     const SIZE screen = ScreenSize();
@@ -138,6 +145,22 @@ SDL_Rect SdlHost::WindowArea() const {
     SDL_GetWindowPosition(window_.get(), &area.x, &area.y);
     SDL_GetWindowSize(window_.get(), &area.w, &area.h);
     return area;
+}
+
+/// Where the window is outside full screen. What SDL tells of a hidden one is wrong by the frame
+/// that it had.
+SDL_Rect SdlHost::PlacedArea() const {
+    return fullScreen_ || !shown_ ? windowed_ : WindowArea();
+}
+
+/// To be called before the window is first shown.
+void SdlHost::CentreWindow() {
+    const SDL_Rect room = ClientRoom();
+    SDL_Rect area = windowed_;
+    area.x = room.x + (room.w - area.w) / 2;
+    area.y = room.y + (room.h - area.h) / 2;
+    MoveWindow(area);
+    unframed_ = {area.x, area.y};
 }
 
 /// In full screen the window goes there when full screen ends.
