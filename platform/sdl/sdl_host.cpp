@@ -187,6 +187,8 @@ void SdlHost::CloseWindow() {
     window_.reset();
     fullScreen_ = shown_ = false;
     settleDue_.reset();
+    dragged_.reset();
+    insisted_.reset();
     surface_ = WindowSurface();
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
@@ -204,6 +206,7 @@ void SdlHost::ShowWindow(bool visible) {
         TrimSoon();
         SDL_ShowWindow(window_.get());
         SDL_RaiseWindow(window_.get());
+        isNew_ = true;
         SettleSoon();  // the window manager has framed it by then
     } else {
         SDL_HideWindow(window_.get());

@@ -163,6 +163,7 @@ class SdlHost final : public Host {
     WindowSurface surface_;
     std::optional<std::uint64_t> missingSince_;  ///< the surface; SDL's milliseconds
     bool wasShown_ = false;
+    bool isNew_ = false;                    ///< since it was shown its size has not settled
     POINT unframed_;                        ///< its place before it had a frame
     bool shown_ = false;                    ///< the window is on the screen
     std::optional<std::uint64_t> trimDue_;  ///< SDL's milliseconds

@@ -1,6 +1,7 @@
 #include <SDL.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/sdl/desktop_density.h"
 #include "platform/sdl/sdl_host.h"
@@ -57,6 +58,8 @@ SDL_Rect SdlHost::ClientRoom() const {
 }
 
 SIZE SdlHost::ClientLimit() {
+    // A little more than the desktop gives is shown a little smaller.
+    if (insisted_) return {insisted_->cx + insisted_->cx / 10, insisted_->cy + insisted_->cy / 10};
     const SDL_Rect room = ClientRoom();
     const SIZE frame = shown_ ? SIZE{} : kLikelyFrame;
     return {room.w - frame.cx, room.h - frame.cy};
@@ -76,6 +79,7 @@ void SdlHost::SetScale(int scale) {
     scale_ = scale;
     ResizeWindow();
     if (!wasShown_) CentreWindow();
+    SettleSoon();
     Push(HostEventType::Resized);
 }
 
@@ -188,13 +192,15 @@ void SdlHost::Settle() {
     settleDue_.reset();
     if (!window_ || !shown_ || fullScreen_) return;
     const SIZE size = SizeOf(WindowArea());
+    const bool isNew = std::exchange(isNew_, false);
     if (size == insisted_) return;
-    insisted_.reset();
+    const bool insistedBefore = std::exchange(insisted_, std::nullopt).has_value();
     if (size == FittedSize()) return dragged_.reset();
-    if (size == SIZE{windowed_.w, windowed_.h}) return ResizeWindow();  // a frame has come
-    // A size that comes again in spite of ours is meant.
+    if (size == SizeOf(windowed_)) return ResizeWindow();  // a frame has come
+    // Nobody drags the edge of a window that has just come, and a size that comes again in spite of
+    // ours is meant.
     const bool isMaximized = (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_MAXIMIZED) != 0;
-    if (isMaximized || size == dragged_) insisted_ = size;
+    if (isNew || insistedBefore || isMaximized || size == dragged_) insisted_ = size;
     dragged_ = size;
     pending_.push_back({.type = HostEventType::EdgeDragged,
                         .x = size.cx,

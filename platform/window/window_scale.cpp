@@ -51,10 +51,8 @@ int LimitedScale(int scale, SIZE clientArea, SIZE limit) {
 }
 
 int DraggedScale(SIZE dragged, bool insists, SIZE clientArea, SIZE limit) {
-    const double stretch = StretchTo(dragged, clientArea);
-    const double whole = insists ? std::floor(stretch) : std::round(stretch);
-    return LimitedScale(static_cast<int>(std::clamp(whole, 1.0, double{kLargestScale})), clientArea,
-                        insists ? dragged : limit);
+    const auto nearest = static_cast<int>(std::lround(StretchTo(dragged, clientArea)));
+    return LimitedScale(insists ? kLargestScale : nearest, clientArea, limit);
 }
 
 std::optional<int> ChosenWindowScale() {

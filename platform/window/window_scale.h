@@ -17,7 +17,8 @@ inline constexpr int kLargestScale = 16;
 int ScaleFor(const DesktopDensity& density);
 /// The nearest scale, from 1, at which a client area fits into a limit in screen pixels.
 int LimitedScale(int scale, SIZE clientArea, SIZE limit);
-/// The scale for a window whose edge was dragged to this size; `insists`: the largest that fits.
+/// The scale for a window whose edge was dragged to this size: the nearest; the largest where the
+/// desktop insists.
 int DraggedScale(SIZE dragged, bool insists, SIZE clientArea, SIZE limit);
 
 /// The scale that the user has chosen; nothing: the desktop's.
