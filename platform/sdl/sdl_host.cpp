@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <string_view>
 #include <thread>
 #include <tuple>
@@ -28,9 +29,6 @@ void SetHints() {
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
     // Closing is one event, not two.
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
-    // No text of ours needs composed letters, and reading the rules for them is two thirds of the
-    // time that Xlib takes to open the display.
-    SDL_setenv("XCOMPOSEFILE", "/dev/null", /*overwrite=*/0);
 }
 
 /// A Wayland compositor, which scales by itself, so that all sizes are before that.
@@ -58,9 +56,15 @@ bool DriverShowsNothing() {
 
 /// The driver that SDL tries first where the user names none.
 bool StartX11() {
+    // No text of ours needs composed letters, and reading the rules for them is two thirds of the
+    // time that Xlib takes to open the display. On Wayland others read them, and complain.
+    constexpr const char* kRules = "XCOMPOSEFILE";
+    const bool isOurs = std::getenv(kRules) == nullptr;
+    if (isOurs) setenv(kRules, "/dev/null", 1);
     SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
     const bool started = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
     SDL_ResetHint(SDL_HINT_VIDEODRIVER);
+    if (isOurs && !started) unsetenv(kRules);
     return started;
 }
 
@@ -118,7 +122,7 @@ void SdlHost::Sleep(std::uint32_t milliseconds) {
 /// Asks the compositor itself before SDL does, which does not survive one without a seat.
 bool SdlHost::StartDriver() {
     const char* const named = SDL_GetHint(SDL_HINT_VIDEODRIVER);
-    if (named == nullptr && StartX11()) return true;
+    if ((named == nullptr || named == std::string_view("x11")) && StartX11()) return true;
     const bool mayBeWayland =
         named == nullptr || std::string_view(named).find("wayland") != std::string_view::npos;
     if (mayBeWayland && WaylandLacksSeat()) {

@@ -128,6 +128,7 @@ class SdlHost final : public Host {
     SDL_Rect WindowArea() const;
     SDL_Rect PlacedArea() const;
     SDL_Rect ClientRoom() const;
+    SDL_Rect MovedIntoRoom(SDL_Rect area) const;
     void CentreWindow();
     /// The client area in screen pixels, and what of that the screen holds.
     SIZE FullSize() const;

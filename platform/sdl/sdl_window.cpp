@@ -88,19 +88,22 @@ SIZE SdlHost::FittedSize() const {
     return FittedInto(FullSize(), {room.w, room.h});
 }
 
+SDL_Rect SdlHost::MovedIntoRoom(SDL_Rect area) const {
+    const SDL_Rect room = ClientRoom();
+    area.x = MovedInto(area.x, area.w, room.x, room.w);
+    area.y = MovedInto(area.y, area.h, room.y, room.h);
+    return area;
+}
+
 /// Gives the window the size that its client area needs, unless the desktop insists on another one.
 void SdlHost::ResizeWindow() {
     SDL_Rect area = PlacedArea();
     if (!fullScreen_ && insisted_ == SizeOf(area)) return;
     const SIZE size = FittedSize();
-    const SDL_Rect room = ClientRoom();
-    if (size.cx > area.w || size.cy > area.h || size != FullSize()) {
-        area.x = MovedInto(area.x, size.cx, room.x, room.w);
-        area.y = MovedInto(area.y, size.cy, room.y, room.h);
-    }
+    const bool isLarger = size.cx > area.w || size.cy > area.h;
     area.w = size.cx;
     area.h = size.cy;
-    MoveWindow(area);
+    MoveWindow(isLarger || size != FullSize() ? MovedIntoRoom(area) : area);
 }
 
 void SdlHost::SetClientOrigin(POINT origin) {
@@ -114,6 +117,7 @@ void SdlHost::SetClientOrigin(POINT origin) {
         area.x += frame.left;
         area.y += frame.top;
     }
+    if (FittedSize() != FullSize()) area = MovedIntoRoom(area);  // there is no room to spare
     if (area.x == before.x && area.y == before.y) return;
     MoveWindow(area);
     Push(HostEventType::Moved);  // SDL only tells of moves by others
@@ -193,10 +197,10 @@ void SdlHost::Settle() {
     if (!window_ || !shown_ || fullScreen_) return;
     const SIZE size = SizeOf(WindowArea());
     const bool isNew = std::exchange(isNew_, false);
-    if (size == insisted_) return;
+    if (size == insisted_ && size != FittedSize()) return;
     const bool insistedBefore = std::exchange(insisted_, std::nullopt).has_value();
     if (size == FittedSize()) return dragged_.reset();
-    if (size == SizeOf(windowed_)) return ResizeWindow();  // a frame has come
+    if (!insistedBefore && size == SizeOf(windowed_)) return ResizeWindow();  // a frame has come
     // Nobody drags the edge of a window that has just come, and a size that comes again in spite of
     // ours is meant.
     const bool isMaximized = (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_MAXIMIZED) != 0;
