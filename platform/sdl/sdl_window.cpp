@@ -111,11 +111,11 @@ void SdlHost::SetClientOrigin(POINT origin) {
     SDL_Rect area = before;
     area.x = origin.x * scale_;
     area.y = origin.y * scale_;
-    if (area.x == unframed_.x && area.y == unframed_.y) {
+    if (origin == POINT{unframed_.x / scale_, unframed_.y / scale_}) {
         // That place was meant for the frame, of which nothing was known.
         const Borders frame = FrameBorders();
-        area.x += frame.left;
-        area.y += frame.top;
+        area.x = unframed_.x + frame.left;
+        area.y = unframed_.y + frame.top;
     }
     if (FittedSize() != FullSize()) area = MovedIntoRoom(area);  // there is no room to spare
     if (area.x == before.x && area.y == before.y) return;

@@ -151,6 +151,8 @@ class Sway(WaylandDesktop):
                               "default_border none",
                               f"output HEADLESS-1 resolution {width}x{height} scale {scale}",
                               f"exec printenv DISPLAY > {self.folder}/display"]
+        if xwayland:  # the program may run as another user than the server
+            self.configuration.append(f"exec xhost +si:localuser:{pwd.getpwuid(os.getuid()).pw_name}")
         if not tiled:
             self.configuration.append("for_window [title=.*] floating enable")
 
