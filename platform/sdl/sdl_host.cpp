@@ -210,8 +210,9 @@ void SdlHost::ShowWindow(bool visible) {
         TrimSoon();
         SDL_ShowWindow(window_.get());
         SDL_RaiseWindow(window_.get());
-        isNew_ = true;
-        SettleSoon();  // the window manager has framed it by then
+        dragged_.reset();
+        insisted_.reset();
+        AwaitSettling();  // the window manager has framed it by then
     } else {
         SDL_HideWindow(window_.get());
     }

@@ -138,6 +138,8 @@ class SdlHost final : public Host {
     void PlaceWindow(const SDL_Rect& area);
     /// To be called when the window's size or frame may have changed.
     void SettleSoon();
+    /// The next size that is not ours is not one that somebody has dragged the window to.
+    void AwaitSettling();
     void Settle();
     WindowSurface::Frame ShownFrame() const;
     int ShownScale(const WindowSurface::Frame& frame) const;

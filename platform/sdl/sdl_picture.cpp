@@ -29,7 +29,7 @@ bool SdlHost::EnterFullScreen(SIZE pictureSize) {
     if (!window_) return false;
     const DisplayCall call(*this);
     if (!fullScreen_) {
-        windowed_ = WindowArea();
+        windowed_ = PlacedArea();
         isManaged_ = HasFrame();
         SDL_Rect screen = windowed_;
         SDL_GetDisplayBounds(DisplayIndex(), &screen);
@@ -79,6 +79,7 @@ void SdlHost::LeaveFullScreen() {
         windowed_.y = now.y;
     }
     PlaceWindow(windowed_);
+    AwaitSettling();  // the manager may still be at it
     surface_.Forget();
     TrimSoon();
 }
@@ -137,6 +138,7 @@ void SdlHost::FollowScreen() {
     const std::uint64_t now = SDL_GetTicks64();
     if (isManaged_ || now < nextLook_) return;
     nextLook_ = now + kLookMs;
+    const DisplayCall call(*this);
     const std::optional<SIZE> screen = WholeScreenSize(window_.get());
     SDL_Rect known{};
     if (!screen || SDL_GetDisplayBounds(DisplayIndex(), &known) != 0) return;

@@ -187,6 +187,11 @@ void SdlHost::SettleSoon() {
     settleDue_ = SDL_GetTicks64() + kSettleMs;
 }
 
+void SdlHost::AwaitSettling() {
+    isNew_ = true;
+    SettleSoon();
+}
+
 /// When the window's size has rested for a moment: one that is not ours was given by somebody who
 /// dragged the edge, or by the desktop.
 void SdlHost::Settle() {
@@ -201,8 +206,8 @@ void SdlHost::Settle() {
     const bool insistedBefore = std::exchange(insisted_, std::nullopt).has_value();
     if (size == FittedSize()) return dragged_.reset();
     if (!insistedBefore && size == SizeOf(windowed_)) return ResizeWindow();  // a frame has come
-    // Nobody drags the edge of a window that has just come, and a size that comes again in spite of
-    // ours is meant.
+    // Nobody drags the edge of a window that has just come or left full screen, and a size that
+    // comes again in spite of ours is meant.
     const bool isMaximized = (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_MAXIMIZED) != 0;
     if (isNew || insistedBefore || isMaximized || size == dragged_) insisted_ = size;
     dragged_ = size;
