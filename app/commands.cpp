@@ -11,9 +11,11 @@
 #include "app/main_window.h"
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
+#include "app/window_size.h"
 #include "audio/music_player.h"
 #include "game/frame/game_frame.h"
 #include "gfx/display.h"
+#include "platform/window/window_scale.h"
 #include "res/about_dialog.h"
 #include "res/advanced_dialog.h"
 #include "res/commands.h"
@@ -92,6 +94,17 @@ void About() {
     DialogBox(kAboutDlg, mainWindow, AboutDlg);
 }
 
+template <int steps>
+void StepWindow() {
+    StepWindowScale(steps);
+    RememberWindowScale();
+}
+
+void UseUsualWindow() {
+    ChooseWindowScale(std::nullopt);
+    RememberWindowScale();
+}
+
 struct CommandAction {
     Command id;
     void (*run)();
@@ -111,6 +124,9 @@ constexpr std::array kCommandActions = {
     CommandAction{kCmdSoundEffects, ToggleSoundEffects},
     CommandAction{kCmdShowFps, ToggleFps},
     CommandAction{kCmdToggleFullScreen, ToggleFullScreen},
+    CommandAction{kCmdLargerWindow, StepWindow<1>},
+    CommandAction{kCmdSmallerWindow, StepWindow<-1>},
+    CommandAction{kCmdUsualWindow, UseUsualWindow},
     CommandAction{kCmdHighScores, ToggleHighScores},
     CommandAction{kCmdGotoMenu, GotoMenu},
     CommandAction{kCmdExit, Exit},

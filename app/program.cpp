@@ -15,6 +15,7 @@
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
 #include "app/window_proc.h"
+#include "app/window_size.h"
 #include "audio/audio.h"
 #include "audio/music_player.h"
 #include "game/frame/game_frame.h"
@@ -113,6 +114,7 @@ HRESULT RenderFrame(HWND window) {
 bool StartUp() {
     SetEmergencySave(SaveAll);
     BeginAutosave();
+    RecallWindowScale();
     if (Failed(CreateMainWindow(mainWindow))) {
         SetEmergencySave({});
         TellOnTerminal(
@@ -147,7 +149,8 @@ std::optional<int> RunLoopPass() {
     if (PeekMessage(message, PM_NOREMOVE)) {
         if (!GetMessage(message)) return static_cast<int>(message.wParam);
         if (IsFreshPress(message, VK_ESCAPE)) OnEscape();
-        if (!TranslateAccelerator(mainWindow, kAccelerators, message)) DispatchMessage(message);
+        if (!TranslateAccelerator(mainWindow, kAccelerators, message) && !TranslateSizeKey(message))
+            DispatchMessage(message);
     } else if (!appActive) {
         SaveChanges();
         WaitMessage();

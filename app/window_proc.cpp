@@ -12,6 +12,7 @@
 #include "app/screen_adapter.h"
 #include "app/state/process_state.h"
 #include "app/state/settings.h"
+#include "app/window_size.h"
 #include "audio/audio.h"
 #include "audio/music_player.h"
 #include "game/frame/game_frame.h"
@@ -60,6 +61,7 @@ void OnActivate(WPARAM wParam) {
 void OnSize(WPARAM wParam) {
     appActive = wParam != SIZE_MINIMIZED && wParam != SIZE_MAXHIDE;
     if (currentDisplay) currentDisplay->UpdateWindowRect();
+    RememberWindowScale();  // the user may have dragged an edge
 }
 
 bool IsRefusedInFullScreen(WPARAM systemCommand) {

@@ -23,4 +23,15 @@ inline constexpr std::array kAccelerators = {
     ACCEL{FCONTROL | FSHIFT, 'X', kCmdExit},
 };
 
+/// The keys that change the window's size. Some layouts have the plus sign on Shift.
+inline constexpr std::array kSizeKeys = {
+    ACCEL{FCONTROL, VK_OEM_PLUS, kCmdLargerWindow},
+    ACCEL{FCONTROL | FSHIFT, VK_OEM_PLUS, kCmdLargerWindow},
+    ACCEL{FCONTROL, VK_ADD, kCmdLargerWindow},
+    ACCEL{FCONTROL, VK_OEM_MINUS, kCmdSmallerWindow},
+    ACCEL{FCONTROL, VK_SUBTRACT, kCmdSmallerWindow},
+    ACCEL{FCONTROL, '0', kCmdUsualWindow},
+    ACCEL{FCONTROL, VK_NUMPAD0, kCmdUsualWindow},
+};
+
 }  // namespace korvane

@@ -34,6 +34,9 @@ enum Command : std::uint16_t {
     kCmdShowFps = 40025,
     kCmdLevelSettings = 40026,  ///< neither the menu nor a key gives it
     kCmdSfxSettings = 40027,
+    kCmdLargerWindow = 40101,  ///< these three come from keys alone
+    kCmdSmallerWindow = 40102,
+    kCmdUsualWindow = 40103,
 };
 
 }  // namespace korvane

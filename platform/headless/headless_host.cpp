@@ -108,6 +108,14 @@ void HeadlessHost::SetClientSize(SIZE size) {
     Push({.type = HostEventType::Resized});
 }
 
+void HeadlessHost::SetScale(int scale) {
+    if (scale == scale_) return;
+    scale_ = scale;
+    if (fullScreen_) return;
+    Resize(clientSize_);
+    Push({.type = HostEventType::Resized});
+}
+
 void HeadlessHost::SetClientOrigin(POINT origin) {
     if (origin == clientOrigin_) return;
     clientOrigin_ = origin;

@@ -76,9 +76,9 @@ class HeadlessHost final : public Host {
     /// There is no sound device.
     void RefuseSound(bool refuse) { refuseSound_ = refuse; }
     void SetDisplayModes(std::vector<DisplayMode> modes) { modes_ = std::move(modes); }
-    /// Screen pixels for each layer pixel of a window opened or resized from now on; full screen
-    /// shows its picture 1:1.
-    void SetScale(int scale) { scale_ = scale; }
+    /// What the desktop says, and what it has room for. Full screen shows its picture 1:1 always.
+    void SetDensity(const DesktopDensity& density) { density_ = density; }
+    void SetClientLimit(SIZE limit) { clientLimit_ = limit; }
 
     std::uint32_t Milliseconds() override { return milliseconds_; }
     std::uint64_t Counter() override;
@@ -96,6 +96,9 @@ class HeadlessHost final : public Host {
     SIZE ScreenSize() override { return kScreen; }
     RECT WorkArea() override { return RectAt({}, kScreen); }
     int Scale() override { return scale_; }
+    void SetScale(int scale) override;
+    DesktopDensity Density() override { return density_; }
+    SIZE ClientLimit() override { return clientLimit_; }
     bool NextEvent(HostEvent& event) override;
     void WaitForEvent(std::optional<std::uint32_t> milliseconds) override;
     void AcceptText(bool accept) override { acceptsText_ = accept; }
@@ -147,8 +150,10 @@ class HeadlessHost final : public Host {
     POINT clientOrigin_{100, 100};
     SIZE clientSize_;
     int scale_ = 1;
+    DesktopDensity density_;
     SIZE windowedSize_;
     static constexpr SIZE kScreen = {1280, 1024};
+    SIZE clientLimit_ = kScreen;
     std::vector<DisplayMode> modes_;
     std::vector<std::uint32_t> picture_;
     int presents_ = 0;

@@ -31,6 +31,8 @@ enum class HostEventType : std::uint8_t {
     Restored,
     Moved,
     Resized,
+    EdgeDragged,     ///< x, y: the client area that was asked for, in screen pixels; amount 1: the
+                     ///< desktop insists on this size
     CloseRequested,  ///< the window's close box, or the session asked for it
     Terminate,       ///< SIGTERM, SIGINT or SIGHUP: the program is asked to end
     SoundFound,      ///< there is a sound device now, after OpenSound has found none
@@ -67,10 +69,18 @@ struct DisplayMode {
     int refreshHz = 0;
 };
 
+/// What the desktop says about how large things are to be; nothing where it does not say.
+struct DesktopDensity {
+    std::optional<double> scale;       ///< the desktop's own, 1 where it enlarges windows by itself
+    std::optional<double> fontDpi;     ///< dots per inch that its fonts are made for
+    std::optional<double> monitorDpi;  ///< as the monitor tells
+};
+
 /// The machine under the game: clock, the one window and its events, picture and sound out, files.
 ///
 /// Every size and point is in layer pixels: screen pixels divided by Scale(), a whole number from 1
-/// (an ordinary monitor) upwards. All calls come from one thread.
+/// (an ordinary monitor) upwards. All calls come from one thread. Where the screen has not even
+/// room for one screen pixel each, the machine shows everything smaller, and nobody notices.
 class Host {
   public:
     virtual ~Host() = default;
@@ -101,6 +111,12 @@ class Host {
     /// The screen without panels and docks.
     virtual RECT WorkArea() = 0;
     virtual int Scale() = 0;
+    /// Each layer pixel takes so many screen pixels from now on; the client area keeps its layer
+    /// pixels, and so changes its size on the screen. Resized follows where something has changed.
+    virtual void SetScale(int scale) = 0;
+    virtual DesktopDensity Density() = 0;
+    /// The largest client area that the work area holds in a frame, in screen pixels.
+    virtual SIZE ClientLimit() = 0;
     /// Takes the next waiting event; false when none waits. Never blocks.
     virtual bool NextEvent(HostEvent& event) = 0;
     /// Blocks until an event waits or the time has passed; no time means without limit.

@@ -54,14 +54,23 @@ void SdlHost::WaitForEvent(std::optional<std::uint32_t> milliseconds) {
         const int left = MillisecondsUntil(end);
         SDL_Event event;
         if (left == 0) return;
-        if (SDL_WaitEventTimeout(&event, left) != 0) Translate(event);
+        if (SDL_WaitEventTimeout(&event, SoonerToSettle(left)) != 0) Translate(event);
     }
+}
+
+/// The shorter one of a wait (-1: without end) and that for the window to settle.
+int SdlHost::SoonerToSettle(int milliseconds) const {
+    if (!settleDue_) return milliseconds;
+    const std::uint64_t now = SDL_GetTicks64();
+    const int toSettle = *settleDue_ > now ? static_cast<int>(*settleDue_ - now) : 1;
+    return milliseconds < 0 ? toSettle : std::min(milliseconds, toSettle);
 }
 
 void SdlHost::PumpEvents() {
     SDL_Event event;
     while (SDL_PollEvent(&event) != 0)
         Translate(event);
+    Settle();
     if (trimDue_ && SDL_GetTicks64() >= *trimDue_) {
         trimDue_.reset();
         TrimHeap();
@@ -114,10 +123,12 @@ void SdlHost::OnWindowEvent(const SDL_WindowEvent& event) {
             exposed_ = true;
             return;
         case SDL_WINDOWEVENT_SIZE_CHANGED:
+            SettleSoon();
             return Push(HostEventType::Resized);
         case SDL_WINDOWEVENT_MOVED:
             return Push(HostEventType::Moved);
         case SDL_WINDOWEVENT_FOCUS_GAINED:
+            missingSince_.reset();
             return Push(HostEventType::Activated);
         case SDL_WINDOWEVENT_FOCUS_LOST:
             return Push(HostEventType::Deactivated);
@@ -151,13 +162,14 @@ void SdlHost::OnText(std::string_view utf8) {
 }
 
 void SdlHost::PushMouse(HostEventType type, int x, int y, int amount) {
-    const RECT place = fullScreen_ ? FullScreenPlace() : RECT{};
-    const int scale = fullScreen_ ? place.Width() / fullScreenPicture_.cx : scale_;
+    const WindowSurface::Frame frame = ShownFrame();
+    const RECT& place = frame.place;
+    const SIZE unit{place.Width() * ShownScale(frame), place.Height() * ShownScale(frame)};
     // Rounded down, so that points left of and above the picture stay outside of it.
     pending_.push_back({.type = type,
                         .modifiers = ModifiersOf(static_cast<unsigned>(SDL_GetModState())),
-                        .x = FloorDivide(x - place.left, scale),
-                        .y = FloorDivide(y - place.top, scale),
+                        .x = FloorDivide((x - place.left) * frame.size.cx, unit.cx),
+                        .y = FloorDivide((y - place.top) * frame.size.cy, unit.cy),
                         .amount = amount});
 }
 

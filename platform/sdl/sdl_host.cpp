@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <string_view>
 #include <thread>
 #include <tuple>
@@ -13,14 +13,12 @@
 
 #include "platform/files/game_folders.h"
 #include "platform/sdl/heap.h"
+#include "platform/sdl/wayland_seat.h"
 
 namespace korvane {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-/// The pixel density that one layer pixel per screen pixel is made for.
-constexpr float kOrdinaryDpi = 96;
 
 /// After this time a window that has come up or filled the screen has shown its first pictures.
 constexpr std::uint64_t kFirstPicturesMs = 1000;
@@ -32,9 +30,6 @@ void SetHints() {
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
     // Closing is one event, not two.
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
-    // No text of ours needs composed letters, and reading the rules for them is two thirds of the
-    // time that Xlib takes to open the display.
-    SDL_setenv("XCOMPOSEFILE", "/dev/null", /*overwrite=*/0);
 }
 
 /// A Wayland compositor, which scales by itself, so that all sizes are before that.
@@ -51,17 +46,6 @@ void ChooseWayToScreen() {
     if (!IsWayland()) SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
 }
 
-/// Screen pixels for one layer pixel: by the display's density, as far as the window then fits.
-int FittingScale(SIZE clientSize) {
-    if (IsWayland()) return 1;
-    float dpi = 0;
-    SDL_Rect usable;
-    if (SDL_GetDisplayDPI(0, nullptr, &dpi, nullptr) != 0) return 1;
-    if (SDL_GetDisplayUsableBounds(0, &usable) != 0) return 1;
-    const int fitting = std::min(usable.w / clientSize.cx, usable.h / clientSize.cy);
-    return std::clamp(static_cast<int>(std::lround(dpi / kOrdinaryDpi)), 1, std::max(1, fitting));
-}
-
 /// Without a display SDL falls back to drivers that show nothing and bring no events. They are used
 /// only when the user names one.
 bool DriverShowsNothing() {
@@ -69,6 +53,20 @@ bool DriverShowsNothing() {
     if (driver == nullptr) return true;
     const std::string_view name = driver;
     return (name == "offscreen" || name == "dummy") && SDL_GetHint(SDL_HINT_VIDEODRIVER) == nullptr;
+}
+
+/// The driver that SDL tries first where the user names none.
+bool StartX11() {
+    // No text of ours needs composed letters, and reading the rules for them is two thirds of the
+    // time that Xlib takes to open the display. On Wayland others read them, and complain.
+    constexpr const char* kRules = "XCOMPOSEFILE";
+    const bool isOurs = std::getenv(kRules) == nullptr;
+    if (isOurs) setenv(kRules, "/dev/null", 1);
+    SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+    const bool started = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
+    SDL_ResetHint(SDL_HINT_VIDEODRIVER);
+    if (isOurs && !started) unsetenv(kRules);
+    return started;
 }
 
 void PushEvent(std::uint32_t type) {
@@ -79,10 +77,6 @@ void PushEvent(std::uint32_t type) {
 
 void PushTerminate() {
     PushEvent(kTerminateEvent);
-}
-
-RECT LayerRect(const SDL_Rect& area, int scale) {
-    return RectAt({area.x / scale, area.y / scale}, {area.w / scale, area.h / scale});
 }
 
 }  // namespace
@@ -131,6 +125,21 @@ void SdlHost::Sleep(std::uint32_t milliseconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
+/// Asks the compositor itself before SDL does, which does not survive one without a seat.
+bool SdlHost::StartDriver() {
+    const char* const named = SDL_GetHint(SDL_HINT_VIDEODRIVER);
+    if ((named == nullptr || named == std::string_view("x11")) && StartX11()) return true;
+    const bool mayBeWayland =
+        named == nullptr || std::string_view(named).find("wayland") != std::string_view::npos;
+    if (mayBeWayland && WaylandLacksSeat()) {
+        Report("Korvane",
+               "The Wayland compositor has no seat, that is neither keyboard nor mouse, "
+               "and SDL cannot start without one.");
+        return false;
+    }
+    return SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
+}
+
 bool SdlHost::StartVideo() {
     if (SDL_WasInit(SDL_INIT_VIDEO) != 0) return true;
     SetHints();
@@ -141,7 +150,7 @@ bool SdlHost::StartVideo() {
         signals_.emplace(SignalWatch::Actions{.ask = PushTerminate,
                                               .save = [this] { return SaveInEmergency(); }});
     }
-    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return false;
+    if (!StartDriver()) return false;
     if (DriverShowsNothing()) {
         SDL_QuitSubSystem(SDL_INIT_VIDEO);
         return false;
@@ -171,17 +180,25 @@ bool SdlHost::SaveInEmergency() {
 bool SdlHost::OpenWindow(const std::string& title, SIZE clientSize) {
     const DisplayCall call(*this);
     if (!StartVideo()) return false;
-    scale_ = FittingScale(clientSize);
-    window_.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
-                                   clientSize.cx * scale_, clientSize.cy * scale_,
-                                   SDL_WINDOW_HIDDEN | SDL_WINDOW_ALLOW_HIGHDPI));
-    return window_ != nullptr;
+    scale_ = 1;
+    clientSize_ = clientSize;
+    window_.reset(SDL_CreateWindow(
+        title.c_str(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, clientSize.cx,
+        clientSize.cy, SDL_WINDOW_HIDDEN | SDL_WINDOW_ALLOW_HIGHDPI | SDL_WINDOW_RESIZABLE));
+    if (!window_) return false;
+    wasShown_ = false;
+    windowed_ = WindowArea();
+    unframed_ = {windowed_.x, windowed_.y};
+    return true;
 }
 
 void SdlHost::CloseWindow() {
     const DisplayCall call(*this);
     window_.reset();
     fullScreen_ = shown_ = false;
+    settleDue_.reset();
+    dragged_.reset();
+    insisted_.reset();
     surface_ = WindowSurface();
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }
@@ -192,11 +209,16 @@ void SdlHost::TrimSoon() {
 
 void SdlHost::ShowWindow(bool visible) {
     const DisplayCall call(*this);
+    if (shown_ && !fullScreen_) windowed_ = WindowArea();
     shown_ = visible;
+    wasShown_ = wasShown_ || visible;
     if (visible) {
         TrimSoon();
         SDL_ShowWindow(window_.get());
         SDL_RaiseWindow(window_.get());
+        dragged_.reset();
+        insisted_.reset();
+        AwaitSettling();  // the window manager has framed it by then
     } else {
         SDL_HideWindow(window_.get());
     }
@@ -215,64 +237,6 @@ void SdlHost::SetIcon(const PictureView& icon) {
 
 void SdlHost::SetTitle(const std::string& title) {
     SDL_SetWindowTitle(window_.get(), title.c_str());
-}
-
-void SdlHost::SetClientSize(SIZE size) {
-    SDL_Rect area = fullScreen_ ? windowed_ : WindowArea();
-    area.w = size.cx * scale_;
-    area.h = size.cy * scale_;
-    MoveWindow(area);
-}
-
-void SdlHost::SetClientOrigin(POINT origin) {
-    const SDL_Rect before = fullScreen_ ? windowed_ : WindowArea();
-    SDL_Rect area = before;
-    area.x = origin.x * scale_;
-    area.y = origin.y * scale_;
-    if (area.x == before.x && area.y == before.y) return;
-    MoveWindow(area);
-    Push(HostEventType::Moved);  // SDL only tells of moves by others
-}
-
-RECT SdlHost::ClientArea() {
-    if (!fullScreen_) return LayerRect(WindowArea(), scale_);
-    const SIZE screen = ScreenSize();
-    return {0, 0, screen.cx, screen.cy};
-}
-
-SIZE SdlHost::ScreenSize() {
-    SDL_Rect bounds{};
-    SDL_GetDisplayBounds(DisplayIndex(), &bounds);
-    return {bounds.w / scale_, bounds.h / scale_};
-}
-
-RECT SdlHost::WorkArea() {
-    SDL_Rect bounds{};
-    SDL_GetDisplayUsableBounds(DisplayIndex(), &bounds);
-    return LayerRect(bounds, scale_);
-}
-
-int SdlHost::DisplayIndex() const {
-    return window_ ? std::max(0, SDL_GetWindowDisplayIndex(window_.get())) : 0;
-}
-
-SDL_Rect SdlHost::WindowArea() const {
-    SDL_Rect area{};
-    SDL_GetWindowPosition(window_.get(), &area.x, &area.y);
-    SDL_GetWindowSize(window_.get(), &area.w, &area.h);
-    return area;
-}
-
-/// In full screen the window goes there when full screen ends.
-void SdlHost::MoveWindow(const SDL_Rect& area) {
-    windowed_ = area;
-    if (!fullScreen_) PlaceWindow(area);
-}
-
-void SdlHost::PlaceWindow(const SDL_Rect& area) {
-    const SDL_Rect now = WindowArea();
-    if (now.w != area.w || now.h != area.h) SDL_SetWindowSize(window_.get(), area.w, area.h);
-    if (now.x != area.x || now.y != area.y) SDL_SetWindowPosition(window_.get(), area.x, area.y);
 }
 
 void SdlHost::AcceptText(bool accept) {

@@ -54,6 +54,9 @@ class SdlHost final : public Host {
     SIZE ScreenSize() override;
     RECT WorkArea() override;
     int Scale() override { return scale_; }
+    void SetScale(int scale) override;
+    DesktopDensity Density() override;
+    SIZE ClientLimit() override;
     bool NextEvent(HostEvent& event) override;
     void WaitForEvent(std::optional<std::uint32_t> milliseconds) override;
 
@@ -101,22 +104,52 @@ class SdlHost final : public Host {
     };
 
     bool StartVideo();
+    bool StartDriver();
     /// False when there is nothing to save any more.
     bool SaveInEmergency();
-    int DisplayIndex() const;
-    SDL_DisplayMode DesktopMode() const;
-    /// The window's inside, in screen pixels.
-    SDL_Rect WindowArea() const;
-    void MoveWindow(const SDL_Rect& area);
-    void PlaceWindow(const SDL_Rect& area);
-    bool HasFrame() const;
     bool AwaitReturnFrom(const SDL_Rect& full) const;
-    RECT FullScreenPlace() const;
+    SDL_DisplayMode DesktopMode() const;
+    /// A surface that has been missing for too long will not come any more.
+    HRESULT WithoutSurface();
+    void FollowScreen();
     /// To be called after pictures were loaded: once they are shown, much of the heap is unused.
     void TrimSoon();
 
+    // In sdl_window.cpp.
+
+    /// What the window manager's frame takes on each side, in screen pixels.
+    struct Borders {
+        int left = 0, top = 0, right = 0, bottom = 0;
+    };
+
+    static SIZE SizeOf(const SDL_Rect& area) { return {area.w, area.h}; }
+    int DisplayIndex() const;
+    Borders FrameBorders() const;
+    bool HasFrame() const;
+    /// The window's inside, in screen pixels.
+    SDL_Rect WindowArea() const;
+    SDL_Rect PlacedArea() const;
+    SDL_Rect ClientRoom() const;
+    SDL_Rect MovedIntoRoom(SDL_Rect area) const;
+    void CentreWindow();
+    /// The client area in screen pixels, and what of that the screen holds.
+    SIZE FullSize() const;
+    SIZE FittedSize() const;
+    void ResizeWindow();
+    void MoveWindow(const SDL_Rect& area);
+    void PlaceWindow(const SDL_Rect& area);
+    /// To be called when the window's size or frame may have changed.
+    void SettleSoon();
+    /// The next size that is not ours is not one that somebody has dragged the window to.
+    void AwaitSettling();
+    void Settle();
+    WindowSurface::Frame ShownFrame() const;
+    int ShownScale(const WindowSurface::Frame& frame) const;
+
     // In sdl_events.cpp.
+
     void PumpEvents();
+    int SoonerToSettle(int milliseconds) const;
     void Translate(const SDL_Event& event);
     void OnWindowEvent(const SDL_WindowEvent& event);
     void OnKey(const SDL_KeyboardEvent& event);
@@ -128,7 +161,15 @@ class SdlHost final : public Host {
     std::unique_ptr<Files> files_;
     std::unique_ptr<SDL_Window, WindowDeleter> window_;
     int scale_ = 1;
+    SIZE clientSize_;                         ///< in layer pixels
+    std::optional<std::uint64_t> settleDue_;  ///< SDL's milliseconds
+    std::optional<SIZE> dragged_;             ///< the window's size when the game was last told
+    std::optional<SIZE> insisted_;            ///< the size that the desktop does not let go of
     WindowSurface surface_;
+    std::optional<std::uint64_t> missingSince_;  ///< the surface; SDL's milliseconds
+    bool wasShown_ = false;
+    bool isNew_ = false;                    ///< since it was shown its size has not settled
+    POINT unframed_;                        ///< its place before it had a frame
     bool shown_ = false;                    ///< the window is on the screen
     std::optional<std::uint64_t> trimDue_;  ///< SDL's milliseconds
     bool exposed_ = false;                  ///< the screen no longer shows it
@@ -136,7 +177,8 @@ class SdlHost final : public Host {
     bool fullScreen_ = false;
     SIZE fullScreenPicture_;
     SDL_DisplayMode fullScreenMode_{};
-    /// Where the window was, or is to be, outside full screen; in screen pixels.
+    std::uint64_t nextLook_ = 0;  ///< at the screen's size; SDL's milliseconds
+    /// Where the window was, or is to be, while it is hidden or fills the screen; in screen pixels.
     SDL_Rect windowed_{};
     bool isManaged_ = false;  ///< it had a window manager's frame there
 

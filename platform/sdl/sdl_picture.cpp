@@ -5,6 +5,7 @@
 #include <set>
 
 #include "platform/sdl/sdl_host.h"
+#include "platform/sdl/xlib.h"
 
 namespace korvane {
 namespace {
@@ -12,26 +13,23 @@ namespace {
 /// How long a window manager may take to give a window back its place.
 constexpr std::uint64_t kManagerPatienceMs = 500;
 
+/// Between two looks at the size of the screen.
+constexpr std::uint64_t kLookMs = 1000;
+
+/// How long the window may be without a surface to draw on.
+constexpr std::uint64_t kSurfacePatienceMs = 1000;
+
 bool IsSameMode(const SDL_DisplayMode& a, const SDL_DisplayMode& b) {
     return a.w == b.w && a.h == b.h && a.refresh_rate == b.refresh_rate;
 }
 
 }  // namespace
 
-/// True when a window manager has framed the window. Without one we must make it as large as the
-/// screen ourselves, and small again.
-bool SdlHost::HasFrame() const {
-    int top = 0;
-    int left = 0;
-    return SDL_GetWindowBordersSize(window_.get(), &top, &left, nullptr, nullptr) == 0 &&
-           (top != 0 || left != 0);
-}
-
 bool SdlHost::EnterFullScreen(SIZE pictureSize) {
     if (!window_) return false;
     const DisplayCall call(*this);
     if (!fullScreen_) {
-        windowed_ = WindowArea();
+        windowed_ = PlacedArea();
         isManaged_ = HasFrame();
         SDL_Rect screen = windowed_;
         SDL_GetDisplayBounds(DisplayIndex(), &screen);
@@ -81,20 +79,9 @@ void SdlHost::LeaveFullScreen() {
         windowed_.y = now.y;
     }
     PlaceWindow(windowed_);
+    AwaitSettling();  // the manager may still be at it
     surface_.Forget();
     TrimSoon();
-}
-
-/// Where full screen shows its picture: in the middle, at the largest whole-number scale that fits.
-/// A screen smaller than the picture shows the picture's top left part.
-RECT SdlHost::FullScreenPlace() const {
-    const SDL_Rect screen = WindowArea();
-    const SIZE picture = fullScreenPicture_;
-    const int scale = std::max(1, std::min(screen.w / picture.cx, screen.h / picture.cy));
-    const SIZE shown{picture.cx * scale, picture.cy * scale};
-    const POINT corner{std::max(0, (screen.w - shown.cx) / 2),
-                       std::max(0, (screen.h - shown.cy) / 2)};
-    return RectAt(corner, shown);
 }
 
 std::vector<DisplayMode> SdlHost::DisplayModes() {
@@ -117,16 +104,26 @@ SDL_DisplayMode SdlHost::DesktopMode() const {
     return mode;
 }
 
+HRESULT SdlHost::WithoutSurface() {
+    const std::uint64_t now = SDL_GetTicks64();
+    if (!missingSince_) missingSince_ = now;
+    return now - *missingSince_ < kSurfacePatienceMs ? DDERR_SURFACELOST : E_FAIL;
+}
+
 HRESULT SdlHost::Present(const PictureView& picture, const RECT& target,
                          std::span<const RECT> changed) {
     using enum WindowSurface::State;
     if (!window_) return E_FAIL;
     const DisplayCall call(*this);
-    const RECT inWindow{target.left * scale_, target.top * scale_, target.right * scale_,
-                        target.bottom * scale_};
-    const WindowSurface::State state =
-        surface_.Draw(window_.get(), picture, fullScreen_ ? FullScreenPlace() : inWindow, changed);
-    if (state == Missing) return DDERR_SURFACELOST;
+    const WindowSurface::Frame frame = ShownFrame();
+    const int scale = ShownScale(frame);
+    RECT place{0, 0, frame.size.cx, frame.size.cy};
+    if (!fullScreen_)
+        place = {target.left * scale, target.top * scale, target.right * scale,
+                 target.bottom * scale};
+    const WindowSurface::State state = surface_.Draw(window_.get(), frame, picture, place, changed);
+    if (state == Missing) return WithoutSurface();
+    missingSince_.reset();
     // A hidden window asks for its content when it is shown; sending it before is wasted.
     if (shown_ && !surface_.Send(window_.get())) return DDERR_SURFACELOST;
     // A new surface must get the whole picture.
@@ -135,8 +132,25 @@ HRESULT SdlHost::Present(const PictureView& picture, const RECT& target,
     return state == New && !isWhole ? DDERR_SURFACELOST : S_OK;
 }
 
+/// Without a window manager nobody else makes the window smaller when the screen becomes so. Looks
+/// once a second.
+void SdlHost::FollowScreen() {
+    const std::uint64_t now = SDL_GetTicks64();
+    if (isManaged_ || now < nextLook_) return;
+    nextLook_ = now + kLookMs;
+    const DisplayCall call(*this);
+    const std::optional<SIZE> screen = WholeScreenSize(window_.get());
+    SDL_Rect known{};
+    if (!screen || SDL_GetDisplayBounds(DisplayIndex(), &known) != 0) return;
+    const SIZE wanted{std::min(known.w, screen->cx - known.x),
+                      std::min(known.h, screen->cy - known.y)};
+    if (wanted.cx > 0 && wanted.cy > 0 && wanted != SizeOf(WindowArea()))
+        ResizeFullScreen(window_.get(), wanted);
+}
+
 HRESULT SdlHost::DisplayState() {
     if (!window_ || !fullScreen_) return S_OK;
+    FollowScreen();
     const std::uint32_t flags = SDL_GetWindowFlags(window_.get());
     if ((flags & SDL_WINDOW_INPUT_FOCUS) == 0 || (flags & SDL_WINDOW_MINIMIZED) != 0)
         return DDERR_NOEXCLUSIVEMODE;

@@ -32,21 +32,33 @@ void CopyRow(const std::uint32_t* from, int width, const SDL_Surface& surface, s
 
 }  // namespace
 
-WindowSurface::State WindowSurface::Draw(SDL_Window* window, const PictureView& picture,
-                                         const RECT& target, std::span<const RECT> changed) {
+/// A new surface is black. SDL makes one when the window changes size.
+void WindowSurface::Begin(SDL_Surface& surface, const Frame& frame) {
+    SDL_FillRect(&surface, nullptr, SDL_MapRGB(surface.format, 0, 0, 0));
+    surface.userdata = this;
+    frame_ = frame;
+    sendAll_ = true;
+    whole_.reset();
+    if (frame.place.Size() != frame.size)
+        whole_.reset(SDL_CreateRGBSurfaceWithFormat(
+            0, frame.size.cx, frame.size.cy, surface.format->BitsPerPixel, surface.format->format));
+}
+
+WindowSurface::State WindowSurface::Draw(SDL_Window* window, const Frame& frame,
+                                         const PictureView& picture, const RECT& target,
+                                         std::span<const RECT> changed) {
     SDL_Surface* const surface = SDL_GetWindowSurface(window);
     if (surface == nullptr) return State::Missing;
-    // SDL makes a new surface when the window changes size, perhaps at the same address. Ours is
-    // marked.
-    const bool isNew = std::exchange(forgotten_, false) || surface->userdata != this;
-    if (isNew) {
-        SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));
-        surface->userdata = this;
-        sendAll_ = true;
-    }
+    // A new surface may have the old one's address. Ours is marked.
+    const bool isNew =
+        std::exchange(forgotten_, false) || surface->userdata != this || frame != frame_;
+    if (isNew) Begin(*surface, frame);
+    SDL_Surface& drawn = whole_ ? *whole_ : *surface;
+    const POINT corner = whole_ ? POINT{} : POINT{frame.place.left, frame.place.top};
+    const RECT place = RectAt({corner.x + target.left, corner.y + target.top}, target.Size());
     for (const RECT& part : changed) {
         const RECT source = Intersect(part, {0, 0, picture.width, picture.height});
-        if (!source.IsEmpty() && !target.IsEmpty()) DrawPart(*surface, picture, target, source);
+        if (!source.IsEmpty() && !target.IsEmpty()) DrawPart(drawn, picture, place, source);
     }
     return isNew ? State::New : State::Kept;
 }
@@ -86,8 +98,22 @@ void WindowSurface::DrawPart(SDL_Surface& surface, const PictureView& picture, c
     unsent_.push_back({place.left, place.top, place.Width(), place.Height()});
 }
 
+/// Brings the whole to its place. A screen of few colours gets it unsmoothed.
+void WindowSurface::Shrink(SDL_Surface& surface) const {
+    SDL_Rect place{frame_.place.left, frame_.place.top, frame_.place.Width(),
+                   frame_.place.Height()};
+    if (SDL_SoftStretchLinear(whole_.get(), nullptr, &surface, &place) != 0)
+        SDL_SoftStretch(whole_.get(), nullptr, &surface, &place);
+}
+
 bool WindowSurface::Send(SDL_Window* window) {
     if (unsent_.empty() && !sendAll_) return true;
+    if (whole_) {
+        SDL_Surface* const surface = SDL_GetWindowSurface(window);
+        if (surface == nullptr) return false;
+        Shrink(*surface);
+        sendAll_ = true;
+    }
     const int failed = sendAll_ ? SDL_UpdateWindowSurface(window)
                                 : SDL_UpdateWindowSurfaceRects(window, unsent_.data(),
                                                                static_cast<int>(unsent_.size()));

@@ -63,6 +63,7 @@ struct Desktop final : MenuOwner {
     std::uint8_t modifiers = 0;       ///< as of the last message taken
     std::bitset<256> heldAsPlainKey;  ///< keys whose press went out as WM_KEYDOWN
     std::optional<SIZE> fullScreen;   ///< size of the picture shown in full screen
+    std::optional<int> chosenScale;   ///< of the window, by the user
     ModalWindow* modal = nullptr;     ///< the box or dialog that has keys and mouse now
     MenuBar menuBar{*this};
     ShownPicture picture;

@@ -1,5 +1,6 @@
 #include "platform/window/desktop.h"
 #include "platform/window/modal_window.h"
+#include "platform/window/window_scale.h"
 
 namespace korvane {
 namespace {
@@ -77,6 +78,8 @@ void OnHostEvent(Window& window, const HostEvent& event) {
             return;
         case HostEventType::Moved:
             return OnMoved(window);
+        case HostEventType::EdgeDragged:
+            return OnEdgeDragged(event);
         case HostEventType::CloseRequested:
             return Enqueue(WM_SYSCOMMAND, SC_CLOSE, 0);
         case HostEventType::Terminate:

@@ -23,6 +23,7 @@ class MessageBoxWindow final : public ModalWindow {
     void OnPointer(const HostEvent& event, POINT at) override;
     void OnInputLost() override;
     bool OnCloseBox() override;
+    void OnNotShown() override { TheHost().Report(text_.caption, text_.text); }
 
   private:
     void SetButton(ButtonLook look);

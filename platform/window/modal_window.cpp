@@ -8,6 +8,9 @@
 namespace korvane {
 namespace {
 
+/// What could not be shown is tried again after this time.
+constexpr std::uint32_t kNextTryMs = 100;
+
 /// Where a box or dialog may lie: over the game's picture.
 RECT PictureArea() {
     if (const auto& fullScreen = TheDesktop().fullScreen)
@@ -85,12 +88,22 @@ void ModalWindow::RunLoop() {
         MSG message;
         const bool waits = PeekMessage(message, PM_NOREMOVE);
         if (!open_ || IsEndWaiting()) return;
+        const ShownPicture& picture = TheDesktop().picture;
+        if (picture.IsBroken()) return OnNotShown();
         if (!waits) {
-            TheHost().WaitForEvent(Sooner(TimeToNextTimer(), TimeToTick()));
+            std::optional<std::uint32_t> toNextTry;
+            if (picture.HasUnsent()) toNextTry = kNextTryMs;
+            TheHost().WaitForEvent(Sooner(Sooner(TimeToNextTimer(), TimeToTick()), toNextTry));
         } else if (PeekMessage(message, PM_REMOVE)) {
             DispatchMessage(message);
         }
     }
+}
+
+/// Nobody could answer a dialog that is not seen.
+void ModalWindow::OnNotShown() {
+    TheHost().Report(Title(), "This dialog cannot be shown. The program ends.");
+    Enqueue(WM_CLOSE, 0, 0);
 }
 
 void ModalWindow::Leave() {

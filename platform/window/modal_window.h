@@ -56,6 +56,8 @@ class ModalWindow {
     /// The close box of the window was used. False: this box cannot be closed so, and if it is
     /// alone in the window, that ends the program.
     virtual bool OnCloseBox() = 0;
+    /// The window can show nothing any more; Run ends.
+    virtual void OnNotShown();
     virtual bool WantsText() const { return false; }
     /// Milliseconds until Tick has something to do; it may also be called sooner.
     virtual std::optional<std::uint32_t> TimeToTick() const { return std::nullopt; }

@@ -50,6 +50,7 @@ HRESULT ShownPicture::ShowGame(const PictureView& picture, const RECT& target,
         if (Failed(result)) return result;
     }
     game_ = picture;
+    kept_ = {};
     gameTarget_ = target;
     if (stretched) ResendSheets(target);
     Update();
@@ -57,7 +58,10 @@ HRESULT ShownPicture::ShowGame(const PictureView& picture, const RECT& target,
 }
 
 void ShownPicture::ForgetGame(const std::uint32_t* pixels) {
-    if (game_.pixels == pixels) game_ = {};
+    if (game_.pixels != pixels || pixels == nullptr) return;
+    kept_.resize(static_cast<std::size_t>(game_.pitch) * static_cast<std::size_t>(game_.height));
+    std::copy_n(pixels, kept_.size(), kept_.begin());
+    game_.pixels = kept_.data();
 }
 
 void ShownPicture::SetOverlay(Overlay overlay, Canvas canvas, POINT corner) {
@@ -82,8 +86,15 @@ void ShownPicture::Expose(const RECT& area) {
 
 void ShownPicture::SetFullScreen(std::optional<SIZE> pictureSize) {
     fullScreen_ = pictureSize;
+    if (!kept_.empty()) game_ = {};
+    kept_ = {};
     exposed_.clear();
     ResendSheets(kEverywhere);
+}
+
+bool ShownPicture::HasUnsent() const {
+    return lost_ || !exposed_.empty() ||
+           std::ranges::any_of(sheets_, [](const auto& sheet) { return sheet && !sheet->sent; });
 }
 
 void ShownPicture::Update() {
@@ -167,6 +178,7 @@ bool ShownPicture::WasSent(HRESULT result) {
         lost_ = true;
         ResendSheets(kEverywhere);
     }
+    isBroken_ = Failed(result) && result != DDERR_SURFACELOST && result != DDERR_WASSTILLDRAWING;
     return !Failed(result);
 }
 

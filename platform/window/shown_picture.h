@@ -29,7 +29,8 @@ class ShownPicture {
     /// Shows the changed parts of the game's picture, as Host::Present would, below the overlays.
     /// The picture's memory must live until the next call or ForgetGame.
     HRESULT ShowGame(const PictureView& picture, const RECT& target, std::span<const RECT> changed);
-    /// The game's picture of this memory is about to die; others stay.
+    /// The game's picture of this memory is about to die: a copy is shown until the game shows
+    /// another one, or the mode changes.
     void ForgetGame(const std::uint32_t* pixels);
 
     /// Lays a picture over the game's; it replaces the overlay's former one. Update sends it.
@@ -43,6 +44,10 @@ class ShownPicture {
     /// Sends what the calls above have left to send. What the host refuses now is sent by the next
     /// call.
     void Update();
+    /// Something waits for the next Update.
+    bool HasUnsent() const;
+    /// The host can show nothing any more.
+    bool IsBroken() const { return isBroken_; }
 
   private:
     struct Sheet {
@@ -59,10 +64,12 @@ class ShownPicture {
     HRESULT SendSheet(const Sheet& sheet);
     bool WasSent(HRESULT result);
 
-    PictureView game_;  ///< as it was shown last; no pixels before the first and after ForgetGame
+    PictureView game_;                 ///< as it was shown last; no pixels before the first
+    std::vector<std::uint32_t> kept_;  ///< its pixels after ForgetGame
     RECT gameTarget_;
     std::array<std::optional<Sheet>, kOverlayCount> sheets_;
     std::vector<RECT> exposed_;
+    bool isBroken_ = false;
     bool lost_ = false;  ///< the host has lost the game's picture, and the game was not told
     std::optional<SIZE> fullScreen_;
 };

@@ -7,6 +7,7 @@
 
 #include "platform/host/host.h"
 #include "platform/window/desktop.h"
+#include "platform/window/window_scale.h"
 
 namespace korvane {
 namespace {
@@ -64,6 +65,7 @@ HWND CreateWindowEx(std::uint32_t exStyle, const std::string& className, const s
         desktop.window.reset();
         return nullptr;
     }
+    ChooseWindowScale(desktop.chosenScale);
     ResetMenuBar();
     if (!known->icon.empty()) ShowIcon(known->icon);
     if (position.x != CW_USEDEFAULT) SetWindowPos(window, position, {}, SWP_NOSIZE);
@@ -83,6 +85,7 @@ bool DestroyWindow(HWND window) {
     desktop.timers.clear();
     desktop.window.reset();
     desktop.heldAsPlainKey.reset();
+    desktop.chosenScale.reset();
     ResetMenuBar();
     desktop.picture = {};
     TheHost().CloseWindow();

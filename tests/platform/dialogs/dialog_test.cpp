@@ -158,7 +158,7 @@ TEST_F(DialogTest, AloneInTheWindow) {
     for (const int scale : {1, 2}) {
         DestroyWindow(window_);
         Headless().Reset();
-        Headless().SetScale(scale);
+        Headless().SetDensity({double(scale), {}, {}});
         RegisterClass({"alone", DefWindowProc, {}});
         window_ = CreateWindowEx(0, "alone", "Title", WS_CAPTION, {0, 0}, {640, 480});
         const SIZE before = Headless().PictureSize();

@@ -136,6 +136,23 @@ TEST_F(SdlEventsTest, TheMousePointsIntoThePicture) {
         {MouseEvent(SDL_MOUSEBUTTONDOWN, {12, 34}, SDL_BUTTON_RIGHT), {}},
     });
     SDL_SetModState(KMOD_NONE);
+    host_.SetClientSize({320, 240});
+    host_.SetScale(2);
+    DropEvents();
+    EXPECT_EQ(host_.ClientArea().Size(), (SIZE{320, 240}));
+    Try({
+        {MouseEvent(SDL_MOUSEMOTION, {639, 479}), {{.type = MouseMove, .x = 319, .y = 239}}},
+        {MouseEvent(SDL_MOUSEMOTION, {640, -1}), {{.type = MouseMove, .x = 320, .y = -1}}},
+    });
+    // 1024 x 768 holds it at most at three quarters of that.
+    host_.SetClientSize({1280, 1024});
+    host_.SetScale(1);
+    DropEvents();
+    Try({
+        {MouseEvent(SDL_MOUSEMOTION, {0, 0}), {{.type = MouseMove}}},
+        {MouseEvent(SDL_MOUSEMOTION, {959, 767}), {{.type = MouseMove, .x = 1278, .y = 1022}}},
+        {MouseEvent(SDL_MOUSEMOTION, {-1, 768}), {{.type = MouseMove, .x = -2, .y = 1024}}},
+    });
     // Three screen pixels for each of the picture's, in the middle of 1024 x 768.
     ASSERT_TRUE(host_.EnterFullScreen({320, 240}));
     DropEvents();
