@@ -10,6 +10,7 @@
 #include "game/frame/game_frame.h"
 #include "game/rules/key_bindings.h"
 #include "game/rules/level_table.h"
+#include "platform/draw/theme.h"
 #include "platform/headless/headless_host.h"
 #include "screens/high_score_screen.h"
 #include "screens/menu_action.h"
@@ -93,8 +94,10 @@ TEST_F(StartUpTest, WithoutADisplayTheProgramEnds) {
 }
 
 TEST_F(StartUpTest, WhereNoSkinCanBeReadTheScreenSaysSoAndNoBoxDoes) {
-    constexpr std::uint32_t kWhite = 0xFFFFFF;
-    const auto hasWords = [&] { return std::ranges::count(Headless().Picture(), kWhite) > 1000; };
+    // Full screen may round the text's colour.
+    const auto rounded = [](std::uint32_t pixel) { return pixel & 0xF8FCF8; };
+    const auto isInk = [&](std::uint32_t pixel) { return rounded(pixel) == rounded(kTextColour); };
+    const auto hasWords = [&] { return std::ranges::count_if(Headless().Picture(), isInk) > 1000; };
     const fs::path skins = folder.Path() + "/Skins";
     const fs::path away = folder.Path() + "/away";
     for (const char* left : {"nothing", "Skins/Original/readme", "Skins/Original/deep/in/a.bmp",
@@ -251,7 +254,7 @@ TEST_F(StartUpTest, BehindAnotherWindowGamesArePausedAndAreSeenToBe) {
         leftPlayer->TogglePause();
         Headless().Push({.type = HostEventType::Activated});
     });
-    Passes(3);
+    Passes(5);
     EXPECT_TRUE(rightPlayer->IsPaused() && leftPlayer->IsPaused());
     EXPECT_TRUE(appActive);
     Press('T');
