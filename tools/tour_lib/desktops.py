@@ -149,10 +149,11 @@ class Sway(WaylandDesktop):
         self.needs_x = xwayland
         self.configuration = [f"xwayland {'force' if xwayland else 'disable'}",
                               "default_border none",
-                              f"output HEADLESS-1 resolution {width}x{height} scale {scale}",
-                              f"exec printenv DISPLAY > {self.folder}/display"]
-        if xwayland:  # the program may run as another user than the server
-            self.configuration.append(f"exec xhost +si:localuser:{pwd.getpwuid(os.getuid()).pw_name}")
+                              f"output HEADLESS-1 resolution {width}x{height} scale {scale}"]
+        # The program may run as another user than the server of X, which has to know that first.
+        user = pwd.getpwuid(os.getuid()).pw_name
+        admit = f"xhost +si:localuser:{user} && " if xwayland else ""
+        self.configuration.append(f"exec {admit}printenv DISPLAY > {self.folder}/display")
         if not tiled:
             self.configuration.append("for_window [title=.*] floating enable")
 
