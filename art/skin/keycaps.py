@@ -12,7 +12,7 @@ MIDDLE = 20
 SPACING = 4
 # Marks that fill only a small part of the height of a letter.
 SMALL_MARKS = ".,;'`-"
-LEGEND_NAMES = ("letter-top", "letter-bottom")
+LEGEND_NAMES = ("pale-top", "pale-bottom")
 SIGN, SMALL_SIGN = 24, 18
 
 
@@ -75,6 +75,25 @@ def legends(sheet):
         ink.pour(0, height, LEGEND_NAMES)
         return picture
     return paint
+
+
+def cap(picture, text, x, y, width, height):
+    """A lit key cap with its name, in another picture."""
+    look = plates.ON
+    picture.cr.save()
+    picture.mask.save()
+    picture.cr.translate(0, y)
+    picture.mask.translate(0, y)
+    craft().cap(picture, x, width, height, look)
+    picture.mask.restore()
+    picture.cr.restore()
+    cut = letters.squeezed(text, craft().overlay_cuts["huge"], width - 2 * FACE_LEFT - 6)
+    face = height - FACE_TOP - FACE_BOTTOM
+    ink = letters.Ink(picture)
+    letters.draw(ink.cr, text, x + (width - letters.width(text, cut)) // 2,
+                 y + FACE_TOP + round((face - cut.height) / 2), cut)
+    ink.must_read((look.ink,))
+    ink.pour(y, y + height, (look.ink, look.ink))
 
 
 def slot(width, height):

@@ -128,11 +128,12 @@ const CheckCase kFaults[] = {
     {"Letters.bmp", Sized(415, 16), Error, "26 cells"},
     {"Game/statistics.bmp", Sized(56, 19), Error, "7 cells"},
     {"KeyConfig/keys2.bmp", Sized(581, 44), Warning, "never shows"},
-    {"menu/LeftPlayer.bmp", Sized(110, 12), Warning, "its room is 109 x 12"},
+    {"menu/LeftPlayer.bmp", Sized(110, 12), Warning, "its room is 109 x 214"},
     {"menu/1playerbutt.bmp", Sized(236, 37), Warning, "its room is 118 x 36"},
     {"menu/1playerbutt.bmp", Sized(235, 36), Error, "equally wide"},
     {"menu/easybutt2.bmp", Sized(218, 31), Error, "cut like menu/easybutt.bmp"},
     {"menu/logo.bmp", Sized(633, 100), Error, "leaves the screen"},
+    {"menu/logo.bmp", Filled(0x101018), Warning, "hides the whole background"},
     {"KeyConfig/keybuttongrey.bmp", Sized(130, 112), Error, "leaves the screen"},
     {"KeyConfig/keybuttongrey.bmp", Sized(130, 111), Warning, "its room is 65 x 64"},
     {"Game/playboard.bmp", Sized(217, 372), Warning, "does not fit round"},
@@ -229,6 +230,8 @@ TEST_F(SkinChecks, TextIsHardToReadOnSomeGrounds) {
     const std::tuple<const char*, RECT, bool, const char*> kCases[] = {
         {"Background.bmp", {436, 104, 516, 120}, false, "letters "},            // the heading SCORE
         {"Background.bmp", {9, 390, 25, 406}, false, "letters digits signs "},  // the last name
+        {"menu/logo.bmp", {157, 372, 180, 388}, false, "letters digits signs "},  // the address
+        {"HighScore/highscore.bmp", {10, 138, 26, 154}, false, "letters digits signs "},
         {"Background.bmp", {0, 0, 9, 480}, false, ""},
         {"Background.bmp", {0, 0, 520, 104}, false, ""},
         {"Game/Background.bmp", {234, 277, 298, 293}, false, "letters "},  // WINS
@@ -241,7 +244,8 @@ TEST_F(SkinChecks, TextIsHardToReadOnSomeGrounds) {
     for (const auto& [file, area, isSeenThrough, found] : kCases) {
         Restore();
         Make(file, Paint([file = file, area = area](BmpRecipe& ground) {
-                 Sized(file == kMenuGround ? 520 : 320, 480)(ground);
+                 if (file == std::string_view("Background.bmp")) Sized(520, 480)(ground);
+                 if (file == ShownName(kGameGround)) Sized(320, 480)(ground);
                  Filled(0x777777, area)(ground);
              }));
         if (isSeenThrough) Make("Game/statisticsframe.bmp", Filled(0xFF00FF));

@@ -4,6 +4,7 @@
 
 #include "tools/korvane-skin/catalogue.h"
 #include "tools/korvane-skin/checks.h"
+#include "tools/korvane-skin/measure.h"
 #include "tools/korvane-skin/new_skin.h"
 #include "tools/korvane-skin/sheet.h"
 #include "tools/korvane-skin/skin_files.h"
@@ -40,6 +41,13 @@ int Sheet(const Request& request) {
     if (const std::string reason = UseSkin(request.skin, request.original); !reason.empty())
         return Refuse(reason);
     if (!WriteSheet(request.picture)) return Refuse(Text("cannot write ", request.picture));
+    return 0;
+}
+
+int Measure(const Request& request) {
+    if (const std::string reason = UseSkin(request.skin, request.original); !reason.empty())
+        return Refuse(reason);
+    std::cout << MeasureSkin();
     return 0;
 }
 
@@ -80,6 +88,8 @@ int Main(int count, char** words) {
             app, name, does, [&request, run] { return run(request); }, result);
     };
     AddFolders(*add("check", "Looks for what is wrong in a skin", Check), request);
+    AddFolders(*add("measure", "Measures tiles, texts and the light of all screens", Measure),
+               request);
     CLI::App* sheet = add("sheet", "Shows all screens in a skin as one picture", Sheet);
     AddFolders(*sheet, request);
     sheet->add_option("OUT.png", request.picture, "The picture to write")->required();

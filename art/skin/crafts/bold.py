@@ -17,7 +17,7 @@ class Bold(Craft):
     logo_kinds = (1, 3, 2, 1, 6, 3, 7)
     score_kinds = (3, 1)
     sign_pen = 3
-    lettering = Lettering(letters.Type(1, 1, 3, 2, 3), 1, ("letter-top", "letter-bottom"),
+    lettering = Lettering(letters.Type(1, 1, 3, 2, 3), letters.Type(1, 1.1, 3, 2, 3), 1, ("letter-top", "letter-bottom"),
                           ("number-top", "number-bottom"))
     button_cut = letters.Type(0.8, 1.1, 3, 2)
     heading_cut = letters.Type(0.75, 0.7, 3, 2, 2)

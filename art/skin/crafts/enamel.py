@@ -4,7 +4,7 @@ import random
 
 import cairo
 
-from .. import boards, current, letters, plates, shapes, sources
+from .. import boards, current, emblems, letters, plates, shapes, sources, titles
 from ..colours import BLACK, WHITE, colour, mix
 from ..picture import grown, rim, sheet
 from ..tiles import SIZE
@@ -12,6 +12,21 @@ from .craft import Craft, Lettering
 
 LATTICE = 16
 RIM = 0.68  # how dark the rim of a tile is
+FRAME_WIDTH, FRAME_HEIGHT = 640, 480
+# Where the background and the logo begin in the frame.
+GROUND_LEFT, GROUND_WIDTH, LOGO_LEFT, SCORES_LEFT = 55, 521, 8, 54
+# The figures that fall beside the menu, those far away first: the middle in the frame, the size of
+# a cell, the angle, the figure, how far away it is. They keep clear of what the views write.
+FALLING = (
+    (96, 372, 13, 0.5, "2", 0.62), (540, 268, 13, -0.6, "7", 0.62), (22, 238, 15, -0.35, "6", 0.6),
+    (612, 178, 14, 0.3, "1", 0.6), (606, 452, 15, -0.2, "5", 0.55), (82, 124, 12, -0.3, "7", 0.62),
+    (566, 128, 16, 0.45, "3", 0.5),
+    (54, 172, 23, -0.28, "5", 0.08), (60, 318, 24, 0.22, "1", 0.05),
+    (578, 216, 25, 0.3, "4", 0.05), (568, 350, 27, -0.24, "3", 0.05),
+)
+# What has fallen already, from the left and from the right of the frame, the lowest row last.
+HEAP_CELL, SCORE_HEAP_CELL = 24, 20
+HEAPS = (("7.....", "77.2..", "7622.1"), ("....4.", ".5..44", "155664"))
 
 
 def _slope(x, y, size, stops):
@@ -20,6 +35,15 @@ def _slope(x, y, size, stops):
     for place, value in stops:
         gradient.add_color_stop_rgb(place, *value)
     return gradient
+
+
+def heaps(left, right, size):
+    """The tiles at the foot of both sides as (x, y, kind)."""
+    for start, rows in zip((left, right - 6 * size), HEAPS):
+        for row, line in enumerate(rows):
+            for column, kind in enumerate(line):
+                if kind != ".":
+                    yield start + column * size, FRAME_HEIGHT - (len(rows) - row) * size, kind
 
 
 def _pixel(cr, x, y, value):
@@ -32,21 +56,10 @@ def _dots(mark):
     return sorted((c, r) for r, row in enumerate(mark) for c, sign in enumerate(row) if sign == "#")
 
 
-def _fade(cr, start, end, along):
-    """Lets a picture come out of black, from a point to another; along is what it covers."""
-    gradient = cairo.LinearGradient(*start, *end)
-    gradient.add_color_stop_rgba(0, *BLACK, 1)
-    gradient.add_color_stop_rgba(0.35, *BLACK, 0.55)
-    gradient.add_color_stop_rgba(1, *BLACK, 0)
-    cr.set_source(gradient)
-    cr.rectangle(*along)
-    cr.fill()
-
-
 class Enamel(Craft):
     """The craft of the Original."""
 
-    lettering = Lettering(letters.Type(1, 1, 3, 2, 2), 1,
+    lettering = Lettering(letters.Type(1.12, 1.1, 3, 2, 2), letters.Type(1.12, 1.2, 3, 2, 2), 1,
                           ("letter-top", "letter-top", "letter-bottom"),
                           ("number-top", "number-top", "number-bottom"))
 
@@ -113,22 +126,32 @@ class Enamel(Craft):
     # grounds
 
     def ground(self, picture):
-        """A night that fades into the dark beside it, with the ghosts of figures in it."""
-        cr, width, height = picture.cr, picture.width, picture.height
-        cr.set_source(plates.downwards(0, height, "ground-light", "ground-dark"))
-        cr.paint()
-        self._lattice(cr, width, height)
+        """The night, with a lattice and the ghosts of figures in it."""
+        cr = picture.cr
+        cr.translate(-GROUND_LEFT, 0)
+        self._night(cr)
+        cr.translate(GROUND_LEFT, 0)
+        self._lattice(cr, picture.width, picture.height)
         self._ghosts(cr)
-        light = cairo.RadialGradient(width / 2, 60, 0, width / 2, 60, 380)
-        light.add_color_stop_rgba(0, *colour("ground-glow"), 0.55)
-        light.add_color_stop_rgba(1, *colour("ground-glow"), 0)
+
+    def _night(self, cr):
+        """The light of the night, in the coordinates of the frame."""
+        cr.set_source(plates.downwards(0, FRAME_HEIGHT, "ground-light", "ground-dark"))
+        cr.paint()
+        self._light(cr, "ground-glow", FRAME_WIDTH / 2, 50, 360, 0.75)
+        self._light(cr, "ground-dusk", FRAME_WIDTH / 2, 560, 330, 0.8)
+
+    def _light(self, cr, name, x, y, reach, strength):
+        """A light that fades away from a point."""
+        light = cairo.RadialGradient(x, y, 0, x, y, reach)
+        light.add_color_stop_rgba(0, *colour(name), strength)
+        light.add_color_stop_rgba(0.5, *colour(name), strength * 0.35)
+        light.add_color_stop_rgba(1, *colour(name), 0)
         cr.set_source(light)
         cr.paint()
-        _fade(cr, (0, 0), (44, 0), (0, 0, 44, height))
-        _fade(cr, (width, 0), (width - 44, 0), (width - 44, 0, 44, height))
 
     def _lattice(self, cr, width, height):
-        cr.set_source_rgba(*colour("ground-dark"), 0.5)
+        cr.set_source_rgba(*colour("ground-dark"), 0.3)
         for x in range(4, width, LATTICE):
             cr.rectangle(x, 0, 1, height)
         for y in range(0, height, LATTICE):
@@ -141,10 +164,7 @@ class Enamel(Craft):
         places = [(2, 9), (27, 8), (4, 16), (29, 15), (1, 23), (26, 22), (16, 26), (10, 25),
                   (28, 27), (5, 27), (30, 20)]
         for (column, row), name in zip(places, chance.sample(sorted(figures) * 2, len(places))):
-            for y, line in enumerate(figures[name]):
-                for x, sign in enumerate(line):
-                    if sign == "#":
-                        self._ghost_cell(cr, 4 + (column + x) * LATTICE, (row + y) * LATTICE)
+            self._ghost(cr, 4 + column * LATTICE, row * LATTICE, name)
 
     def _ghost_cell(self, cr, x, y):
         cr.set_source_rgba(*colour("frame"), 0.09)
@@ -153,39 +173,159 @@ class Enamel(Craft):
         plates.edge(cr, x + 1, y + 1, LATTICE - 1, LATTICE - 1, 2, ("frame-light", "ground-dark"),
                     0.10)
 
+    def sides(self, picture):
+        """The night beside the background, and figures of enamel that fall through it."""
+        cr = picture.cr
+        width, height = picture.width, picture.height
+        cr.save()
+        for x, across in titles.SIDES:
+            picture.mask.rectangle(x, 0, across, height)
+            cr.rectangle(x, 0, across, height)
+        picture.mask.fill()
+        cr.clip()
+        cr.translate(-LOGO_LEFT, 0)
+        self._night(cr)
+        cr.translate(LOGO_LEFT, 0)
+        for start, end in ((0, 26), (width, width - 26)):
+            shade = cairo.LinearGradient(start, 0, end, 0)
+            shade.add_color_stop_rgba(0, *BLACK, 1)
+            shade.add_color_stop_rgba(1, *BLACK, 0)
+            cr.set_source(shade)
+            cr.paint()
+        cr.restore()
+        for figure in FALLING:
+            self._falling(picture, *figure)
+        for x, y, kind in heaps(0, width, HEAP_CELL):
+            self._block(picture, x, y, HEAP_CELL, kind, 0.12)
+
+    def _falling(self, picture, x, y, size, turn, name, depth):
+        """A large tilted figure; the depth is how far it is away, from 0 to 1."""
+        rows = sources.grids(sources.ART / "figures.txt")[name]
+        for cr in (picture.cr, picture.mask):
+            cr.save()
+            cr.translate(x - LOGO_LEFT, y)
+            cr.rotate(turn)
+            cr.translate(-len(rows[0]) * size / 2, -len(rows) * size / 2)
+        for row, line in enumerate(rows):
+            for column, sign in enumerate(line):
+                if sign == "#":
+                    self._block(picture, column * size, row * size, size, name, depth)
+        picture.cr.restore()
+        picture.mask.restore()
+
+    def _block(self, picture, x, y, size, name, depth):
+        """A large tile."""
+        base = mix(colour(f"tile-{name}"), colour("ground-light"), depth)
+        cr = picture.cr
+        for context in (cr, picture.mask):
+            context.save()
+            context.translate(x, y)
+            context.scale(size / SIZE, size / SIZE)
+        picture.cover(shapes.rounded_rectangle, 0, 0, SIZE, SIZE, 1.5)
+        shapes.rounded_rectangle(cr, -0.5, -0.5, SIZE + 1, SIZE + 1, 1.5)
+        cr.clip()
+        self._enamel(cr, 0, 0, base)
+        gloss = cairo.LinearGradient(0, 3, 0, 9)
+        gloss.add_color_stop_rgba(0, *WHITE, 0.34)
+        gloss.add_color_stop_rgba(1, *WHITE, 0.02)
+        cr.set_source(gloss)
+        shapes.rounded_rectangle(cr, 3.4, 3.4, SIZE - 6.8, 4.6, 1.2)
+        cr.fill()
+        cr.restore()
+        picture.mask.restore()
+
     def half(self, picture):
-        """Deepening night, and the column of instruments, all coming out of black."""
+        """The glow of a board in the night, and the column of instruments."""
         cr, width, height = picture.cr, picture.width, picture.height
         cr.set_source(plates.downwards(0, height, "half", "half-low"))
         cr.paint()
-        cr.set_source_rgba(*colour("frame"), 0.06)
+        self._light(cr, "half-glow", 125, height * 0.62, 230, 1)
+        cr.set_source_rgba(*colour("frame"), 0.10)
         for y in range(0, height, LATTICE):
             for x in range(0, width, LATTICE):
                 cr.rectangle(x + 7, y + 7, 2, 2)
         cr.fill()
-        _fade(cr, (0, 0), (0, 16), (0, 0, width, 16))
-        _fade(cr, (0, height), (0, height - 12), (0, height - 12, width, 12))
         left, across = boards.PANEL_LEFT, boards.PANEL_WIDTH
-        self.panel(cr, left, 0, across, height, self.radius)
-        for top, bottom in boards.DISPLAYS:
-            self._inlay(cr, left + 8, top + 5, across - 16, bottom - top - 10)
-        self._emblem(cr, left + across / 2, sum(boards.DISPLAYS[0]) / 2)
-        self.well(cr, boards.VALUES_LEFT, boards.VALUES_TOP, boards.VALUES_WIDTH,
-                  boards.VALUES_HEIGHT)
-        for y in boards.RULES:
-            plates.bar(cr, "edge", left + 6, y, across - 12, 1)
-            plates.bar(cr, "frame-dark", left + 6, y + 1, across - 12, 1)
+        self.panel(cr, left, 0, across, height + 8, self.radius)
+        self.well(cr, boards.VALUES_LEFT, 3, boards.VALUES_WIDTH, boards.VALUES_TOP - 5)
+        self._emblem(cr, left + across / 2, sum(boards.DISPLAYS[0]) / 2 + 8)
+        self.well(cr, boards.VALUES_LEFT, boards.VALUES_TOP, boards.VALUES_WIDTH, height)
+        for x, y, name in ((246, 232, "6"), (272, 286, "7")):
+            self._ghost(cr, x, y, name)
+        plates.bar(cr, "score-plate", boards.VALUES_LEFT, boards.SCORE_TOP, boards.VALUES_WIDTH,
+                   height)
+        plates.bar(cr, "score-line", boards.VALUES_LEFT, boards.SCORE_TOP, boards.VALUES_WIDTH, 1)
+
+    def _ghost(self, cr, x, y, name):
+        for row, line in enumerate(sources.grids(sources.ART / "figures.txt")[name]):
+            for column, sign in enumerate(line):
+                if sign == "#":
+                    self._ghost_cell(cr, x + column * LATTICE, y + row * LATTICE)
 
     def _emblem(self, cr, x, y):
-        """A figure of steel on the cover of the place of a display."""
-        size = 14
+        """A figure that shows while the displays are switched off."""
+        size = 20
+        cr.save()
+        cr.translate(x - 1.5 * size, y - size)
         for column, row in ((0, 0), (1, 0), (2, 0), (1, 1)):
-            self.face(cr, x + (column - 1.5) * size, y + (row - 1) * size, size - 1, size - 1,
-                      plates.FRAME, 2)
+            cr.save()
+            cr.translate(column * size, row * size)
+            cr.scale(size / SIZE, size / SIZE)
+            self._enamel(cr, 0, 0, mix(colour("tile-7"), colour("glass"), 0.5))
+            cr.restore()
+        cr.restore()
 
     def panel(self, cr, x, y, width, height, radius):
         """A plate of steel."""
         self.plate(cr, x, y, width, height, plates.FRAME, radius, 1)
+
+    def column(self, picture, width, depth, side):
+        """A plate of tinted glass with a lit head."""
+        super().column(picture, width, depth, side)
+        cr = picture.cr
+        cr.save()
+        shapes.rounded_rectangle(cr, 1, 1, width - 2, depth - 2, self.radius - 1)
+        cr.clip()
+        cr.set_source(plates.downwards(0, depth, f"{side}-plate", f"{side}-foot"))
+        cr.paint()
+        plates.bar(cr, f"{side}-edge", 1, 1, width - 2, 1)
+        cr.restore()
+
+    def table(self, picture):
+        """The night as far as the picture reaches, with heaps at its foot."""
+        cr, width, height = picture.cr, picture.width, picture.height
+        cr.save()
+        cr.rectangle(GROUND_WIDTH, 0, width, height)
+        picture.mask.rectangle(GROUND_WIDTH, 0, width, height)
+        picture.mask.fill()
+        cr.clip()
+        cr.translate(-SCORES_LEFT, 0)
+        self._night(cr)
+        cr.restore()
+        for x in (1, width - 2):
+            picture.mask.rectangle(x, 0, 2, height)
+            picture.mask.fill()
+            plates.bar(cr, "frame-face", x, 0, 2, height)
+        for x, y, kind in heaps(3, width - 3, SCORE_HEAP_CELL):
+            self._block(picture, x, y, SCORE_HEAP_CELL, kind, 0.12)
+        super().table(picture)
+
+    def row(self, cr, x, y, width, height, name):
+        """A bar of dark glass that catches light along its upper edge."""
+        super().row(cr, x, y, width, height, name)
+        cr.save()
+        shapes.rounded_rectangle(cr, x + 1, y + 1, width - 2, height - 2, self.radius - 1)
+        cr.clip()
+        cr.set_source(plates.downwards(y, height, f"{name}-plate", f"{name}-foot"))
+        cr.paint()
+        cr.restore()
+        plates.edge(cr, x + 1, y + 1, width - 2, height - 2, self.radius - 1,
+                    (f"{name}-edge", f"{name}-foot"), 0.7)
+
+    def socket(self, cr, x, y):
+        """A hollow with a lit lower rim."""
+        plates.box(cr, "socket", x + 1, y + 1, 14, 14, 2)
+        plates.edge(cr, x + 1, y + 1, 14, 14, 2, ("glass", "socket-light"), 0.8)
 
     def well(self, cr, x, y, width, height, radius=3):
         """A dark glass let into what is there: its rim is shaded above and lit below."""
@@ -208,11 +348,12 @@ class Enamel(Craft):
         self._inside(cr, inside, depth)
 
     def _slots(self, cr, x, width, bottom):
-        """The inlay of a wall: a sunken panel with a slot for each row of the board."""
+        """The inlay of a wall: a sunken panel with a lamp for each row of the board."""
         self._inlay(cr, x, 8, width, bottom)
         for y in range(24, bottom, boards.CELL):
-            plates.bar(cr, "glass", x + 2, y - 2, width - 4, 3)
-            plates.bar(cr, "frame", x + 2, y - 1, width - 4, 1)
+            plates.bar(cr, "glass", x + 1, y - 3, width - 2, 5)
+            plates.bar(cr, "lamp-bottom", x + 2, y - 2, width - 4, 3)
+            plates.bar(cr, "lamp-glow", x + 3, y - 1, width - 6, 1)
 
     def _inlay(self, cr, x, y, width, height):
         plates.box(cr, "frame-dark", x, y, width, height, 2)
@@ -234,11 +375,21 @@ class Enamel(Craft):
         plates.bar(cr, "frame-light", left + width, 1, 2, depth)
         plates.bar(cr, "frame-dark", left - 2, 1, 2, depth + 1)
         plates.bar(cr, "edge", left - 1, 0, width + 2, depth + 1)
-        for column in range(boards.COLUMNS):
-            name = "board-stripe" if column % 2 else "board"
-            plates.bar(cr, name, left + column * boards.CELL, 0, boards.CELL, depth)
+        cr.set_source(plates.downwards(0, depth, "board", "board-foot"))
+        cr.rectangle(left, 0, width, depth)
+        cr.fill()
+        cr.set_source_rgba(*WHITE, 0.035)
+        for column in range(1, boards.COLUMNS, 2):
+            cr.rectangle(left + column * boards.CELL, 0, boards.CELL, depth)
+        cr.fill()
+        rising = cairo.LinearGradient(0, depth - 90, 0, depth)
+        rising.add_color_stop_rgba(0, *colour("half-glow"), 0)
+        rising.add_color_stop_rgba(1, *colour("half-glow"), 0.16)
+        cr.set_source(rising)
+        cr.rectangle(left, depth - 90, width, 90)
+        cr.fill()
         shade = cairo.LinearGradient(left, 0, left + 10, 0)
-        shade.add_color_stop_rgba(0, *BLACK, 0.5)
+        shade.add_color_stop_rgba(0, *BLACK, 0.4)
         shade.add_color_stop_rgba(1, *BLACK, 0)
         cr.set_source(shade)
         cr.rectangle(left, 0, 10, depth)
@@ -247,18 +398,18 @@ class Enamel(Craft):
     # tiles
 
     def tile(self, picture, x, y, kind):
-        """One tile: rim, bevel, face, and its mark engraved or, for the eighth, raised.
-
-        The outermost pixel of each corner stays free.
-        """
+        """One tile: rim, bevel, face, and its mark engraved. The outermost pixel of each corner stays
+        free. The eighth is light."""
+        if kind == 8:
+            self._spark(picture, x, y)
+            return
         base = colour(f"tile-{kind}")
         picture.mask.rectangle(x + 1, y, SIZE - 2, SIZE)
         picture.mask.rectangle(x, y + 1, SIZE, SIZE - 2)
         picture.mask.fill()
         self._enamel(picture.cr, x, y, base)
         mark = _dots(sources.grids(sources.own(current.skin(), "marks.txt"))[str(kind)])
-        work = self._raise if kind == 8 else self._engrave
-        work(picture.cr, x + 3, y + 3, base, mark)
+        self._engrave(picture.cr, x + 3, y + 3, base, mark)
 
     def _enamel(self, cr, x, y, base):
         """A tile without its mark: dark rim, bevel towards the light, face with a sheen."""
@@ -270,7 +421,7 @@ class Enamel(Craft):
             (0.53, mix(base, BLACK, 0.48)), (1.0, mix(base, BLACK, 0.6)))))
         shapes.rounded_rectangle(cr, x + 1, y + 1, SIZE - 2, SIZE - 2, 1.5)
         cr.fill()
-        cr.set_source(_slope(x, y, SIZE, ((0.1, mix(base, WHITE, 0.26)), (0.5, base),
+        cr.set_source(_slope(x, y, SIZE, ((0.1, mix(base, WHITE, 0.6)), (0.42, base),
                                           (0.95, mix(base, BLACK, 0.16)))))
         shapes.rounded_rectangle(cr, x + 3, y + 3, SIZE - 6, SIZE - 6, 1)
         cr.fill()
@@ -283,13 +434,23 @@ class Enamel(Craft):
             shaded = (column - 1, row - 1) not in dots
             _pixel(cr, x + column, y + row, mix(base, BLACK, 0.7 if shaded else 0.56))
 
-    def _raise(self, cr, x, y, base, dots):
-        """Sets a mark upon the face: bright towards the light, with a shadow on the other side."""
-        for column, row in dots:
-            _pixel(cr, x + column + 1, y + row + 1, mix(base, BLACK, 0.6))
-        for column, row in dots:
-            lit = (column - 1, row) not in dots and (column, row - 1) not in dots
-            _pixel(cr, x + column, y + row, mix(base, WHITE, 0.85 if lit else 0.3))
+    def _spark(self, picture, x, y):
+        """A tile of light: white-hot in the middle, and open at both sides, so that a row of them is
+        one bar of light; with a spark of its own."""
+        cr = picture.cr
+        picture.mask.rectangle(x, y, SIZE, SIZE)
+        picture.mask.fill()
+        light = cairo.LinearGradient(0, y, 0, y + SIZE)
+        for place, name in ((0, "light-rim"), (0.14, "light-edge"), (0.3, "light"), (0.4, "white"),
+                            (0.6, "white"), (0.7, "light"), (0.86, "light-edge"), (1, "light-rim")):
+            light.add_color_stop_rgb(place, *colour(name))
+        cr.set_source(light)
+        cr.rectangle(x, y, SIZE, SIZE)
+        cr.fill()
+        for reach, strength in ((7, 0.55), (4, 1)):
+            cr.set_source_rgba(*WHITE, strength)
+            emblems.star(cr, x + SIZE / 2, y + SIZE / 2, reach, 4, 0.22)
+            cr.fill()
 
     def bar(self, cr, x, width, height, kind):
         """A bar of the statistics: a rod of enamel."""
@@ -309,7 +470,7 @@ class Enamel(Craft):
         figures = list(_figures(text, size, gap, kinds))
         right = max(x for cells, _, _ in figures for x, _ in cells) + size + depth
         bottom = 8 * size + depth
-        left, top = (picture.width - right) // 2, (picture.height - bottom) // 2
+        left, top = (picture.width - right) // 2, (titles.TITLE_DEPTH - bottom) // 2
         every = [cell for cells, _, _ in figures for cell in cells]
         whole = _cells(every, picture, left, top, size)
         self._sides(picture, whole, depth, figures, (left, top, size))
