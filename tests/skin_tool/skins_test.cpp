@@ -164,7 +164,7 @@ TEST(ShippedSkins, HaveNoFaults) {
         report.Print(all);
         EXPECT_EQ(report.Count(Severity::Note), report.Findings().size()) << all.str();
     }
-    EXPECT_GE(skins, 3);
+    EXPECT_GE(skins, 4);
 }
 
 TEST(SkinGuide, HasTheTableOfTheCatalogue) {
