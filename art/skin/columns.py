@@ -14,7 +14,7 @@ FIGURE_LEFT, FIGURE_TOP, FIGURE_CELL = 46, 143, 6
 
 def _caption(picture, text, y, name):
     ink = letters.Ink(picture)
-    cut = letters.squeezed(text, craft().heading_cut, picture.width - 12)
+    cut = letters.squeezed(text, craft().heading_cut, picture.width - 16)
     letters.draw(ink.cr, text, (picture.width - letters.width(text, cut)) // 2, y, cut)
     ink.must_read((name,))
     ink.pour(y, y + cut.height, (name, name))
