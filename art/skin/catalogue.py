@@ -9,7 +9,7 @@ from .plates import LIT, OFF, REST
 
 
 # Pictures with more pixels than this get a palette.
-LARGE = 40000
+LARGE = 20000
 
 
 class Entry(NamedTuple):

@@ -13,7 +13,7 @@ TITLE_DEPTH = 100
 RULE_TOP = 123
 ROW_TOP, ROW_PITCH, ROW_DEPTH, ROWS = 132, 28, 27, 10
 ROW_LEFT, ROW_WIDTH = 5, 522
-MEDAL_AT = 518
+MEDAL_AT, MEDAL_REACH = 522, 8
 MEDALS = ("gold", "silver", "bronze")
 # The columns at both sides of the logo's picture that no background reaches, as (x, width).
 SIDES = ((0, 47), (567, 57))

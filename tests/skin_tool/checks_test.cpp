@@ -68,6 +68,14 @@ Paint Filled(std::uint32_t colour, const RECT& area = {0, 0, 1000, 1000}) {
     };
 }
 
+/// A picture of a size that is all of one dark colour.
+Paint Covering(SIZE size) {
+    return [=](BmpRecipe& picture) {
+        Sized(size.cx, size.cy)(picture);
+        Filled(0x101018)(picture);
+    };
+}
+
 Paint Dotted(int x, int y, std::uint32_t colour) {
     return Filled(colour, {x, y, x + 1, y + 1});
 }
@@ -133,7 +141,8 @@ const CheckCase kFaults[] = {
     {"menu/1playerbutt.bmp", Sized(235, 36), Error, "equally wide"},
     {"menu/easybutt2.bmp", Sized(218, 31), Error, "cut like menu/easybutt.bmp"},
     {"menu/logo.bmp", Sized(633, 100), Error, "leaves the screen"},
-    {"menu/logo.bmp", Filled(0x101018), Warning, "hides the whole background"},
+    {"HighScore/highscore.bmp", Sized(533, 480), Warning, "its room is 532 x 480"},
+    {"menu/logo.bmp", Covering({624, 480}), Warning, "hides the whole background"},
     {"KeyConfig/keybuttongrey.bmp", Sized(130, 112), Error, "leaves the screen"},
     {"KeyConfig/keybuttongrey.bmp", Sized(130, 111), Warning, "its room is 65 x 64"},
     {"Game/playboard.bmp", Sized(217, 372), Warning, "does not fit round"},
@@ -244,8 +253,7 @@ TEST_F(SkinChecks, TextIsHardToReadOnSomeGrounds) {
     for (const auto& [file, area, isSeenThrough, found] : kCases) {
         Restore();
         Make(file, Paint([file = file, area = area](BmpRecipe& ground) {
-                 if (file == std::string_view("Background.bmp")) Sized(520, 480)(ground);
-                 if (file == ShownName(kGameGround)) Sized(320, 480)(ground);
+                 Sized(file == ShownName(kGameGround) ? 320 : 520, 480)(ground);
                  Filled(0x777777, area)(ground);
              }));
         if (isSeenThrough) Make("Game/statisticsframe.bmp", Filled(0xFF00FF));

@@ -30,7 +30,9 @@ std::uint32_t GoodPixel(const PictureRow& row, int x, int y) {
 }  // namespace
 
 BmpRecipe GoodPicture(const PictureRow& row) {
-    return {.width = row.FileSize().cx, .height = row.FileSize().cy, .pixel = [row](int x, int y) {
+    // What lies on a background need not be large.
+    const SIZE size = LiesOnBackground(row.file) ? SIZE{8, 8} : row.FileSize();
+    return {.width = size.cx, .height = size.cy, .pixel = [row](int x, int y) {
                 return GoodPixel(row, x, y);
             }};
 }

@@ -98,7 +98,7 @@ class Craft:
                           titles.ROW_DEPTH, self.radius)
             self.row(picture.cr, titles.ROW_LEFT, y, titles.ROW_WIDTH, titles.ROW_DEPTH, name)
             if name != "row":
-                self.medal(picture.cr, titles.MEDAL_AT, y + titles.ROW_DEPTH / 2, name, str(i + 1))
+                self.medal(picture, titles.MEDAL_AT, y + titles.ROW_DEPTH / 2, name, str(i + 1))
         picture.mask.rectangle(titles.ROW_LEFT + 6, titles.RULE_TOP, titles.ROW_WIDTH - 12, 2)
         picture.mask.fill()
         plates.bar(picture.cr, "rule", titles.ROW_LEFT + 6, titles.RULE_TOP,
@@ -109,10 +109,12 @@ class Craft:
         plates.box(cr, f"{name}-edge", x, y, width, height, self.radius)
         plates.box(cr, f"{name}-plate", x + 1, y + 1, width - 2, height - 2, self.radius - 1)
 
-    def medal(self, cr, x, y, name, place):
-        """The medal of one of the first three."""
-        for reach, colour_name in ((8.5, f"{name}-foot"), (7.5, f"{name}-edge")):
-            cr.arc(x, y, reach, 0, 7)
+    def medal(self, picture, x, y, name, place):
+        """The medal of one of the first three, at the end of the row."""
+        cr, reach = picture.cr, titles.MEDAL_REACH
+        picture.cover(shapes.rounded_rectangle, x - reach, y - reach, 2 * reach, 2 * reach, reach)
+        for inset, colour_name in ((0, "title-edge"), (1, f"{name}-edge")):
+            cr.arc(x, y, reach - inset, 0, 7)
             cr.set_source_rgb(*colour(colour_name))
             cr.fill()
         cut = letters.Type(0.5, 0.8, 2, 1)
