@@ -38,7 +38,7 @@ def _indexed(picture):
 
 
 def reduced(picture, mask):
-    """A picture with so few colours that it has a palette. Where the mask is 0 it stays as it is."""
+    """A picture with so few colours that it has a palette; as it was where the mask is 0."""
     few = picture.quantize(PALETTE - 1, Image.Quantize.MEDIANCUT, dither=Image.Dither.NONE)
     return Image.composite(few.convert("RGB"), picture, mask)
 

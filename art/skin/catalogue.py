@@ -2,7 +2,7 @@
 
 from typing import Callable, NamedTuple, Optional
 
-from . import boards, columns, fontsheets, invitations, keycaps, overlays, tiles, titles, tool
+from . import boards, columns, fontsheets, invitations, keycaps, tiles, titles, tool
 from .buttons import named, signed, started
 from .overlays import AMBER, CORAL, WHITE, Words, over
 from .plates import LIT, OFF, REST

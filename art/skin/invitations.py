@@ -1,4 +1,4 @@
-"""The invitations to a side of the board: a figure waits above a sleeping heap with a gap for it."""
+"""The invitations to join: a figure waits above a sleeping heap that has a gap for it."""
 
 from . import keycaps, letters, plates
 from .colours import colour
@@ -8,7 +8,7 @@ from .tiles import SIZE
 
 # The heap on the floor of the board, a digit for a tile. The figure fits into the gap.
 HEAP = ("6614...233", "56144.2233", "5517712216")
-# The figure that waits, and where: its cells as (column, row), rows counted from the heap's upwards.
+# The figure that waits, and its cells in the gap as (column, row of the heap).
 FIGURE, FIGURE_CELLS = 7, ((4, 0), (5, 0), (6, 0), (5, 1))
 FIGURE_TOP = 106
 # The plate with the key to press.

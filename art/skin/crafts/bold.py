@@ -144,7 +144,7 @@ class Bold(Craft):
 
     def board(self, picture, left, inside, depth):
         """Thick white walls with a mark for every row, and a floor as thick."""
-        cr, width, height = picture.cr, picture.width, picture.height
+        cr, width = picture.cr, picture.width
         full, bottom = width - 2 * left, depth + self.wall
         picture.cover(shapes.rounded_rectangle, left, 0, full, bottom, 2)
         plates.box(cr, "frame", left, 0, full, bottom, 2)

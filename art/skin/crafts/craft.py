@@ -19,7 +19,7 @@ class _Scratch:
 
 
 class Lettering:
-    """The lettering of the game: how letters and numbers are cut, and how far down letters begin."""
+    """The lettering of the game: the cuts of letters and numbers, and where letters begin."""
 
     def __init__(self, cut, number_cut, top, capitals, numbers):
         self.cut, self.number_cut, self.top = cut, number_cut, top

@@ -1,62 +1,16 @@
-"""Midnight enamel: a dark room, steel, and polished tiles in a light from the top left."""
-
-import random
+"""Midnight enamel: a blue night, steel, and polished tiles in a light from the top left."""
 
 import cairo
 
-from .. import boards, current, emblems, letters, plates, shapes, sources, titles
+from .. import boards, letters, plates, shapes, sources, titles
 from ..colours import BLACK, WHITE, colour, mix
 from ..picture import grown, rim, sheet
 from ..tiles import SIZE
-from .craft import Craft, Lettering
-
-LATTICE = 16
-RIM = 0.68  # how dark the rim of a tile is
-FRAME_WIDTH, FRAME_HEIGHT = 640, 480
-# Where the background and the logo begin in the frame.
-GROUND_LEFT, GROUND_WIDTH, LOGO_LEFT, SCORES_LEFT = 55, 521, 8, 54
-# The figures that fall beside the menu, those far away first: the middle in the frame, the size of
-# a cell, the angle, the figure, how far away it is. They keep clear of what the views write.
-FALLING = (
-    (96, 372, 13, 0.5, "2", 0.62), (540, 268, 13, -0.6, "7", 0.62), (22, 238, 15, -0.35, "6", 0.6),
-    (612, 178, 14, 0.3, "1", 0.6), (606, 452, 15, -0.2, "5", 0.55), (82, 124, 12, -0.3, "7", 0.62),
-    (566, 128, 16, 0.45, "3", 0.5),
-    (54, 172, 23, -0.28, "5", 0.08), (60, 318, 24, 0.22, "1", 0.05),
-    (578, 216, 25, 0.3, "4", 0.05), (568, 350, 27, -0.24, "3", 0.05),
-)
-# What has fallen already, from the left and from the right of the frame, the lowest row last.
-HEAP_CELL, SCORE_HEAP_CELL = 24, 20
-HEAPS = (("7.....", "77.2..", "7622.1"), ("....4.", ".5..44", "155664"))
+from .craft import Lettering
+from .night import LATTICE, Night
 
 
-def _slope(x, y, size, stops):
-    """A gradient from the top left corner of a square to its bottom right one."""
-    gradient = cairo.LinearGradient(x, y, x + size, y + size)
-    for place, value in stops:
-        gradient.add_color_stop_rgb(place, *value)
-    return gradient
-
-
-def heaps(left, right, size):
-    """The tiles at the foot of both sides as (x, y, kind)."""
-    for start, rows in zip((left, right - 6 * size), HEAPS):
-        for row, line in enumerate(rows):
-            for column, kind in enumerate(line):
-                if kind != ".":
-                    yield start + column * size, FRAME_HEIGHT - (len(rows) - row) * size, kind
-
-
-def _pixel(cr, x, y, value):
-    cr.set_source_rgb(*value)
-    cr.rectangle(x, y, 1, 1)
-    cr.fill()
-
-
-def _dots(mark):
-    return sorted((c, r) for r, row in enumerate(mark) for c, sign in enumerate(row) if sign == "#")
-
-
-class Enamel(Craft):
+class Enamel(Night):
     """The craft of the Original."""
 
     lettering = Lettering(letters.Type(1.12, 1.1, 3, 2, 2), letters.Type(1.12, 1.2, 3, 2, 2), 1,
@@ -125,115 +79,6 @@ class Enamel(Craft):
 
     # grounds
 
-    def ground(self, picture):
-        """The night, with a lattice and the ghosts of figures in it."""
-        cr = picture.cr
-        cr.translate(-GROUND_LEFT, 0)
-        self._night(cr)
-        cr.translate(GROUND_LEFT, 0)
-        self._lattice(cr, picture.width, picture.height)
-        self._ghosts(cr)
-
-    def _night(self, cr):
-        """The light of the night, in the coordinates of the frame."""
-        cr.set_source(plates.downwards(0, FRAME_HEIGHT, "ground-light", "ground-dark"))
-        cr.paint()
-        self._light(cr, "ground-glow", FRAME_WIDTH / 2, 50, 360, 0.75)
-        self._light(cr, "ground-dusk", FRAME_WIDTH / 2, 560, 330, 0.8)
-
-    def _light(self, cr, name, x, y, reach, strength):
-        """A light that fades away from a point."""
-        light = cairo.RadialGradient(x, y, 0, x, y, reach)
-        light.add_color_stop_rgba(0, *colour(name), strength)
-        light.add_color_stop_rgba(0.5, *colour(name), strength * 0.35)
-        light.add_color_stop_rgba(1, *colour(name), 0)
-        cr.set_source(light)
-        cr.paint()
-
-    def _lattice(self, cr, width, height):
-        cr.set_source_rgba(*colour("ground-dark"), 0.3)
-        for x in range(4, width, LATTICE):
-            cr.rectangle(x, 0, 1, height)
-        for y in range(0, height, LATTICE):
-            cr.rectangle(0, y, width, 1)
-        cr.fill()
-
-    def _ghosts(self, cr):
-        chance = random.Random(11)
-        figures = sources.grids(sources.ART / "figures.txt")
-        places = [(2, 9), (27, 8), (4, 16), (29, 15), (1, 23), (26, 22), (16, 26), (10, 25),
-                  (28, 27), (5, 27), (30, 20)]
-        for (column, row), name in zip(places, chance.sample(sorted(figures) * 2, len(places))):
-            self._ghost(cr, 4 + column * LATTICE, row * LATTICE, name)
-
-    def _ghost_cell(self, cr, x, y):
-        cr.set_source_rgba(*colour("frame"), 0.09)
-        shapes.rounded_rectangle(cr, x + 1, y + 1, LATTICE - 1, LATTICE - 1, 2)
-        cr.fill()
-        plates.edge(cr, x + 1, y + 1, LATTICE - 1, LATTICE - 1, 2, ("frame-light", "ground-dark"),
-                    0.10)
-
-    def sides(self, picture):
-        """The night beside the background, and figures of enamel that fall through it."""
-        cr = picture.cr
-        width, height = picture.width, picture.height
-        cr.save()
-        for x, across in titles.SIDES:
-            picture.mask.rectangle(x, 0, across, height)
-            cr.rectangle(x, 0, across, height)
-        picture.mask.fill()
-        cr.clip()
-        cr.translate(-LOGO_LEFT, 0)
-        self._night(cr)
-        cr.translate(LOGO_LEFT, 0)
-        for start, end in ((0, 26), (width, width - 26)):
-            shade = cairo.LinearGradient(start, 0, end, 0)
-            shade.add_color_stop_rgba(0, *BLACK, 1)
-            shade.add_color_stop_rgba(1, *BLACK, 0)
-            cr.set_source(shade)
-            cr.paint()
-        cr.restore()
-        for figure in FALLING:
-            self._falling(picture, *figure)
-        for x, y, kind in heaps(0, width, HEAP_CELL):
-            self._block(picture, x, y, HEAP_CELL, kind, 0.12)
-
-    def _falling(self, picture, x, y, size, turn, name, depth):
-        """A large tilted figure; the depth is how far it is away, from 0 to 1."""
-        rows = sources.grids(sources.ART / "figures.txt")[name]
-        for cr in (picture.cr, picture.mask):
-            cr.save()
-            cr.translate(x - LOGO_LEFT, y)
-            cr.rotate(turn)
-            cr.translate(-len(rows[0]) * size / 2, -len(rows) * size / 2)
-        for row, line in enumerate(rows):
-            for column, sign in enumerate(line):
-                if sign == "#":
-                    self._block(picture, column * size, row * size, size, name, depth)
-        picture.cr.restore()
-        picture.mask.restore()
-
-    def _block(self, picture, x, y, size, name, depth):
-        """A large tile."""
-        base = mix(colour(f"tile-{name}"), colour("ground-light"), depth)
-        cr = picture.cr
-        for context in (cr, picture.mask):
-            context.save()
-            context.translate(x, y)
-            context.scale(size / SIZE, size / SIZE)
-        picture.cover(shapes.rounded_rectangle, 0, 0, SIZE, SIZE, 1.5)
-        shapes.rounded_rectangle(cr, -0.5, -0.5, SIZE + 1, SIZE + 1, 1.5)
-        cr.clip()
-        self._enamel(cr, 0, 0, base)
-        gloss = cairo.LinearGradient(0, 3, 0, 9)
-        gloss.add_color_stop_rgba(0, *WHITE, 0.34)
-        gloss.add_color_stop_rgba(1, *WHITE, 0.02)
-        cr.set_source(gloss)
-        shapes.rounded_rectangle(cr, 3.4, 3.4, SIZE - 6.8, 4.6, 1.2)
-        cr.fill()
-        cr.restore()
-        picture.mask.restore()
-
     def half(self, picture):
         """The glow of a board in the night, and the column of instruments."""
         cr, width, height = picture.cr, picture.width, picture.height
@@ -255,12 +100,6 @@ class Enamel(Craft):
         plates.bar(cr, "score-plate", boards.VALUES_LEFT, boards.SCORE_TOP, boards.VALUES_WIDTH,
                    height)
         plates.bar(cr, "score-line", boards.VALUES_LEFT, boards.SCORE_TOP, boards.VALUES_WIDTH, 1)
-
-    def _ghost(self, cr, x, y, name):
-        for row, line in enumerate(sources.grids(sources.ART / "figures.txt")[name]):
-            for column, sign in enumerate(line):
-                if sign == "#":
-                    self._ghost_cell(cr, x + column * LATTICE, y + row * LATTICE)
 
     def _emblem(self, cr, x, y):
         """A figure that shows while the displays are switched off."""
@@ -290,25 +129,6 @@ class Enamel(Craft):
         cr.paint()
         plates.bar(cr, f"{side}-edge", 1, 1, width - 2, 1)
         cr.restore()
-
-    def table(self, picture):
-        """The night as far as the picture reaches, with heaps at its foot."""
-        cr, width, height = picture.cr, picture.width, picture.height
-        cr.save()
-        cr.rectangle(GROUND_WIDTH, 0, width, height)
-        picture.mask.rectangle(GROUND_WIDTH, 0, width, height)
-        picture.mask.fill()
-        cr.clip()
-        cr.translate(-SCORES_LEFT, 0)
-        self._night(cr)
-        cr.restore()
-        for x in (1, width - 2):
-            picture.mask.rectangle(x, 0, 2, height)
-            picture.mask.fill()
-            plates.bar(cr, "frame-face", x, 0, 2, height)
-        for x, y, kind in heaps(3, width - 3, SCORE_HEAP_CELL):
-            self._block(picture, x, y, SCORE_HEAP_CELL, kind, 0.12)
-        super().table(picture)
 
     def row(self, cr, x, y, width, height, name):
         """A bar of dark glass that catches light along its upper edge."""
@@ -394,73 +214,6 @@ class Enamel(Craft):
         cr.set_source(shade)
         cr.rectangle(left, 0, 10, depth)
         cr.fill()
-
-    # tiles
-
-    def tile(self, picture, x, y, kind):
-        """One tile: rim, bevel, face, and its mark engraved. The outermost pixel of each corner stays
-        free. The eighth is light."""
-        if kind == 8:
-            self._spark(picture, x, y)
-            return
-        base = colour(f"tile-{kind}")
-        picture.mask.rectangle(x + 1, y, SIZE - 2, SIZE)
-        picture.mask.rectangle(x, y + 1, SIZE, SIZE - 2)
-        picture.mask.fill()
-        self._enamel(picture.cr, x, y, base)
-        mark = _dots(sources.grids(sources.own(current.skin(), "marks.txt"))[str(kind)])
-        self._engrave(picture.cr, x + 3, y + 3, base, mark)
-
-    def _enamel(self, cr, x, y, base):
-        """A tile without its mark: dark rim, bevel towards the light, face with a sheen."""
-        cr.set_source_rgb(*mix(base, BLACK, RIM))
-        cr.rectangle(x, y, SIZE, SIZE)
-        cr.fill()
-        cr.set_source(_slope(x, y, SIZE, (
-            (0.0, mix(base, WHITE, 0.75)), (0.47, mix(base, WHITE, 0.55)),
-            (0.53, mix(base, BLACK, 0.48)), (1.0, mix(base, BLACK, 0.6)))))
-        shapes.rounded_rectangle(cr, x + 1, y + 1, SIZE - 2, SIZE - 2, 1.5)
-        cr.fill()
-        cr.set_source(_slope(x, y, SIZE, ((0.1, mix(base, WHITE, 0.6)), (0.42, base),
-                                          (0.95, mix(base, BLACK, 0.16)))))
-        shapes.rounded_rectangle(cr, x + 3, y + 3, SIZE - 6, SIZE - 6, 1)
-        cr.fill()
-
-    def _engrave(self, cr, x, y, base, dots):
-        """Cuts a mark into the face: dark in the groove, bright on the lip that faces the light."""
-        for column, row in dots:
-            _pixel(cr, x + column + 1, y + row + 1, mix(base, WHITE, 0.5))
-        for column, row in dots:
-            shaded = (column - 1, row - 1) not in dots
-            _pixel(cr, x + column, y + row, mix(base, BLACK, 0.7 if shaded else 0.56))
-
-    def _spark(self, picture, x, y):
-        """A tile of light: white-hot in the middle, and open at both sides, so that a row of them is
-        one bar of light; with a spark of its own."""
-        cr = picture.cr
-        picture.mask.rectangle(x, y, SIZE, SIZE)
-        picture.mask.fill()
-        light = cairo.LinearGradient(0, y, 0, y + SIZE)
-        for place, name in ((0, "light-rim"), (0.14, "light-edge"), (0.3, "light"), (0.4, "white"),
-                            (0.6, "white"), (0.7, "light"), (0.86, "light-edge"), (1, "light-rim")):
-            light.add_color_stop_rgb(place, *colour(name))
-        cr.set_source(light)
-        cr.rectangle(x, y, SIZE, SIZE)
-        cr.fill()
-        for reach, strength in ((7, 0.55), (4, 1)):
-            cr.set_source_rgba(*WHITE, strength)
-            emblems.star(cr, x + SIZE / 2, y + SIZE / 2, reach, 4, 0.22)
-            cr.fill()
-
-    def bar(self, cr, x, width, height, kind):
-        """A bar of the statistics: a rod of enamel."""
-        base = colour(f"tile-{kind}")
-        values = [mix(base, BLACK, 0.25), mix(base, WHITE, 0.5), mix(base, WHITE, 0.18)]
-        values += [base] * (width - 5) + [mix(base, BLACK, 0.3), mix(base, BLACK, 0.6)]
-        for column, value in enumerate(values):
-            cr.set_source_rgb(*value)
-            cr.rectangle(x + column, 0, 1, height)
-            cr.fill()
 
     # titles
 

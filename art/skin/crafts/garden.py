@@ -1,5 +1,7 @@
-"""The garden of Lantern: the evening, what grows in it, and who lives there. Places are those of the
-frame, unless they say otherwise."""
+"""The garden of Lantern: the evening, what grows in it, and who lives there.
+
+Places are those of the frame, unless they say otherwise.
+"""
 
 import math
 import random
@@ -13,8 +15,8 @@ WIDTH, HEIGHT = 640, 480
 LOGO_LEFT = 8
 POST, BEAM = 20, 11  # of the pavilion, in the picture of the logo
 # Lanterns that hang from the beam: middle and top in the picture of the logo, width, colour.
-LANTERNS = ((44, 150, 30, 7), (78, 122, 22, 1), (52, 246, 24, 6), (576, 142, 34, 3), (536, 118, 22, 4),
-            (590, 246, 24, 1), (548, 206, 20, 7))
+LANTERNS = ((44, 150, 30, 7), (78, 122, 22, 1), (52, 246, 24, 6), (576, 142, 34, 3),
+            (536, 118, 22, 4), (590, 246, 24, 1), (548, 206, 20, 7))
 HORIZON = 392
 
 
@@ -70,7 +72,7 @@ def _bridge(cr):
     cr.stroke()
     for i in range(17):
         part = i / 16
-        x, y = 60 + 520 * (0.12 * part + 0.88 * (3 * part ** 2 - 2 * part ** 3)), 0
+        x = 60 + 520 * (0.12 * part + 0.88 * (3 * part ** 2 - 2 * part ** 3))
         y = 462 - 36 * 4 * part * (1 - part)
         cr.rectangle(x - 1, y - 24, 3, 24)
     cr.fill()
