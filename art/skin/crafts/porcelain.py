@@ -199,9 +199,9 @@ class Porcelain(Landscape):
         picture.mask.rectangle(x, y, SIZE, SIZE)
         picture.mask.fill()
         light = cairo.LinearGradient(0, y, 0, y + SIZE)
-        for place, name in ((0, "leaf-edge"), (0.06, "leaf-edge"), (0.07, "leaf"),
-                            (0.34, "leaf-light"), (0.66, "leaf-light"), (0.93, "leaf"),
-                            (0.94, "leaf-edge"), (1, "leaf-edge")):
+        for place, name in ((0, "leaf-edge"), (0.1, "leaf-edge"), (0.11, "leaf-dark"), (0.3, "leaf"),
+                            (0.46, "leaf-light"), (0.54, "leaf-light"), (0.7, "leaf"),
+                            (0.89, "leaf-dark"), (0.9, "leaf-edge"), (1, "leaf-edge")):
             light.add_color_stop_rgb(place, *colour(name))
         cr.set_source(light)
         cr.rectangle(x, y, SIZE, SIZE)
