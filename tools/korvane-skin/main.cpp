@@ -88,14 +88,14 @@ int Main(int count, char** words) {
             app, name, does, [&request, run] { return run(request); }, result);
     };
     AddFolders(*add("check", "Looks for what is wrong in a skin", Check), request);
-    AddFolders(*add("measure", "Measures tiles, texts and the light of all screens", Measure),
-               request);
     CLI::App* sheet = add("sheet", "Shows all screens in a skin as one picture", Sheet);
     AddFolders(*sheet, request);
     sheet->add_option("OUT.png", request.picture, "The picture to write")->required();
     add("new", "Starts a skin in Skins/NAME as a copy of the Original", New)
         ->add_option("NAME", request.name, "The name of the new skin")
         ->required();
+    AddFolders(*add("measure", "Measures tiles, texts and the light of all screens", Measure),
+               request);
     add("catalogue", "Lists all files of a skin as Markdown", Catalogue)
         ->add_flag("--json", request.asJson, "Lists pictures and buttons for programs instead");
     try {
