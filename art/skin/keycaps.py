@@ -12,6 +12,8 @@ MIDDLE = 20
 SPACING = 4
 # Marks that fill only a small part of the height of a letter.
 SMALL_MARKS = ".,;'`-"
+# A nought that nobody takes for an O.
+GLYPHS = {"0": ["0-key"]}
 LEGEND_NAMES = ("pale-top", "pale-bottom")
 SIGN, SMALL_SIGN = 24, 18
 
@@ -49,8 +51,8 @@ def _line(ink, word, x, y, alone):
         size = _height(word, alone)
         letters.draw_sign(ink.cr, word[1:], x + (CELL - size) / 2, y, size, 3)
         return
-    cut = _cut(word, alone)
-    letters.draw(ink.cr, word, x + (CELL - letters.width(word, cut)) // 2, y, cut)
+    cut, glyphs = _cut(word, alone), GLYPHS.get(word, word)
+    letters.draw(ink.cr, glyphs, x + (CELL - letters.width(glyphs, cut)) // 2, y, cut)
 
 
 def _legend(ink, words, x):
