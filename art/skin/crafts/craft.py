@@ -2,9 +2,10 @@
 
 import cairo
 
-from .. import emblems, letters, plates, shapes, titles
+from .. import current, emblems, letters, plates, shapes, sources, titles
 from ..colours import colour, mix
 from ..picture import Picture, grown
+from ..tiles import SIZE
 
 
 class _Scratch:
@@ -52,6 +53,16 @@ class Craft:
         "paired": letters.Type(1.5, 1.2, 4, 0),
         "word": letters.Type(0.75, 1, 2, 1),
     }
+
+    def plate(self, cr, x, y, width, height, look, radius, thickness):
+        """A face in a line."""
+        plates.box(cr, self.line_of(look), x, y, width, height, radius)
+        self.face(cr, x + thickness, y + thickness, width - 2 * thickness,
+                  height - 2 * thickness, look, max(radius - thickness, 1))
+
+    def line_of(self, look):
+        """The colour of the line round a plate."""
+        return "edge"
 
     def relief(self, ink, look):
         """Draws the shadow or edge that lettering has on its plate, before the lettering."""
@@ -120,6 +131,30 @@ class Craft:
         cut = letters.Type(0.5, 0.8, 2, 1)
         cr.set_source_rgb(*colour("medal-ink"))
         letters.draw(cr, place, x - letters.width(place, cut) / 2, y - cut.height / 2, cut)
+
+    # tiles
+
+    def mark(self, cr, x, y, kind):
+        """The mark on a tile, in its own colour; soft edges are half as strong."""
+        mark = sources.grids(sources.own(current.skin(), "marks.txt"))[str(kind)]
+        for row, line in enumerate(mark):
+            for column, sign in enumerate(line):
+                if sign != ".":
+                    cr.set_source_rgba(*colour(f"mark-{kind}"), 1 if sign == "#" else 0.45)
+                    cr.rectangle(x + 3 + column, y + 3 + row, 1, 1)
+                    cr.fill()
+
+    def gleam(self, picture, x, y, stops):
+        """A tile that is graded downwards and open at both sides: a row of them is one bar. Stops
+        are (place from 0 to 1, colour)."""
+        picture.mask.rectangle(x, y, SIZE, SIZE)
+        picture.mask.fill()
+        light = cairo.LinearGradient(0, y, 0, y + SIZE)
+        for place, name in stops:
+            light.add_color_stop_rgb(place, *colour(name))
+        picture.cr.set_source(light)
+        picture.cr.rectangle(x, y, SIZE, SIZE)
+        picture.cr.fill()
 
     # displays
 

@@ -19,12 +19,6 @@ class Enamel(Night):
 
     # plates
 
-    def plate(self, cr, x, y, width, height, look, radius, thickness):
-        """A face with its bevel in a dark line."""
-        plates.box(cr, "edge", x, y, width, height, radius)
-        self.face(cr, x + thickness, y + thickness, width - 2 * thickness,
-                  height - 2 * thickness, look, max(radius - thickness, 1))
-
     def face(self, cr, x, y, width, height, look, radius):
         """A polished face: graded, with a lamp behind it or a sheen upon it, and bevelled."""
         cr.save()

@@ -7,6 +7,9 @@ from ..colours import BLACK, WHITE, colour, mix
 from ..tiles import SIZE
 from .craft import Craft
 
+# The light of a completed row, from above.
+LIGHT = ((0, "light-rim"), (0.14, "light-edge"), (0.3, "light"), (0.4, "white"), (0.6, "white"),
+         (0.7, "light"), (0.86, "light-edge"), (1, "light-rim"))
 RIM = 0.68  # how dark the rim of a tile is
 
 
@@ -71,18 +74,10 @@ class EnamelTiles(Craft):
             _pixel(cr, x + column, y + row, mix(base, BLACK, 0.7 if shaded else 0.56))
 
     def _spark(self, picture, x, y):
-        """A tile of light: white-hot in the middle, with a spark. It is open at both sides: a row of
+        """A tile of light: white-hot in the middle, with a spark, and open at both sides: a row of
         them is one bar of light."""
+        self.gleam(picture, x, y, LIGHT)
         cr = picture.cr
-        picture.mask.rectangle(x, y, SIZE, SIZE)
-        picture.mask.fill()
-        light = cairo.LinearGradient(0, y, 0, y + SIZE)
-        for place, name in ((0, "light-rim"), (0.14, "light-edge"), (0.3, "light"), (0.4, "white"),
-                            (0.6, "white"), (0.7, "light"), (0.86, "light-edge"), (1, "light-rim")):
-            light.add_color_stop_rgb(place, *colour(name))
-        cr.set_source(light)
-        cr.rectangle(x, y, SIZE, SIZE)
-        cr.fill()
         for reach, strength in ((7, 0.55), (4, 1)):
             cr.set_source_rgba(*WHITE, strength)
             emblems.star(cr, x + SIZE / 2, y + SIZE / 2, reach, 4, 0.22)

@@ -2,13 +2,18 @@
 
 import cairo
 
-from .. import boards, current, emblems, letters, plates, shapes, sources, titles
+from .. import boards, emblems, letters, plates, shapes, titles
 from ..colours import BLACK, WHITE, colour, mix
 from ..picture import spread
 from ..tiles import SIZE
 from . import garden
 from .craft import Lettering
 from .paper import Paper
+
+
+# The light of a lantern that flares, from above.
+FLARE = ((0, "light-rim"), (0.12, "light-edge"), (0.34, "light"), (0.44, "white"), (0.6, "white"),
+         (0.7, "light"), (0.88, "light-edge"), (1, "light-rim"))
 
 
 class Lantern(Paper):
@@ -106,13 +111,7 @@ class Lantern(Paper):
         for top in (y, y + SIZE - 2):
             plates.bar(cr, "edge", x + 3, top, SIZE - 6, 2)
         plates.bar(cr, "frame", x + 4, y, SIZE - 8, 1)
-        mark = sources.grids(sources.own(current.skin(), "marks.txt"))[str(kind)]
-        for row, line in enumerate(mark):
-            for column, sign in enumerate(line):
-                if sign != ".":
-                    cr.set_source_rgba(*colour(f"mark-{kind}"), 1 if sign == "#" else 0.45)
-                    cr.rectangle(x + 3 + column, y + 3 + row, 1, 1)
-                    cr.fill()
+        self.mark(cr, x, y, kind)
 
     def _lit(self, cr, x, y, base):
         """The paper of a tile: brightest in the middle, with three ribs."""
@@ -130,17 +129,8 @@ class Lantern(Paper):
 
     def _flare(self, picture, x, y):
         """A lantern that flares: light that runs out at both sides, so that a row is one flame."""
+        self.gleam(picture, x, y, FLARE)
         cr = picture.cr
-        picture.mask.rectangle(x, y, SIZE, SIZE)
-        picture.mask.fill()
-        light = cairo.LinearGradient(0, y, 0, y + SIZE)
-        for place, name in ((0, "light-rim"), (0.12, "light-edge"), (0.34, "light"),
-                            (0.44, "white"), (0.6, "white"), (0.7, "light"),
-                            (0.88, "light-edge"), (1, "light-rim")):
-            light.add_color_stop_rgb(place, *colour(name))
-        cr.set_source(light)
-        cr.rectangle(x, y, SIZE, SIZE)
-        cr.fill()
         cr.set_source_rgb(*colour("light"))
         for middle, reach in ((4, 3.2), (12, 2.4)):
             cr.move_to(x + middle - 3, y + 6)

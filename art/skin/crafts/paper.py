@@ -41,12 +41,6 @@ class Paper(Craft):
             cr.line_to(*((x + step, y + waver) if along else (x + waver, y + step)))
         cr.stroke()
 
-    def plate(self, cr, x, y, width, height, look, radius, thickness):
-        """A plaque of wood, or paper with a lamp behind it, in a dark line."""
-        plates.box(cr, "edge", x, y, width, height, radius)
-        self.face(cr, x + thickness, y + thickness, width - 2 * thickness,
-                  height - 2 * thickness, look, max(radius - thickness, 1))
-
     def face(self, cr, x, y, width, height, look, radius):
         """Paper glows in the middle and has ribs; wood has its grain."""
         cr.save()

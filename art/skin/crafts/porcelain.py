@@ -4,12 +4,16 @@ import math
 
 import cairo
 
-from .. import boards, current, emblems, letters, plates, shapes, sources
+from .. import boards, emblems, letters, plates, shapes
 from ..colours import BLACK, WHITE, colour, mix
 from ..tiles import SIZE
 from .craft import Lettering
 from .landscape import Landscape
 
+# Gold leaf, from above.
+LEAF = ((0, "leaf-edge"), (0.1, "leaf-edge"), (0.11, "leaf-dark"), (0.3, "leaf"),
+        (0.46, "leaf-light"), (0.54, "leaf-light"), (0.7, "leaf"), (0.89, "leaf-dark"),
+        (0.9, "leaf-edge"), (1, "leaf-edge"))
 INK = ("letter-top", "letter-bottom")
 
 
@@ -26,12 +30,9 @@ class Porcelain(Landscape):
 
     # plates
 
-    def plate(self, cr, x, y, width, height, look, radius, thickness):
-        """A glazed plate in a cobalt line; what cannot be used is but a print on the paper."""
-        name = "edge" if look.enabled else look.dark
-        plates.box(cr, name, x, y, width, height, radius)
-        self.face(cr, x + thickness, y + thickness, width - 2 * thickness,
-                  height - 2 * thickness, look, max(radius - thickness, 1))
+    def line_of(self, look):
+        """Cobalt; what cannot be used is but a print on the paper."""
+        return "edge" if look.enabled else look.dark
 
     def face(self, cr, x, y, width, height, look, radius):
         """A glaze: graded, thicker at the foot, with a fine inner line."""
@@ -185,27 +186,12 @@ class Porcelain(Landscape):
         cr.rectangle(x, y, SIZE, SIZE)
         cr.fill()
         self._glaze(cr, x + 1, y + 1, SIZE - 2, base)
-        mark = sources.grids(sources.own(current.skin(), "marks.txt"))[str(kind)]
-        for row, line in enumerate(mark):
-            for column, sign in enumerate(line):
-                if sign != ".":
-                    cr.set_source_rgba(*colour(f"mark-{kind}"), 1 if sign == "#" else 0.45)
-                    cr.rectangle(x + 3 + column, y + 3 + row, 1, 1)
-                    cr.fill()
+        self.mark(cr, x, y, kind)
 
     def _leaf(self, picture, x, y):
         """A tile of gold leaf, open at both sides, so that a row of them is one band."""
+        self.gleam(picture, x, y, LEAF)
         cr = picture.cr
-        picture.mask.rectangle(x, y, SIZE, SIZE)
-        picture.mask.fill()
-        light = cairo.LinearGradient(0, y, 0, y + SIZE)
-        for place, name in ((0, "leaf-edge"), (0.1, "leaf-edge"), (0.11, "leaf-dark"), (0.3, "leaf"),
-                            (0.46, "leaf-light"), (0.54, "leaf-light"), (0.7, "leaf"),
-                            (0.89, "leaf-dark"), (0.9, "leaf-edge"), (1, "leaf-edge")):
-            light.add_color_stop_rgb(place, *colour(name))
-        cr.set_source(light)
-        cr.rectangle(x, y, SIZE, SIZE)
-        cr.fill()
         cr.set_source_rgb(*WHITE)
         emblems.star(cr, x + SIZE / 2, y + SIZE / 2, 7, 4, 0.26)
         cr.fill()
