@@ -12,14 +12,18 @@ PANEL_LEFT, PANEL_WIDTH = 230, 90
 # between them always shows.
 DISPLAYS = ((2, 62), (63, 129))
 VALUES_LEFT, VALUES_TOP, VALUES_WIDTH, VALUES_HEIGHT = 232, 129, 86, 242
-# The lines between the values, from the top.
-RULES = (175, 223, 271, 330)
+# The cells of the next figure in its frame, and the bars of the chart in theirs.
+SOCKETS_LEFT, SOCKETS_TOP = 9, 14
+CHART_LEFT, CHART_FOOT = 14, 32
+# The score, which is always there.
+SCORE_TOP = 331
 
 
 def ground(width, height):
     """The background of the menu and of the high scores, as one picture."""
     picture = Picture(width, height, "ground")
     picture.cover_all()
+    picture.is_dithered = True
     craft().ground(picture)
     return picture
 
@@ -28,6 +32,7 @@ def half(width, height):
     """The background of one half of the game screen."""
     picture = Picture(width, height, "half")
     picture.cover_all()
+    picture.is_dithered = True
     craft().half(picture)
     return picture
 
@@ -41,9 +46,17 @@ def playboard(width, height):
 
 def preview_frame(width, height):
     """The frame of the next figure, whose cells lie at x 9 to 72 and y 14 to 45."""
-    return craft().small_frame(width, height, ((2, 3, 78, height - 6),))
+    picture = craft().small_frame(width, height, ((2, 3, 78, height - 6),))
+    for column in range(4):
+        for row in range(2):
+            craft().socket(picture.cr, SOCKETS_LEFT + CELL * column, SOCKETS_TOP + CELL * row)
+    return picture
 
 
 def statistics_frame(width, height):
-    """The frame of the chart of the figures, with a display for their number below the chart."""
-    return craft().small_frame(width, height, ((2, 3, 78, 36), (2, 42, 78, 21)))
+    """The frame of the chart of the figures, and of their number below it."""
+    picture = craft().small_frame(width, height, ((2, 3, 78, height - 5),))
+    craft().base_line(picture.cr, CHART_LEFT, CHART_FOOT, 56)
+    for kind in range(7):
+        craft().bar_mark(picture.cr, CHART_LEFT + 8 * kind, CHART_FOOT + 1, 7, kind + 1)
+    return picture

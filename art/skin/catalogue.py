@@ -2,10 +2,14 @@
 
 from typing import Callable, NamedTuple, Optional
 
-from . import boards, fontsheets, keycaps, overlays, tiles, titles, tool
-from .buttons import named, signed
+from . import boards, columns, fontsheets, invitations, keycaps, tiles, titles, tool
+from .buttons import named, signed, started
 from .overlays import AMBER, CORAL, WHITE, Words, over
 from .plates import LIT, OFF, REST
+
+
+# Pictures with more pixels than this get a palette.
+LARGE = 20000
 
 
 class Entry(NamedTuple):
@@ -17,13 +21,13 @@ class Entry(NamedTuple):
     height: int
     paint: Callable
 
+    @property
+    def is_large(self):
+        """Whether its colours are made fewer, so that its file has a palette."""
+        return self.width * self.height > LARGE
+
 
 DARK = (LIT.ink, LIT.ink)
-
-
-def _join(key):
-    """The invitation to a side of the board, with the key that starts it."""
-    return over(REST, Words(f"PRESS {key}", "middle", AMBER), Words("TO JOIN", "small", WHITE))
 
 
 PAINTERS = {
@@ -37,17 +41,17 @@ PAINTERS = {
     "Game/statisticsframe.bmp": boards.statistics_frame,
     "Game/blocks.bmp": tiles.blocks,
     "Game/statistics.bmp": tiles.bars,
-    "Game/pause.bmp": over(REST, Words("PAUSE", "middle", WHITE)),
-    "Game/gameover.bmp": over(REST, Words("GAME OVER", "middle", AMBER)),
-    "Game/looser.bmp": over(OFF, Words("LOSER", "middle", CORAL)),
-    "Game/winner.bmp": over(LIT, Words("***", "stars", DARK), Words("WINNER", "huge", DARK)),
-    "Game/join1.bmp": _join("F1"),
-    "Game/join2.bmp": _join("F2"),
+    "Game/pause.bmp": over(REST, Words("PAUSE", "middle", WHITE), emblem="pause"),
+    "Game/gameover.bmp": over(REST, Words("GAME", "huge", AMBER), Words("OVER", "huge", AMBER)),
+    "Game/looser.bmp": over(OFF, Words("LOSER", "middle", CORAL), emblem="loser"),
+    "Game/winner.bmp": over(LIT, Words("WINNER", "huge", DARK), emblem="winner"),
+    "Game/join1.bmp": invitations.to_join("F1"),
+    "Game/join2.bmp": invitations.to_join("F2"),
     "Game/battleagain.bmp": over(REST, Words("PRESS F3 TO BATTLE AGAIN", "large", AMBER)),
 
     "menu/logo.bmp": titles.logo,
-    "menu/LeftPlayer.bmp": titles.heading("LEFT PLAYER"),
-    "menu/RightPlayer.bmp": titles.heading("RIGHT PLAYER"),
+    "menu/LeftPlayer.bmp": columns.column("LEFT PLAYER", "left"),
+    "menu/RightPlayer.bmp": columns.column("RIGHT PLAYER", "right"),
 
     "HighScore/highscore.bmp": titles.high_scores,
     "HighScore/cursor.bmp": titles.cursor,
@@ -61,7 +65,7 @@ BUTTONS = {
     "menu/2playerbutt.bmp": (named, "2 PLAYERS", "two-players"),
     "menu/confbutt.bmp": (named, "KEYS", "keyboard"),
     "menu/aboutbutt.bmp": (named, "ABOUT", "about"),
-    "menu/startbutt.bmp": (named, "START", "play"),
+    "menu/startbutt.bmp": (started, "START", "play"),
     "menu/quakebutt.bmp": (named, "QUAKES", "quake"),
     "menu/quitbutt.bmp": (named, "QUIT", "door"),
     "menu/easybutt.bmp": (named, "EASY", "easy"),
@@ -83,14 +87,13 @@ SIZES = {
     "Background.bmp": (520, 480),
     "Game/previewframe.bmp": (82, 60),
     "Game/statisticsframe.bmp": (82, 66),
-    "Game/pause.bmp": (80, 48),
-    "Game/gameover.bmp": (142, 48),
-    "Game/looser.bmp": (90, 48),
-    "Game/winner.bmp": (150, 64),
-    "Game/join1.bmp": (150, 64),
-    "Game/join2.bmp": (150, 64),
+    "Game/pause.bmp": (80, 92),
+    "Game/gameover.bmp": (142, 92),
+    "Game/looser.bmp": (90, 112),
+    "Game/winner.bmp": (160, 140),
     "Game/battleagain.bmp": (600, 46),
-    "menu/logo.bmp": (624, 100),
+    "menu/battlebutt.bmp": (200, 36),
+    "menu/battlebutt2.bmp": (200, 36),
 }
 
 

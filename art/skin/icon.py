@@ -4,24 +4,28 @@ from typing import NamedTuple
 
 import cairo
 
-from . import letters, shapes, sources
+from . import shapes, sources
 from .colours import BLACK, WHITE, colour, mix
+from .picture import rim, sheet
+
+LETTER, KIND = "K", 1  # and the tile whose colour it has
 
 
 class Size(NamedTuple):
     """Measures of the icon in one size, in pixels."""
 
     side: int
-    border: int
+    is_large: int
     cell: int
-    gap: int
+    depth: int
     bevel: int
     radius: int
-    pen: int
+    border: int
 
-    def place(self, index):
-        """Where a row or a column of tiles begins."""
-        return self.border + index * (self.cell + self.gap)
+    @property
+    def rows(self):
+        """The cells of the letter: rows of small letters, one for each figure."""
+        return _LOGO if self.is_large else _SMALL
 
 
 def _sections():
@@ -35,63 +39,55 @@ def _sections():
 
 
 _SOURCE = _sections()
-TILES = _SOURCE["tiles"]
+_SMALL = [row[0] for row in _SOURCE["letter"]]
+_LOGO = sources.grids(sources.ART / "titles.txt")[LETTER]
 SIZES = [Size(*map(int, row)) for row in _SOURCE["sizes"]]
 
 
-def _gradient(x, y, size, first, second):
-    gradient = cairo.LinearGradient(x, y, x + size, y + size)
-    gradient.add_color_stop_rgb(0, *first)
-    gradient.add_color_stop_rgb(1, *second)
-    return gradient
-
-
 def _plate(cr, size):
-    """The plate. In large sizes its edge is lit."""
-    side, radius = size.side, size.radius
-    shapes.rounded_rectangle(cr, 0, 0, side, side, radius)
-    cr.set_source(_gradient(0, 0, side, colour("frame"), colour("edge")))
+    """The plate: the night, with a light behind the letter. In large sizes its edge is lit."""
+    side, line = size.side, size.border
+    shapes.rounded_rectangle(cr, 0, 0, side, side, size.radius)
+    edge = cairo.LinearGradient(0, 0, side, side)
+    edge.add_color_stop_rgb(0, *colour("frame-light"))
+    edge.add_color_stop_rgb(1, *colour("frame-dark"))
+    cr.set_source(edge)
     cr.fill()
-    line = max(1, size.border // 3) if size.border > 1 else 0
-    shapes.rounded_rectangle(cr, line, line, side - 2 * line, side - 2 * line, radius - line)
-    cr.set_source(_gradient(0, 0, side, colour("plate-bottom"), colour("board")))
-    cr.fill()
-
-
-def _tile(cr, x, y, size, kind):
-    """A tile: a light and a dark edge, a face, and in large sizes its mark."""
-    base, cell, bevel = colour(f"tile-{kind}"), size.cell, size.bevel
-    _corners(cr, x, y, cell, mix(base, WHITE, 0.6), mix(base, BLACK, 0.5))
-    cr.set_source(_gradient(x, y, cell, mix(base, WHITE, 0.22), mix(base, BLACK, 0.14)))
-    cr.rectangle(x + bevel, y + bevel, cell - 2 * bevel, cell - 2 * bevel)
-    cr.fill()
-    if size.pen:
-        lip = size.pen / 4
-        _marks(cr, x + lip, y + lip, size, kind, mix(base, WHITE, 0.5))
-        _marks(cr, x, y, size, kind, mix(base, BLACK, 0.6))
-
-
-def _corners(cr, x, y, cell, light, dark):
-    """A square that is light at its upper left half and dark at its lower right one."""
-    cr.set_source_rgb(*dark)
-    cr.rectangle(x, y, cell, cell)
-    cr.fill()
-    cr.set_source_rgb(*light)
-    cr.move_to(x, y)
-    cr.line_to(x + cell, y)
-    cr.line_to(x, y + cell)
-    cr.close_path()
+    shapes.rounded_rectangle(cr, line, line, side - 2 * line, side - 2 * line,
+                             max(size.radius - line, 1))
+    light = cairo.RadialGradient(side / 2, side * 0.4, 0, side / 2, side * 0.4, side * 0.75)
+    light.add_color_stop_rgb(0, *colour("ground-glow"))
+    light.add_color_stop_rgb(1, *colour("ground-dark"))
+    cr.set_source(light)
     cr.fill()
 
 
-def _marks(cr, x, y, size, kind, value):
-    field = 2 * round(size.cell * 0.22)
-    inset = (size.cell - field) / 2
-    cr.set_source_rgb(*value)
-    for name, *words in _SOURCE["marks"]:
-        if name == kind:
-            glyph = letters.Glyph(10, 10, [letters.stroke(" ".join(words))])
-            letters.draw_glyph(cr, glyph, x + inset, y + inset, field, size.pen)
+def _cells(size, names):
+    """A sheet with the cells of some figures of the letter."""
+    rows, cell = size.rows, size.cell
+    left = (size.side - len(rows[0]) * cell - size.depth) // 2
+    top = (size.side - len(rows) * cell - size.depth) // 2
+    result = sheet(size.side, size.side)
+    cr = cairo.Context(result)
+    for y, row in enumerate(rows):
+        for x, name in enumerate(row):
+            if name in names:
+                cr.rectangle(left + x * cell, top + y * cell, cell, cell)
+    cr.fill()
+    return result
+
+
+def _figure(cr, size, form, base):
+    """One figure of the letter, with a light and a dark edge where there is room."""
+    gradient = cairo.LinearGradient(0, 0, 0, size.side)
+    gradient.add_color_stop_rgb(0.1, *mix(base, WHITE, 0.35))
+    gradient.add_color_stop_rgb(0.9, *mix(base, BLACK, 0.12))
+    cr.set_source(gradient)
+    cr.mask_surface(form)
+    if size.bevel:
+        for value, way in ((WHITE, size.bevel), (BLACK, -size.bevel)):
+            cr.set_source_rgba(*value, 0.45)
+            cr.mask_surface(rim(form, way, way))
 
 
 def draw(size):
@@ -99,10 +95,15 @@ def draw(size):
     surface = cairo.ImageSurface(cairo.FORMAT_ARGB32, size.side, size.side)
     cr = cairo.Context(surface)
     _plate(cr, size)
-    for row, line in enumerate(TILES):
-        for column, kind in enumerate(line):
-            if kind != ".":
-                _tile(cr, size.place(column), size.place(row), size, kind)
+    base = colour(f"tile-{KIND}")
+    names = sorted(set("".join(size.rows)) - {"."})
+    whole = _cells(size, names)
+    for step in range(size.depth, 0, -1):
+        cr.set_source_rgb(*mix(base, BLACK, 0.6 + 0.2 * step / size.depth))
+        cr.mask_surface(whole, step, step)
+    for number, name in enumerate(names):
+        tint = mix(base, (WHITE, BLACK)[number % 2], 0.06 * (number % 3)) if size.bevel else base
+        _figure(cr, size, _cells(size, name), tint)
     surface.flush()
     return surface
 

@@ -12,7 +12,9 @@ MIDDLE = 20
 SPACING = 4
 # Marks that fill only a small part of the height of a letter.
 SMALL_MARKS = ".,;'`-"
-LEGEND_NAMES = ("letter-top", "letter-bottom")
+# A nought that nobody takes for an O.
+GLYPHS = {"0": ["0-key"]}
+LEGEND_NAMES = ("pale-top", "pale-bottom")
 SIGN, SMALL_SIGN = 24, 18
 
 
@@ -49,8 +51,8 @@ def _line(ink, word, x, y, alone):
         size = _height(word, alone)
         letters.draw_sign(ink.cr, word[1:], x + (CELL - size) / 2, y, size, 3)
         return
-    cut = _cut(word, alone)
-    letters.draw(ink.cr, word, x + (CELL - letters.width(word, cut)) // 2, y, cut)
+    cut, glyphs = _cut(word, alone), GLYPHS.get(word, word)
+    letters.draw(ink.cr, glyphs, x + (CELL - letters.width(glyphs, cut)) // 2, y, cut)
 
 
 def _legend(ink, words, x):
@@ -75,6 +77,25 @@ def legends(sheet):
         ink.pour(0, height, LEGEND_NAMES)
         return picture
     return paint
+
+
+def cap(picture, text, x, y, width, height):
+    """A lit key cap with its name, in another picture."""
+    look = plates.ON
+    picture.cr.save()
+    picture.mask.save()
+    picture.cr.translate(0, y)
+    picture.mask.translate(0, y)
+    craft().cap(picture, x, width, height, look)
+    picture.mask.restore()
+    picture.cr.restore()
+    cut = letters.squeezed(text, craft().overlay_cuts["huge"], width - 2 * FACE_LEFT - 6)
+    face = height - FACE_TOP - FACE_BOTTOM
+    ink = letters.Ink(picture)
+    letters.draw(ink.cr, text, x + (width - letters.width(text, cut)) // 2,
+                 y + FACE_TOP + round((face - cut.height) / 2), cut)
+    ink.must_read((look.ink,))
+    ink.pour(y, y + height, (look.ink, look.ink))
 
 
 def slot(width, height):

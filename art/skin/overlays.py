@@ -20,20 +20,24 @@ class Words(NamedTuple):
         return craft().overlay_cuts[self.size]
 
 
-WHITE = ("letter-top", "letter-bottom")
+WHITE = ("pale-top", "pale-bottom")
 AMBER = ("amber-top", "amber-bottom")
 CORAL = ("coral-top", "coral-bottom")
 SPACING = 8
 MARGIN = 9
+FOOT = 14  # below the lettering, where an emblem stands above it
 
 
-def _announcement(width, height, look, lines):
-    """A plate with centred lines of large lettering."""
+def _announcement(width, height, look, lines, emblem):
+    """A plate with an emblem, if any, over centred lines of large lettering."""
     picture = Picture(width, height, "edge")
     plates.plate(picture, 0, 0, width, height, look._replace(enabled=True),
                  thickness=craft().outline)
     full = sum(line.cut.height for line in lines) + SPACING * (len(lines) - 1)
     y = round((height - full) / 2)
+    if emblem:
+        y = height - round(full) - FOOT
+        craft().emblem(picture, emblem, width / 2, y / 2, look)
     for line in lines:
         cut = letters.squeezed(line.text, line.cut, width - 2 * MARGIN)
         ink = letters.Ink(picture)
@@ -46,6 +50,6 @@ def _announcement(width, height, look, lines):
     return picture
 
 
-def over(look, *lines):
+def over(look, *lines, emblem=""):
     """A painter of a plate that lies over a board."""
-    return lambda width, height: _announcement(width, height, look, lines)
+    return lambda width, height: _announcement(width, height, look, lines, emblem)

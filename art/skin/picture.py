@@ -9,7 +9,7 @@ import math
 import cairo
 from PIL import Image
 
-from . import colours
+from . import bitmaps, colours
 
 # The number of directions in which `spread` moves a sheet.
 SPREAD_STEPS = 32
@@ -84,6 +84,7 @@ class Picture:
 
     def __init__(self, width, height, ground="edge"):
         self.width, self.height = width, height
+        self.is_dithered = False
         self.art = cairo.ImageSurface(cairo.FORMAT_RGB24, width, height)
         self.cr = cairo.Context(self.art)
         self.cr.set_source_rgb(*colours.colour(ground))
@@ -109,11 +110,8 @@ class Picture:
     def pixels(self, key):
         """The finished picture, and a picture of its mask, which is 0 where the key shows. The key
         is (red, green, blue), from 0 to 255."""
-        hard = hardened(self.sheet)
-        result = cairo.ImageSurface(cairo.FORMAT_RGB24, self.width, self.height)
-        cr = cairo.Context(result)
-        cr.set_source_rgb(*(channel / 255 for channel in key))
-        cr.paint()
-        cr.set_source_surface(self.art)
-        cr.mask_surface(hard)
-        return image(result), image(hard)
+        mask = image(hardened(self.sheet))
+        art = image(self.art)
+        if self.is_dithered:
+            art = bitmaps.dithered(art)
+        return Image.composite(art, Image.new("RGB", art.size, key), mask), mask

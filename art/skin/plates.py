@@ -26,6 +26,8 @@ ON = Look("lamp-top", "lamp-bottom", "lamp-light", "lamp-dark", "lamp-ink", True
 OFF = Look("off-top", "off-bottom", "off-light", "off-dark", "off-ink", enabled=False)
 OFF_ON = Look("ember-top", "ember-bottom", "ember-light", "ember-dark", "ember-ink", True,
               enabled=False)
+START = Look("start-top", "start-bottom", "start-light", "start-dark", "start-ink",
+             glow="start-glow")
 FRAME = Look("frame", "frame-face", "frame-light", "frame-dark", "plate-ink")
 # Lit but not pressed: for pictures that announce something good.
 LIT = ON._replace(sunken=False)

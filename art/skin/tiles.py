@@ -8,7 +8,7 @@ KINDS = 8
 
 
 def blocks(width, height):
-    """The tiles: one for each of the seven figures, and the eighth for garbage."""
+    """The tiles: one for each of the seven figures, and the eighth for garbage and rows that go."""
     picture = Picture(width, height)
     for kind in range(1, KINDS + 1):
         craft().tile(picture, (kind - 1) * SIZE, 0, kind)

@@ -32,6 +32,11 @@ void DecodeChannels(std::span<const std::byte> row, const BmpLayout& layout,
 
 void DecodeIndices(std::span<const std::byte> row, unsigned bits,
                    const std::array<std::uint32_t, 256>& palette, std::span<std::uint32_t> pixels) {
+    if (bits == 8) {
+        for (std::size_t x = 0; x < pixels.size(); ++x)
+            pixels[x] = palette[ByteAt(row, x)];
+        return;
+    }
     const std::size_t perByte = 8 / bits;
     const std::uint32_t mask = (1u << bits) - 1;
     for (std::size_t x = 0; x < pixels.size(); ++x) {

@@ -69,6 +69,14 @@ Paint Filled(std::uint32_t colour, const RECT& area = {0, 0, 1000, 1000}) {
     };
 }
 
+/// A picture of a size that is all of one dark colour.
+Paint Covering(SIZE size) {
+    return [=](BmpRecipe& picture) {
+        Sized(size.cx, size.cy)(picture);
+        Filled(0x101018)(picture);
+    };
+}
+
 Paint Dotted(int x, int y, std::uint32_t colour) {
     return Filled(colour, {x, y, x + 1, y + 1});
 }
@@ -134,11 +142,13 @@ const CheckCase kFaults[] = {
     {"Letters.bmp", Sized(415, 16), Error, "26 cells"},
     {"Game/statistics.bmp", Sized(56, 19), Error, "7 cells"},
     {"KeyConfig/keys2.bmp", Sized(581, 44), Warning, "never shows"},
-    {"menu/LeftPlayer.bmp", Sized(110, 12), Warning, "its room is 109 x 12"},
+    {"menu/LeftPlayer.bmp", Sized(110, 12), Warning, "its room is 109 x 214"},
     {"menu/1playerbutt.bmp", Sized(236, 37), Warning, "its room is 118 x 36"},
     {"menu/1playerbutt.bmp", Sized(235, 36), Error, "equally wide"},
     {"menu/easybutt2.bmp", Sized(218, 31), Error, "cut like menu/easybutt.bmp"},
     {"menu/logo.bmp", Sized(633, 100), Error, "leaves the screen"},
+    {"HighScore/highscore.bmp", Sized(533, 480), Warning, "its room is 532 x 480"},
+    {"menu/logo.bmp", Covering({624, 480}), Warning, "hides the whole background"},
     {"KeyConfig/keybuttongrey.bmp", Sized(130, 112), Error, "leaves the screen"},
     {"KeyConfig/keybuttongrey.bmp", Sized(130, 111), Warning, "its room is 65 x 64"},
     {"Game/playboard.bmp", Sized(217, 372), Warning, "does not fit round"},
@@ -236,6 +246,8 @@ TEST_F(SkinChecks, TextIsHardToReadOnSomeGrounds) {
     const std::tuple<const char*, RECT, bool, const char*> kCases[] = {
         {"Background.bmp", {436, 104, 516, 120}, false, "letters "},            // the heading SCORE
         {"Background.bmp", {9, 390, 25, 406}, false, "letters digits signs "},  // the last name
+        {"menu/logo.bmp", {157, 372, 180, 388}, false, "letters digits signs "},  // the address
+        {"HighScore/highscore.bmp", {10, 138, 26, 154}, false, "letters digits signs "},
         {"Background.bmp", {0, 0, 9, 480}, false, ""},
         {"Background.bmp", {0, 0, 520, 104}, false, ""},
         {"Game/Background.bmp", {234, 277, 298, 293}, false, "letters "},  // WINS
@@ -248,7 +260,7 @@ TEST_F(SkinChecks, TextIsHardToReadOnSomeGrounds) {
     for (const auto& [file, area, isSeenThrough, found] : kCases) {
         Restore();
         Make(file, Paint([file = file, area = area](BmpRecipe& ground) {
-                 Sized(file == kMenuGround ? 520 : 320, 480)(ground);
+                 Sized(file == ShownName(kGameGround) ? 320 : 520, 480)(ground);
                  Filled(0x777777, area)(ground);
              }));
         if (isSeenThrough) Make("Game/statisticsframe.bmp", Filled(0xFF00FF));

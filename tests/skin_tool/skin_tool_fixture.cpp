@@ -8,6 +8,7 @@
 #include "tests/support/test_skin.h"
 #include "tools/korvane-skin/catalogue_table.h"
 #include "tools/korvane-skin/skin_files.h"
+#include "tools/korvane-skin/text_places.h"
 
 namespace korvane {
 namespace {
@@ -22,13 +23,16 @@ std::uint32_t GoodPixel(const PictureRow& row, int x, int y) {
         return column > 2 && column < 12 && y > 2 && y < 13 ? 0xFFFFFF : key;
     }
     if (row.kind == PictureKind::Tile || row.file == "Game\\statisticsframe.bmp") return kDark;
+    if (row.file == kMenuGround || row.file == kScoreGround) return x + y == 0 ? kDark : key;
     return x + y == 0 ? key : 0x606068;
 }
 
 }  // namespace
 
 BmpRecipe GoodPicture(const PictureRow& row) {
-    return {.width = row.FileSize().cx, .height = row.FileSize().cy, .pixel = [row](int x, int y) {
+    // What lies on a background need not be large.
+    const SIZE size = LiesOnBackground(row.file) ? SIZE{8, 8} : row.FileSize();
+    return {.width = size.cx, .height = size.cy, .pixel = [row](int x, int y) {
                 return GoodPixel(row, x, y);
             }};
 }

@@ -6,7 +6,8 @@ namespace korvane {
 
 inline constexpr SIZE kWideButton{118, 36};
 inline constexpr SIZE kColumnButton{109, 32};
-inline constexpr SIZE kArrowButton{44, 32};
+inline constexpr SIZE kLeftArrow{46, 32};
+inline constexpr SIZE kRightArrow{63, 32};
 inline constexpr SIZE kScoreButton{116, 36};
 inline constexpr SIZE kFontCell{16, 16};
 inline constexpr SIZE kKeyGlyph{29, 44};
@@ -40,9 +41,12 @@ inline constexpr std::array kPictures = {
     Single("Game\\join2.bmp", 1, {160, 220}, {389, 238}, "right board, centred, 132 down"),
     Single("Game\\battleagain.bmp", 1, {640, 48}, {0, 432}, "below a lost battle, centred, at 432"),
 
-    Single("menu\\logo.bmp", 0, {624, 105}, {8, 0}, "menu, at (8, 0)"),
-    Single("menu\\LeftPlayer.bmp", 0, {109, 12}, {278, 128}, "menu, at (278, 128)"),
-    Single("menu\\RightPlayer.bmp", 0, {109, 12}, {391, 128}, "menu, at (391, 128)"),
+    Single("menu\\logo.bmp", 0, {624, 480}, {8, 0},
+           "all views of the menu, below the rest, at (8, 0)"),
+    Single("menu\\LeftPlayer.bmp", 0, {109, 214}, {278, 128},
+           "menu, below its buttons, at (278, 128)"),
+    Single("menu\\RightPlayer.bmp", 0, {109, 214}, {391, 128},
+           "menu, below its buttons, at (391, 128)"),
     TwoViews("menu\\1playerbutt.bmp", kWideButton),
     TwoViews("menu\\2playerbutt.bmp", kWideButton),
     TwoViews("menu\\confbutt.bmp", kWideButton),
@@ -58,10 +62,10 @@ inline constexpr std::array kPictures = {
     TwoViews("menu\\mediumbutt2.bmp", kColumnButton),
     TwoViews("menu\\hardbutt.bmp", kColumnButton),
     TwoViews("menu\\hardbutt2.bmp", kColumnButton),
-    TwoViews("menu\\ccwrotbutt.bmp", kArrowButton),
-    TwoViews("menu\\ccwrotbutt2.bmp", kArrowButton),
-    TwoViews("menu\\cwrotbutt.bmp", kArrowButton),
-    TwoViews("menu\\cwrotbutt2.bmp", kArrowButton),
+    TwoViews("menu\\ccwrotbutt.bmp", kLeftArrow),
+    TwoViews("menu\\ccwrotbutt2.bmp", kLeftArrow),
+    TwoViews("menu\\cwrotbutt.bmp", kRightArrow),
+    TwoViews("menu\\cwrotbutt2.bmp", kRightArrow),
     TwoViews("menu\\timebutt.bmp", kColumnButton),
     TwoViews("menu\\timebutt2.bmp", kColumnButton),
     TwoViews("menu\\quakebutt.bmp", kWideButton),
@@ -73,7 +77,8 @@ inline constexpr std::array kPictures = {
     TwoViews("menu\\resetbutt.bmp", kWideButton),
     TwoViews("menu\\resetbutt2.bmp", kWideButton),
 
-    Single("HighScore\\highscore.bmp", 0, {532, 100}, {54, 0}, "high scores, at (54, 0)"),
+    Single("HighScore\\highscore.bmp", 0, {532, 480}, {54, 0},
+           "high scores, below the rest, at (54, 0)"),
     Single("HighScore\\cursor.bmp", 0, {16, 18}, {256, 390}, "on the name that is typed"),
     TwoViews("HighScore\\menubutt.bmp", kScoreButton),
     TwoViews("HighScore\\menuButt2.bmp", kScoreButton),

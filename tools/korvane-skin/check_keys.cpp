@@ -3,6 +3,7 @@
 #include "tools/korvane-skin/checks.h"
 #include "tools/korvane-skin/colour.h"
 #include "tools/korvane-skin/limits.h"
+#include "tools/korvane-skin/text_places.h"
 
 namespace korvane {
 namespace {
@@ -102,6 +103,16 @@ void CheckTransparency(const PictureRow& row, const DecodedBitmap& bitmap, std::
                         ", so that characters are drawn as boxes; fill the ground with it"));
 }
 
+/// Finds a picture that lies on a background and leaves nothing of it to be seen.
+void CheckCover(const PictureRow& row, const DecodedBitmap& bitmap, std::uint32_t key,
+                Report& report) {
+    if (!LiesOnBackground(row.file) || bitmap.size.cy < row.room.cy) return;
+    if (!FindSpots(bitmap, [&](int x, int y) { return PixelOf(bitmap, x, y) == key; }))
+        report.Add(Severity::Warning, row.file,
+                   Text("hides the whole background; fill what shall show Background.bmp with ",
+                        ColourName(key)));
+}
+
 }  // namespace
 
 void CheckKeys(const CheckedSkin& skin, Report& report) {
@@ -114,6 +125,7 @@ void CheckKeys(const CheckedSkin& skin, Report& report) {
         CheckCollisions(row, *picture.bitmap, key, report);
         CheckFringes(row, *picture.bitmap, key, report);
         CheckTransparency(row, *picture.bitmap, key, report);
+        CheckCover(row, *picture.bitmap, key, report);
     }
 }
 

@@ -78,6 +78,19 @@ double InkContrast(const Characters& characters, int number, const TextGround& g
     return contrasts[static_cast<std::size_t>(count) - 1];
 }
 
+/// The least contrast of a character in some places.
+double LeastContrast(const Characters& characters, int number, std::span<const TextGround> places) {
+    double least = kHighestContrast;
+    for (const TextGround& place : places)
+        least = std::min(least, InkContrast(characters, number, place));
+    return least;
+}
+
+std::string GroundText(std::string_view file) {
+    if (!LiesOnBackground(file)) return ShownName(file);
+    return Text(ShownName(kBackground), " with ", ShownName(file));
+}
+
 /// Checks the characters in all places on one picture.
 void CheckContrast(const Characters& characters, std::span<const TextGround> places,
                    Report& report) {
@@ -85,9 +98,7 @@ void CheckContrast(const Characters& characters, std::span<const TextGround> pla
     int worstNumber = 0;
     int tooLow = 0;
     for (int number = 0; number < characters.count; ++number) {
-        double lowest = kHighestContrast;
-        for (const TextGround& place : places)
-            lowest = std::min(lowest, InkContrast(characters, number, place));
+        const double lowest = LeastContrast(characters, number, places);
         if (lowest < kLeastContrast) ++tooLow;
         if (lowest < worst) {
             worst = lowest;
@@ -97,7 +108,7 @@ void CheckContrast(const Characters& characters, std::span<const TextGround> pla
     if (tooLow == 0) return;
     report.Add(Severity::Warning, characters.row.file,
                Text(tooLow, " of ", characters.count, " characters are hard to read on ",
-                    ShownName(places.front().file), " (", characters.Name(worstNumber),
+                    GroundText(places.front().file), " (", characters.Name(worstNumber),
                     " has a contrast of ", std::floor(worst * 10) / 10, " to 1, ", kLeastContrast,
                     " to 1 is wanted); make them lighter or the ground darker, or the reverse"));
 }
@@ -117,33 +128,56 @@ void CheckSpareColumns(const Characters& characters, Report& report) {
                         "the next character begins; keep these columns transparent"));
 }
 
-void CheckKeyGlyphs(const CheckedSkin& skin, Report& report) {
+/// The letters, the digits and the signs of the font.
+std::array<Characters, 3> FontCharacters(const CheckedSkin& skin) {
+    const PictureRow& letters = RowOf("Letters.bmp");
+    const PictureRow& numbers = RowOf("Numbers.bmp");
+    const SkinPicture& sheet = skin.Picture(numbers);
+    const std::uint32_t key = skin.Key(0);
+    return {Characters{kLetters, letters, skin.Picture(letters), key, "ABCDEFGHIJKLMNOPQRSTUVWXYZ",
+                       0, 26},
+            Characters{kDigits, numbers, sheet, key, "0123456789", 0, 10},
+            Characters{kSigns, numbers, sheet, key, ":;<=>?@", 10, 7}};
+}
+
+/// The sheets of the keys' glyphs that have all their cells.
+std::vector<Characters> KeyGlyphs(const CheckedSkin& skin) {
+    std::vector<Characters> sheets;
     for (const PictureRow& row : kPictures) {
         if (row.kind != PictureKind::Cells || row.room != kKeyGlyph) continue;
         const Characters glyphs{0, row, skin.Picture(row), skin.Key(row.key), {}, 0, row.cells};
-        if (!glyphs.HasCells()) continue;
-        const TextGround slot = KeySlotGround(skin, row.room.cx, InkRowsOf(glyphs));
+        if (glyphs.HasCells()) sheets.push_back(glyphs);
+    }
+    return sheets;
+}
+
+TextGround SlotGround(const CheckedSkin& skin, const Characters& glyphs) {
+    return KeySlotGround(skin, glyphs.row.room.cx, InkRowsOf(glyphs));
+}
+
+void CheckKeyGlyphs(const CheckedSkin& skin, Report& report) {
+    for (const Characters& glyphs : KeyGlyphs(skin)) {
+        const TextGround slot = SlotGround(skin, glyphs);
         if (slot.isOwn || glyphs.picture.isOwn) CheckContrast(glyphs, {&slot, 1}, report);
     }
+}
+
+double LeastContrast(const Characters& characters, std::span<const TextGround> places) {
+    double least = kHighestContrast;
+    for (int number = 0; number < characters.count; ++number)
+        least = std::min(least, LeastContrast(characters, number, places));
+    return least;
 }
 
 }  // namespace
 
 void CheckText(const CheckedSkin& skin, Report& report) {
-    const PictureRow& letters = RowOf("Letters.bmp");
-    const PictureRow& numbers = RowOf("Numbers.bmp");
-    const SkinPicture& letterSheet = skin.Picture(letters);
-    const SkinPicture& numberSheet = skin.Picture(numbers);
-    const std::uint32_t key = skin.Key(0);
-    for (const Characters& characters :
-         {Characters{kLetters, letters, letterSheet, key, "ABCDEFGHIJKLMNOPQRSTUVWXYZ", 0, 26},
-          Characters{kDigits, numbers, numberSheet, key, "0123456789", 0, 10},
-          Characters{kSigns, numbers, numberSheet, key, ":;<=>?@", 10, 7}}) {
+    for (const Characters& characters : FontCharacters(skin)) {
         if (!characters.HasCells()) continue;
         if (characters.picture.isOwn) CheckSpareColumns(characters, report);
         const std::vector<TextGround> grounds =
             TextGroundsOf(skin, characters.kind, InkRowsOf(characters));
-        for (const std::string_view file : {kMenuGround, kGameGround, kCountGround}) {
+        for (const std::string_view file : {kMenuGround, kScoreGround, kGameGround, kCountGround}) {
             std::vector<TextGround> places;
             std::ranges::copy_if(grounds, std::back_inserter(places), [&](const auto& ground) {
                 return ground.file == file && (ground.isOwn || characters.picture.isOwn);
@@ -152,6 +186,20 @@ void CheckText(const CheckedSkin& skin, Report& report) {
         }
     }
     CheckKeyGlyphs(skin, report);
+}
+
+double LeastTextContrast(const CheckedSkin& skin) {
+    double least = kHighestContrast;
+    for (const Characters& characters : FontCharacters(skin)) {
+        if (!characters.HasCells()) continue;
+        const auto grounds = TextGroundsOf(skin, characters.kind, InkRowsOf(characters));
+        least = std::min(least, LeastContrast(characters, grounds));
+    }
+    for (const Characters& glyphs : KeyGlyphs(skin)) {
+        const TextGround slot = SlotGround(skin, glyphs);
+        least = std::min(least, LeastContrast(glyphs, {&slot, 1}));
+    }
+    return least;
 }
 
 }  // namespace korvane

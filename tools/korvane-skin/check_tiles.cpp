@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -99,6 +100,20 @@ void Tell(const PictureRow& row, std::vector<Pair> pairs, const char* fault, dou
              advice));
 }
 
+/// The darkest and the lightest luminance of the inside of the board.
+std::pair<double, double> BoardLuminances(const CheckedSkin& skin) {
+    const DecodedBitmap& board = *skin.Picture(RowOf("Game\\playboard.bmp")).bitmap;
+    constexpr RECT kInside{29, 0, 189, 352};
+    std::pair<double, double> found{1, 0};
+    for (int y = kInside.top; y < kInside.bottom; ++y) {
+        for (int x = kInside.left; x < kInside.right; ++x) {
+            const double luminance = Luminance(PixelOf(board, x, y));
+            found = {std::min(found.first, luminance), std::max(found.second, luminance)};
+        }
+    }
+    return found;
+}
+
 }  // namespace
 
 void CheckTiles(const CheckedSkin& skin, Report& report) {
@@ -126,6 +141,43 @@ void CheckTiles(const CheckedSkin& skin, Report& report) {
          "make one of them lighter, or give it another mark", report);
     Tell(row, std::move(sameColour), "differ only in their marks", kLeastColourDistance,
          "give one of them another colour, or make it lighter", report);
+}
+
+TileDistances LeastTileDistances(const CheckedSkin& skin, Sight sight) {
+    const PictureRow& row = RowOf("Game\\blocks.bmp");
+    const SeenTiles seen = SeeTiles(*skin.Picture(row).bitmap, row, skin.Key(row.key));
+    const std::vector<SeenTile>& tiles = seen[static_cast<std::size_t>(sight)];
+    TileDistances least;
+    for (std::size_t one = 0; one < tiles.size(); ++one) {
+        for (std::size_t other = one + 1; other < tiles.size(); ++other) {
+            const auto measured = [&](double distance) {
+                return TileDistances::Pair{distance, static_cast<int>(one + 1),
+                                           static_cast<int>(other + 1)};
+            };
+            least.tiles = std::min(least.tiles, measured(Distance(tiles[one], tiles[other])));
+            least.colours =
+                std::min(least.colours, measured(MeanDistance(tiles[one], tiles[other])));
+        }
+    }
+    return least;
+}
+
+double LeastTileContrast(const CheckedSkin& skin) {
+    const auto [darkest, lightest] = BoardLuminances(skin);
+    const PictureRow& row = RowOf("Game\\blocks.bmp");
+    double least = kHighestContrast;
+    for (int tile = 0; tile < row.cells - 1; ++tile) {
+        std::vector<double> contrasts;
+        for (int i = 0; i < row.room.cx * row.room.cy; ++i) {
+            const double luminance = Luminance(PixelOf(
+                *skin.Picture(row).bitmap, tile * row.room.cx + i % row.room.cx, i / row.room.cx));
+            contrasts.push_back(
+                std::min(Contrast(luminance, darkest), Contrast(luminance, lightest)));
+        }
+        std::ranges::sort(contrasts, std::greater());
+        least = std::min(least, contrasts[contrasts.size() / 4]);
+    }
+    return least;
 }
 
 }  // namespace korvane

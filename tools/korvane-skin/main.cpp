@@ -4,6 +4,7 @@
 
 #include "tools/korvane-skin/catalogue.h"
 #include "tools/korvane-skin/checks.h"
+#include "tools/korvane-skin/measure.h"
 #include "tools/korvane-skin/new_skin.h"
 #include "tools/korvane-skin/sheet.h"
 #include "tools/korvane-skin/skin_files.h"
@@ -50,6 +51,13 @@ int Sheet(const Request& request) {
     if (const std::string reason = UseSkin(request.skin, request.original); !reason.empty())
         return Refuse(reason);
     if (!WriteSheet(request.picture)) return Refuse(Text("cannot write ", request.picture));
+    return 0;
+}
+
+int Measure(const Request& request) {
+    if (const std::string reason = UseSkin(request.skin, request.original); !reason.empty())
+        return Refuse(reason);
+    std::cout << MeasureSkin();
     return 0;
 }
 
@@ -100,6 +108,8 @@ int Main(int count, char** words) {
     add("new", "Starts a skin in Skins/NAME as a copy of the Original", New)
         ->add_option("NAME", request.name, "The name of the new skin")
         ->required();
+    AddFolders(*add("measure", "Measures tiles, texts and the light of all screens", Measure),
+               request);
     add("catalogue", "Lists all files of a skin as Markdown", Catalogue)
         ->add_flag("--json", request.asJson, "Lists pictures and buttons for programs instead");
     try {

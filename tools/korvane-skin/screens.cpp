@@ -33,6 +33,7 @@ constexpr std::array<std::string_view, 9> kRightRows = {"1.........", "1.......4
 constexpr std::array<std::string_view, 7> kLeftRows = {"......3...", "55....33..", "5566.1443.",
                                                        "766..144.7", "77223.4477", ".7.2233.71",
                                                        "8442.66881"};
+constexpr std::array<std::string_view, 3> kFewRows = {".......4..", "33.....4..", "33..66.44."};
 
 Board BoardOf(Rows rows) {
     Board board;
@@ -158,6 +159,24 @@ void AddOtherViews(Stage& stage, std::vector<ScreenPicture>& screens) {
                        })});
 }
 
+/// Games as they begin, without the displays, and with rows that are about to go.
+void AddMoments(Stage& stage, std::vector<ScreenPicture>& screens) {
+    Player right{Side::Right};
+    Player left{Side::Left};
+    const auto show = [&] { DrawPlayers(right, left); };
+    PlayInto(right, /*timed=*/false, 3, kFewRows);
+    screens.push_back({"Game, one player, just begun", stage.Show(show)});
+    Board complete = BoardOf(kRightRows);
+    for (const int row : {16, 18, 19})
+        complete.FillRow(row, kMarkerCell);
+    right.SetBoard(complete);
+    PlayInto(left, /*timed=*/false, 3, kLeftRows);
+    screens.push_back({"Rows that go", stage.Show(show)});
+    theSettings.preview = theSettings.statistics = {false, false};
+    screens.push_back({"Game without its displays", stage.Show(show)});
+    theSettings.preview = theSettings.statistics = {true, true};
+}
+
 void AddGames(Stage& stage, std::vector<ScreenPicture>& screens) {
     const auto show = [&stage](Player& right, Player& left) {
         return stage.Show([&] { DrawPlayers(right, left); });
@@ -236,6 +255,7 @@ std::vector<ScreenPicture> DrawScreens() {
     Stage stage;
     AddMainViews(stage, screens);
     AddOtherViews(stage, screens);
+    AddMoments(stage, screens);
     AddGames(stage, screens);
     AddHighScores(stage, screens);
     screens.push_back({"Letters, numbers and key signs", stage.Show(DrawCharacters)});

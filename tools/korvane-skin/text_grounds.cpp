@@ -65,10 +65,21 @@ class Scenery {
     std::vector<std::uint32_t> pixels_;
 };
 
-Scenery EmptyMenu(const CheckedSkin& skin) {
-    Scenery menu(skin);
-    menu.Tile(kMenuGround, kMenuArea);
-    return menu;
+/// A screen of the background and the picture that lies on it.
+Scenery OnBackground(const CheckedSkin& skin, std::string_view file) {
+    Scenery scenery(skin);
+    scenery.Tile(kBackground, kMenuArea);
+    scenery.Draw(file, RowOf(file).at);
+    return scenery;
+}
+
+Scenery EmptyGame(const CheckedSkin& skin) {
+    Scenery game(skin);
+    game.Tile(kGameGround, kLeftHalf);
+    game.Draw("Game\\playboard.bmp", {16, 50});
+    game.Draw("Game\\previewframe.bmp", {234, 52});
+    game.Draw("Game\\statisticsframe.bmp", {234, 113});
+    return game;
 }
 
 }  // namespace
@@ -76,7 +87,7 @@ Scenery EmptyMenu(const CheckedSkin& skin) {
 TextGround KeySlotGround(const CheckedSkin& skin, int width, const InkRows& rows) {
     const POINT slot = KeySlotPlace(Action::Rotate, Side::Right);
     const POINT glyph{slot.x + kGlyphInSlot.x, slot.y + kGlyphInSlot.y};
-    Scenery menu = EmptyMenu(skin);
+    Scenery menu = OnBackground(skin, kMenuGround);
     constexpr int kNormalAndPressed = 2;
     menu.Draw(kKeySlotFile, slot, kNormalAndPressed);
     TextGround ground{kKeySlotFile, skin.Picture(RowOf(kKeySlotFile)).isOwn, 1, 0};
@@ -85,21 +96,20 @@ TextGround KeySlotGround(const CheckedSkin& skin, int width, const InkRows& rows
 }
 
 std::vector<TextGround> TextGroundsOf(const CheckedSkin& skin, unsigned kind, const InkRows& rows) {
-    Scenery menu = EmptyMenu(skin);
-    Scenery game(skin);
-    game.Tile(kGameGround, kLeftHalf);
-    game.Draw("Game\\playboard.bmp", {16, 50});
-    game.Draw("Game\\previewframe.bmp", {234, 52});
-    game.Draw("Game\\statisticsframe.bmp", {234, 113});
+    Scenery menu = OnBackground(skin, kMenuGround);
+    Scenery scores = OnBackground(skin, kScoreGround);
+    Scenery game = EmptyGame(skin);
 
     std::vector<TextGround> grounds;
     for (const TextPlace& place : kTextPlaces) {
         if ((place.kinds & kind) == 0) continue;
-        const bool isInMenu = place.ground == kMenuGround;
-        const bool isOwn = skin.Picture(RowOf(place.ground)).isOwn ||
-                           (!isInMenu && skin.Picture(RowOf(kGameGround)).isOwn);
+        const std::string_view below = LiesOnBackground(place.ground) ? kBackground : kGameGround;
+        const bool isOwn =
+            skin.Picture(RowOf(place.ground)).isOwn || skin.Picture(RowOf(below)).isOwn;
         TextGround ground{place.ground, isOwn, 1, 0};
-        Scenery& scenery = isInMenu ? menu : game;
+        Scenery& scenery = place.ground == kMenuGround    ? menu
+                           : place.ground == kScoreGround ? scores
+                                                          : game;
         for (int row = 0; row < place.rows; ++row)
             scenery.Measure(place.Row(row, rows.top, rows.bottom), ground);
         grounds.push_back(ground);

@@ -7,10 +7,17 @@
 
 namespace korvane {
 
-// The pictures that texts stand on.
-inline constexpr std::string_view kMenuGround = "Background.bmp";  ///< also of the high scores
+inline constexpr std::string_view kBackground = "Background.bmp";
+
+// The pictures that texts stand on. The first two lie on the background.
+inline constexpr std::string_view kMenuGround = "menu\\logo.bmp";
+inline constexpr std::string_view kScoreGround = "HighScore\\highscore.bmp";
 inline constexpr std::string_view kGameGround = "Game\\Background.bmp";
 inline constexpr std::string_view kCountGround = "Game\\statisticsframe.bmp";
+
+constexpr bool LiesOnBackground(std::string_view file) {
+    return file == kMenuGround || file == kScoreGround;
+}
 
 /// The kinds of characters, as bits.
 inline constexpr unsigned kLetters = 1;
@@ -38,8 +45,14 @@ struct TextPlace {
 constexpr TextPlace Wide(unsigned kinds, POINT at, int length) {
     return {kMenuGround, kinds, at, length, 16};
 }
-constexpr TextPlace Rows(unsigned kinds, POINT at, int length, int step, int pitch, int rows) {
-    return {kMenuGround, kinds, at, length, step, rows, pitch};
+constexpr TextPlace KeyNames(POINT at) {
+    return {kMenuGround, kLetters, at, 6, 14, 5, 66};
+}
+constexpr TextPlace Heading(POINT at, int length) {
+    return {kScoreGround, kLetters, at, length, 16};
+}
+constexpr TextPlace Scores(unsigned kinds, int x, int length, int step) {
+    return {kScoreGround, kinds, {x, 138}, length, step, 10, 28};
 }
 /// Beside the left board. The right board's texts stand 320 pixels further on, on the same picture.
 constexpr TextPlace Label(int y, int length) {
@@ -62,18 +75,18 @@ inline constexpr std::array kTextPlaces = {
     Wide(kLetters, {225, 308}, 6),
     Wide(kAll, {165, 372}, 15),
     // Keys.
-    Rows(kLetters, {235, 129}, 6, 14, 66, 5),
-    Rows(kLetters, {410, 129}, 6, 14, 66, 5),
+    KeyNames({235, 129}),
+    KeyNames({410, 129}),
     // High scores.
-    Wide(kLetters, {64, 104}, 4),
-    Wide(kLetters, {272, 104}, 5),
-    Wide(kLetters, {393, 104}, 5),
-    Wide(kLetters, {491, 104}, 5),
-    Rows(kAll, {64, 138}, 13, 16, 28, 10),
-    Rows(kDigits, {272, 138}, 5, 14, 28, 10),
-    Rows(kDigits, {393, 138}, 5, 14, 28, 10),
-    Rows(kDigits, {496, 138}, 5, 14, 28, 10),
-    Rows(kLetters, {117, 415}, 28, 14, 0, 1),
+    Heading({64, 104}, 4),
+    Heading({272, 104}, 5),
+    Heading({393, 104}, 5),
+    Heading({491, 104}, 5),
+    Scores(kAll, 64, 13, 16),
+    Scores(kDigits, 272, 5, 14),
+    Scores(kDigits, 393, 5, 14),
+    Scores(kDigits, 496, 5, 14),
+    TextPlace{kScoreGround, kLetters, {117, 415}, 28, 14},
     // Game: LEVEL, LINES, TIME, WINS and SCORE with their values.
     Label(183, 5),
     Value(202),

@@ -41,8 +41,13 @@ class Sprite(Picture):
 
     def __init__(self, picture, key):
         super().__init__(picture.pixels)
+        self.key = key
         self.is_drawn = (self.pixels != key).any(axis=2)
         self.size = self.is_drawn.sum()
+
+    def above(self, y):
+        """The part above a row."""
+        return Sprite(self.part(0, 0, self.width, y), self.key)
 
 
 def read_picture(file):

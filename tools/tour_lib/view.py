@@ -16,7 +16,7 @@ BOARD_Y = 50
 STACK_ROWS = 6  # the lowest rows, where tiles may lie; a falling figure is looked for above them
 TILES = 8
 FIGURES = ("bar", "Z", "square", "L", "S", "J", "T")  # as the tiles stand in their picture
-OVERLAYS = {"pause": (40, 144), "looser": (35, 144), "winner": (5, 144), "join1": (5, 132)}
+OVERLAYS = {"pause": (40, 144), "looser": (35, 144), "winner": (0, 144), "join1": (0, 132)}
 GAME_KEY = 1
 SCORE, WINS = (193, 355), (193, 296)
 
@@ -24,6 +24,7 @@ SLOT_GLYPH, SLOT_GLYPH_KEY = (18, 10), 2
 ARROWS = {37: 0, 40: 1, 38: 2, 39: 3}
 
 FIRST_SCORE_Y, SCORE_PITCH = 138, 28
+TITLE_DEPTH = 100  # of the title; texts lie on the rest of its picture
 NAME_X, LINES_X, LEVEL_X, SCORE_X = 64, 272, 393, 496
 
 
@@ -129,7 +130,8 @@ class View:
                      if self.picture.shows(tile, x, y)), None)
 
     def has_scores(self, can_leave):
-        return (self.shows("HighScore/highscore.bmp", 54, 0)
+        title = self.skin.sprite("HighScore/highscore.bmp").above(TITLE_DEPTH)
+        return (self.picture.shows(title, 54, 0)
                 and all(self.has_button(name, enabled=can_leave)
                         for name in ("ScoresMenu", "ScoresPlay")))
 

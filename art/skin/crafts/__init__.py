@@ -2,6 +2,7 @@
 
 from .bold import Bold
 from .enamel import Enamel
+from .lantern import Lantern
 from .porcelain import Porcelain
 
-CRAFTS = {"Original": Enamel(), "Daylight": Porcelain(), "Contrast": Bold()}
+CRAFTS = {"Original": Enamel(), "Daylight": Porcelain(), "Lantern": Lantern(), "Contrast": Bold()}

@@ -1,10 +1,15 @@
 """Black and white with few strong hues: thick lines, large marks, nothing that needs colour."""
 
-from .. import boards, current, letters, plates, shapes, sources
+from .. import boards, current, letters, plates, shapes, sources, titles
 from ..colours import colour
 from ..picture import grown, spread
 from ..tiles import SIZE
 from .craft import Craft, Lettering
+
+
+# The figures beside the menu: the left top corner in the picture of the logo, the figure.
+FIGURES = ((16, 128, "3"), (0, 288, "7"), (0, 416, "2"), (528, 144, "6"), (528, 288, "5"),
+           (528, 416, "4"))
 
 
 class Bold(Craft):
@@ -17,10 +22,10 @@ class Bold(Craft):
     logo_kinds = (1, 3, 2, 1, 6, 3, 7)
     score_kinds = (3, 1)
     sign_pen = 3
-    lettering = Lettering(letters.Type(1, 1, 3, 2, 3), 1, ("letter-top", "letter-bottom"),
-                          ("number-top", "number-bottom"))
+    lettering = Lettering(letters.Type(1.12, 1, 3, 2, 3), letters.Type(1.12, 1.1, 3, 2, 3), 1,
+                          ("letter-top", "letter-bottom"), ("number-top", "number-bottom"))
     button_cut = letters.Type(0.8, 1.1, 3, 2)
-    heading_cut = letters.Type(0.75, 0.7, 3, 2, 2)
+    heading_cut = letters.Type(0.75, 0.7, 2.6, 2, 2)
     overlay_cuts = {
         "huge": letters.Type(1.6, 2, 6, 4),
         "large": letters.Type(1.2, 1.6, 5, 4),
@@ -67,27 +72,79 @@ class Bold(Craft):
         """A field that is all black, as the panel itself is."""
         plates.box(cr, "glass", x, y, width, height, radius)
 
+    def column(self, picture, width, depth, side):
+        """A field in a line, in two lines for the right player."""
+        picture.cover(shapes.rounded_rectangle, 0, 0, width, depth, self.radius)
+        plates.box(picture.cr, f"{side}-plate", 0, 0, width, depth, self.radius)
+        for inset in (0, 2) if side == "right" else (0,):
+            plates.line(picture.cr, f"{side}-edge", inset, inset, width - 2 * inset,
+                        depth - 2 * inset, self.radius, 1)
+
+    def row(self, cr, x, y, width, height, name):
+        """A field in a line, as thick as the place is high."""
+        plates.box(cr, "black", x, y, width, height, self.radius)
+        plates.line(cr, f"{name}-edge", x, y, width, height, self.radius, 1 if name == "row" else 2)
+
+    def socket(self, cr, x, y):
+        """The corners of the place of a cell."""
+        for dx in (1, 11):
+            for dy in (1, 14):
+                plates.bar(cr, "socket", x + dx, y + dy, 4, 1)
+        for dx in (1, 14):
+            for dy in (1, 11):
+                plates.bar(cr, "socket", x + dx, y + dy, 1, 4)
+
+    def base_line(self, cr, x, y, width):
+        """A white line."""
+        plates.bar(cr, "frame", x - 2, y, width + 3, 1)
+
+    def bar_mark(self, cr, x, y, width, kind):
+        """The colour of a tile, or that of its ring if it is black."""
+        name = "ring" if colour(f"tile-{kind}") == colour("black") else "tile"
+        plates.bar(cr, f"{name}-{kind}", x, y + 1, width, 3)
+
     # grounds
 
     def ground(self, picture):
-        """Black between two white lines."""
+        """Black."""
+
+    def sides(self, picture):
+        """Figures at both sides, twice as large as in the game."""
+        for x, y, name in FIGURES:
+            for row, line in enumerate(sources.grids(sources.ART / "figures.txt")[name]):
+                for column, sign in enumerate(line):
+                    if sign == "#":
+                        self._large_tile(picture, x + 2 * SIZE * column, y + 2 * SIZE * row, name)
+
+    def _large_tile(self, picture, x, y, name):
+        for context in (picture.cr, picture.mask):
+            context.save()
+            context.translate(x, y)
+            context.scale(2, 2)
+        self.tile(picture, 0, 0, int(name))
+        picture.cr.restore()
+        picture.mask.restore()
+
+    def table(self, picture):
+        """The rows between two white lines."""
         for x in (0, picture.width - 2):
+            picture.mask.rectangle(x, 0, 2, picture.height)
+            picture.mask.fill()
             plates.bar(picture.cr, "frame", x, 0, 2, picture.height)
+        super().table(picture)
 
     def half(self, picture):
-        """Black, with a ruled field for the values."""
-        left, across = boards.PANEL_LEFT, boards.PANEL_WIDTH - 2
-        self.panel(picture.cr, left, 0, across, picture.height, self.radius)
-        for y in (*boards.RULES, boards.VALUES_TOP):
-            plates.bar(picture.cr, "frame", left, y, across, 2)
-        # The last value nearly reaches the lower line.
-        plates.bar(picture.cr, "black", left + 2, picture.height - 2, across - 4, 1)
+        """Black, with a ruled field for the values that is open below."""
+        cr, left, across = picture.cr, boards.PANEL_LEFT, boards.PANEL_WIDTH - 2
+        self.panel(cr, left, 0, across, picture.height + 8, self.radius)
+        for y in (boards.VALUES_TOP, boards.SCORE_TOP):
+            plates.bar(cr, "frame", left, y, across, 2)
 
     # the board
 
     def board(self, picture, left, inside, depth):
         """Thick white walls with a mark for every row, and a floor as thick."""
-        cr, width, height = picture.cr, picture.width, picture.height
+        cr, width = picture.cr, picture.width
         full, bottom = width - 2 * left, depth + self.wall
         picture.cover(shapes.rounded_rectangle, left, 0, full, bottom, 2)
         plates.box(cr, "frame", left, 0, full, bottom, 2)
@@ -102,10 +159,15 @@ class Bold(Craft):
     # tiles
 
     def tile(self, picture, x, y, kind):
-        """One tile: a face in its ring with a large mark, all in flat colours."""
+        """One tile: a face in its ring with a large mark, all in flat colours. The eighth is white
+        from side to side, above a line."""
         cr = picture.cr
         picture.mask.rectangle(x, y, SIZE, SIZE)
         picture.mask.fill()
+        if kind == 8:
+            plates.bar(cr, "black", x, y, SIZE, SIZE)
+            plates.bar(cr, "white", x, y, SIZE, SIZE - 1)
+            return
         plates.bar(cr, "black", x, y, SIZE, SIZE)
         plates.box(cr, f"ring-{kind}", x, y, SIZE - 1, SIZE - 1, 1)
         plates.bar(cr, f"tile-{kind}", x + 2, y + 2, SIZE - 5, SIZE - 5)
@@ -140,7 +202,7 @@ class Bold(Craft):
         """Letters half as thick as their cut; the rest is the lines that grow round them."""
         cut = letters.squeezed(text, cut, 512)
         place = ((picture.width - letters.width(text, cut)) // 2,
-                 (picture.height - round(cut.height)) // 2)
+                 (titles.TITLE_DEPTH - round(cut.height)) // 2)
         inset = cut.pen // 4
         faces = letters.Ink(picture)
         x, y = place

@@ -1,62 +1,23 @@
-"""Midnight enamel: a dark room, steel, and polished tiles in a light from the top left."""
-
-import random
+"""Midnight enamel: a blue night, steel, and polished tiles in a light from the top left."""
 
 import cairo
 
-from .. import boards, current, letters, plates, shapes, sources
+from .. import boards, letters, plates, shapes, sources, titles
 from ..colours import BLACK, WHITE, colour, mix
 from ..picture import grown, rim, sheet
 from ..tiles import SIZE
-from .craft import Craft, Lettering
-
-LATTICE = 16
-RIM = 0.68  # how dark the rim of a tile is
+from .craft import Lettering
+from .night import LATTICE, Night
 
 
-def _slope(x, y, size, stops):
-    """A gradient from the top left corner of a square to its bottom right one."""
-    gradient = cairo.LinearGradient(x, y, x + size, y + size)
-    for place, value in stops:
-        gradient.add_color_stop_rgb(place, *value)
-    return gradient
-
-
-def _pixel(cr, x, y, value):
-    cr.set_source_rgb(*value)
-    cr.rectangle(x, y, 1, 1)
-    cr.fill()
-
-
-def _dots(mark):
-    return sorted((c, r) for r, row in enumerate(mark) for c, sign in enumerate(row) if sign == "#")
-
-
-def _fade(cr, start, end, along):
-    """Lets a picture come out of black, from a point to another; along is what it covers."""
-    gradient = cairo.LinearGradient(*start, *end)
-    gradient.add_color_stop_rgba(0, *BLACK, 1)
-    gradient.add_color_stop_rgba(0.35, *BLACK, 0.55)
-    gradient.add_color_stop_rgba(1, *BLACK, 0)
-    cr.set_source(gradient)
-    cr.rectangle(*along)
-    cr.fill()
-
-
-class Enamel(Craft):
+class Enamel(Night):
     """The craft of the Original."""
 
-    lettering = Lettering(letters.Type(1, 1, 3, 2, 2), 1,
+    lettering = Lettering(letters.Type(1.12, 1.1, 3, 2, 2), letters.Type(1.12, 1.2, 3, 2, 2), 1,
                           ("letter-top", "letter-top", "letter-bottom"),
                           ("number-top", "number-top", "number-bottom"))
 
     # plates
-
-    def plate(self, cr, x, y, width, height, look, radius, thickness):
-        """A face with its bevel in a dark line."""
-        plates.box(cr, "edge", x, y, width, height, radius)
-        self.face(cr, x + thickness, y + thickness, width - 2 * thickness,
-                  height - 2 * thickness, look, max(radius - thickness, 1))
 
     def face(self, cr, x, y, width, height, look, radius):
         """A polished face: graded, with a lamp behind it or a sheen upon it, and bevelled."""
@@ -112,80 +73,73 @@ class Enamel(Craft):
 
     # grounds
 
-    def ground(self, picture):
-        """A night that fades into the dark beside it, with the ghosts of figures in it."""
-        cr, width, height = picture.cr, picture.width, picture.height
-        cr.set_source(plates.downwards(0, height, "ground-light", "ground-dark"))
-        cr.paint()
-        self._lattice(cr, width, height)
-        self._ghosts(cr)
-        light = cairo.RadialGradient(width / 2, 60, 0, width / 2, 60, 380)
-        light.add_color_stop_rgba(0, *colour("ground-glow"), 0.55)
-        light.add_color_stop_rgba(1, *colour("ground-glow"), 0)
-        cr.set_source(light)
-        cr.paint()
-        _fade(cr, (0, 0), (44, 0), (0, 0, 44, height))
-        _fade(cr, (width, 0), (width - 44, 0), (width - 44, 0, 44, height))
-
-    def _lattice(self, cr, width, height):
-        cr.set_source_rgba(*colour("ground-dark"), 0.5)
-        for x in range(4, width, LATTICE):
-            cr.rectangle(x, 0, 1, height)
-        for y in range(0, height, LATTICE):
-            cr.rectangle(0, y, width, 1)
-        cr.fill()
-
-    def _ghosts(self, cr):
-        chance = random.Random(11)
-        figures = sources.grids(sources.ART / "figures.txt")
-        places = [(2, 9), (27, 8), (4, 16), (29, 15), (1, 23), (26, 22), (16, 26), (10, 25),
-                  (28, 27), (5, 27), (30, 20)]
-        for (column, row), name in zip(places, chance.sample(sorted(figures) * 2, len(places))):
-            for y, line in enumerate(figures[name]):
-                for x, sign in enumerate(line):
-                    if sign == "#":
-                        self._ghost_cell(cr, 4 + (column + x) * LATTICE, (row + y) * LATTICE)
-
-    def _ghost_cell(self, cr, x, y):
-        cr.set_source_rgba(*colour("frame"), 0.09)
-        shapes.rounded_rectangle(cr, x + 1, y + 1, LATTICE - 1, LATTICE - 1, 2)
-        cr.fill()
-        plates.edge(cr, x + 1, y + 1, LATTICE - 1, LATTICE - 1, 2, ("frame-light", "ground-dark"),
-                    0.10)
-
     def half(self, picture):
-        """Deepening night, and the column of instruments, all coming out of black."""
+        """The glow of a board in the night, and the column of instruments."""
         cr, width, height = picture.cr, picture.width, picture.height
         cr.set_source(plates.downwards(0, height, "half", "half-low"))
         cr.paint()
-        cr.set_source_rgba(*colour("frame"), 0.06)
+        self._light(cr, "half-glow", 125, height * 0.62, 230, 1)
+        cr.set_source_rgba(*colour("frame"), 0.10)
         for y in range(0, height, LATTICE):
             for x in range(0, width, LATTICE):
                 cr.rectangle(x + 7, y + 7, 2, 2)
         cr.fill()
-        _fade(cr, (0, 0), (0, 16), (0, 0, width, 16))
-        _fade(cr, (0, height), (0, height - 12), (0, height - 12, width, 12))
         left, across = boards.PANEL_LEFT, boards.PANEL_WIDTH
-        self.panel(cr, left, 0, across, height, self.radius)
-        for top, bottom in boards.DISPLAYS:
-            self._inlay(cr, left + 8, top + 5, across - 16, bottom - top - 10)
-        self._emblem(cr, left + across / 2, sum(boards.DISPLAYS[0]) / 2)
-        self.well(cr, boards.VALUES_LEFT, boards.VALUES_TOP, boards.VALUES_WIDTH,
-                  boards.VALUES_HEIGHT)
-        for y in boards.RULES:
-            plates.bar(cr, "edge", left + 6, y, across - 12, 1)
-            plates.bar(cr, "frame-dark", left + 6, y + 1, across - 12, 1)
+        self.panel(cr, left, 0, across, height + 8, self.radius)
+        self.well(cr, boards.VALUES_LEFT, 3, boards.VALUES_WIDTH, boards.VALUES_TOP - 5)
+        self._emblem(cr, left + across / 2, sum(boards.DISPLAYS[0]) / 2 + 8)
+        self.well(cr, boards.VALUES_LEFT, boards.VALUES_TOP, boards.VALUES_WIDTH, height)
+        for x, y, name in ((246, 232, "6"), (272, 286, "7")):
+            self._ghost(cr, x, y, name)
+        plates.bar(cr, "score-plate", boards.VALUES_LEFT, boards.SCORE_TOP, boards.VALUES_WIDTH,
+                   height)
+        plates.bar(cr, "score-line", boards.VALUES_LEFT, boards.SCORE_TOP, boards.VALUES_WIDTH, 1)
 
     def _emblem(self, cr, x, y):
-        """A figure of steel on the cover of the place of a display."""
-        size = 14
+        """A figure that shows while the displays are switched off."""
+        size = 20
+        cr.save()
+        cr.translate(x - 1.5 * size, y - size)
         for column, row in ((0, 0), (1, 0), (2, 0), (1, 1)):
-            self.face(cr, x + (column - 1.5) * size, y + (row - 1) * size, size - 1, size - 1,
-                      plates.FRAME, 2)
+            cr.save()
+            cr.translate(column * size, row * size)
+            cr.scale(size / SIZE, size / SIZE)
+            self._enamel(cr, 0, 0, mix(colour("tile-7"), colour("glass"), 0.5))
+            cr.restore()
+        cr.restore()
 
     def panel(self, cr, x, y, width, height, radius):
         """A plate of steel."""
         self.plate(cr, x, y, width, height, plates.FRAME, radius, 1)
+
+    def column(self, picture, width, depth, side):
+        """A plate of tinted glass with a lit head."""
+        super().column(picture, width, depth, side)
+        cr = picture.cr
+        cr.save()
+        shapes.rounded_rectangle(cr, 1, 1, width - 2, depth - 2, self.radius - 1)
+        cr.clip()
+        cr.set_source(plates.downwards(0, depth, f"{side}-plate", f"{side}-foot"))
+        cr.paint()
+        plates.bar(cr, f"{side}-edge", 1, 1, width - 2, 1)
+        cr.restore()
+
+    def row(self, cr, x, y, width, height, name):
+        """A bar of dark glass that catches light along its upper edge."""
+        super().row(cr, x, y, width, height, name)
+        cr.save()
+        shapes.rounded_rectangle(cr, x + 1, y + 1, width - 2, height - 2, self.radius - 1)
+        cr.clip()
+        cr.set_source(plates.downwards(y, height, f"{name}-plate", f"{name}-foot"))
+        cr.paint()
+        cr.restore()
+        plates.edge(cr, x + 1, y + 1, width - 2, height - 2, self.radius - 1,
+                    (f"{name}-edge", f"{name}-foot"), 0.7)
+
+    def socket(self, cr, x, y):
+        """A hollow with a lit lower rim."""
+        plates.box(cr, "socket", x + 1, y + 1, 14, 14, 2)
+        plates.edge(cr, x + 1, y + 1, 14, 14, 2, ("glass", "socket-light"), 0.8)
 
     def well(self, cr, x, y, width, height, radius=3):
         """A dark glass let into what is there: its rim is shaded above and lit below."""
@@ -208,11 +162,12 @@ class Enamel(Craft):
         self._inside(cr, inside, depth)
 
     def _slots(self, cr, x, width, bottom):
-        """The inlay of a wall: a sunken panel with a slot for each row of the board."""
+        """The inlay of a wall: a sunken panel with a lamp for each row of the board."""
         self._inlay(cr, x, 8, width, bottom)
         for y in range(24, bottom, boards.CELL):
-            plates.bar(cr, "glass", x + 2, y - 2, width - 4, 3)
-            plates.bar(cr, "frame", x + 2, y - 1, width - 4, 1)
+            plates.bar(cr, "glass", x + 1, y - 3, width - 2, 5)
+            plates.bar(cr, "lamp-bottom", x + 2, y - 2, width - 4, 3)
+            plates.bar(cr, "lamp-glow", x + 3, y - 1, width - 6, 1)
 
     def _inlay(self, cr, x, y, width, height):
         plates.box(cr, "frame-dark", x, y, width, height, 2)
@@ -234,72 +189,25 @@ class Enamel(Craft):
         plates.bar(cr, "frame-light", left + width, 1, 2, depth)
         plates.bar(cr, "frame-dark", left - 2, 1, 2, depth + 1)
         plates.bar(cr, "edge", left - 1, 0, width + 2, depth + 1)
-        for column in range(boards.COLUMNS):
-            name = "board-stripe" if column % 2 else "board"
-            plates.bar(cr, name, left + column * boards.CELL, 0, boards.CELL, depth)
+        cr.set_source(plates.downwards(0, depth, "board", "board-foot"))
+        cr.rectangle(left, 0, width, depth)
+        cr.fill()
+        cr.set_source_rgba(*WHITE, 0.035)
+        for column in range(1, boards.COLUMNS, 2):
+            cr.rectangle(left + column * boards.CELL, 0, boards.CELL, depth)
+        cr.fill()
+        rising = cairo.LinearGradient(0, depth - 90, 0, depth)
+        rising.add_color_stop_rgba(0, *colour("half-glow"), 0)
+        rising.add_color_stop_rgba(1, *colour("half-glow"), 0.16)
+        cr.set_source(rising)
+        cr.rectangle(left, depth - 90, width, 90)
+        cr.fill()
         shade = cairo.LinearGradient(left, 0, left + 10, 0)
-        shade.add_color_stop_rgba(0, *BLACK, 0.5)
+        shade.add_color_stop_rgba(0, *BLACK, 0.4)
         shade.add_color_stop_rgba(1, *BLACK, 0)
         cr.set_source(shade)
         cr.rectangle(left, 0, 10, depth)
         cr.fill()
-
-    # tiles
-
-    def tile(self, picture, x, y, kind):
-        """One tile: rim, bevel, face, and its mark engraved or, for the eighth, raised.
-
-        The outermost pixel of each corner stays free.
-        """
-        base = colour(f"tile-{kind}")
-        picture.mask.rectangle(x + 1, y, SIZE - 2, SIZE)
-        picture.mask.rectangle(x, y + 1, SIZE, SIZE - 2)
-        picture.mask.fill()
-        self._enamel(picture.cr, x, y, base)
-        mark = _dots(sources.grids(sources.own(current.skin(), "marks.txt"))[str(kind)])
-        work = self._raise if kind == 8 else self._engrave
-        work(picture.cr, x + 3, y + 3, base, mark)
-
-    def _enamel(self, cr, x, y, base):
-        """A tile without its mark: dark rim, bevel towards the light, face with a sheen."""
-        cr.set_source_rgb(*mix(base, BLACK, RIM))
-        cr.rectangle(x, y, SIZE, SIZE)
-        cr.fill()
-        cr.set_source(_slope(x, y, SIZE, (
-            (0.0, mix(base, WHITE, 0.75)), (0.47, mix(base, WHITE, 0.55)),
-            (0.53, mix(base, BLACK, 0.48)), (1.0, mix(base, BLACK, 0.6)))))
-        shapes.rounded_rectangle(cr, x + 1, y + 1, SIZE - 2, SIZE - 2, 1.5)
-        cr.fill()
-        cr.set_source(_slope(x, y, SIZE, ((0.1, mix(base, WHITE, 0.26)), (0.5, base),
-                                          (0.95, mix(base, BLACK, 0.16)))))
-        shapes.rounded_rectangle(cr, x + 3, y + 3, SIZE - 6, SIZE - 6, 1)
-        cr.fill()
-
-    def _engrave(self, cr, x, y, base, dots):
-        """Cuts a mark into the face: dark in the groove, bright on the lip that faces the light."""
-        for column, row in dots:
-            _pixel(cr, x + column + 1, y + row + 1, mix(base, WHITE, 0.5))
-        for column, row in dots:
-            shaded = (column - 1, row - 1) not in dots
-            _pixel(cr, x + column, y + row, mix(base, BLACK, 0.7 if shaded else 0.56))
-
-    def _raise(self, cr, x, y, base, dots):
-        """Sets a mark upon the face: bright towards the light, with a shadow on the other side."""
-        for column, row in dots:
-            _pixel(cr, x + column + 1, y + row + 1, mix(base, BLACK, 0.6))
-        for column, row in dots:
-            lit = (column - 1, row) not in dots and (column, row - 1) not in dots
-            _pixel(cr, x + column, y + row, mix(base, WHITE, 0.85 if lit else 0.3))
-
-    def bar(self, cr, x, width, height, kind):
-        """A bar of the statistics: a rod of enamel."""
-        base = colour(f"tile-{kind}")
-        values = [mix(base, BLACK, 0.25), mix(base, WHITE, 0.5), mix(base, WHITE, 0.18)]
-        values += [base] * (width - 5) + [mix(base, BLACK, 0.3), mix(base, BLACK, 0.6)]
-        for column, value in enumerate(values):
-            cr.set_source_rgb(*value)
-            cr.rectangle(x + column, 0, 1, height)
-            cr.fill()
 
     # titles
 
@@ -309,7 +217,7 @@ class Enamel(Craft):
         figures = list(_figures(text, size, gap, kinds))
         right = max(x for cells, _, _ in figures for x, _ in cells) + size + depth
         bottom = 8 * size + depth
-        left, top = (picture.width - right) // 2, (picture.height - bottom) // 2
+        left, top = (picture.width - right) // 2, (titles.TITLE_DEPTH - bottom) // 2
         every = [cell for cells, _, _ in figures for cell in cells]
         whole = _cells(every, picture, left, top, size)
         self._sides(picture, whole, depth, figures, (left, top, size))

@@ -1,44 +1,38 @@
 """Porcelain on paper: white glaze with cobalt lines, washes of water colour, soft round tiles."""
 
 import math
-import random
 
 import cairo
 
-from .. import boards, current, letters, plates, shapes, sources
+from .. import boards, emblems, letters, plates, shapes
 from ..colours import BLACK, WHITE, colour, mix
 from ..tiles import SIZE
-from .craft import Craft, Lettering
+from .craft import Lettering
+from .landscape import Landscape
 
+# Gold leaf, from above.
+LEAF = ((0, "leaf-edge"), (0.1, "leaf-edge"), (0.11, "leaf-dark"), (0.3, "leaf"),
+        (0.46, "leaf-light"), (0.54, "leaf-light"), (0.7, "leaf"), (0.89, "leaf-dark"),
+        (0.9, "leaf-edge"), (1, "leaf-edge"))
 INK = ("letter-top", "letter-bottom")
 
 
-def _wave(place, length, seed):
-    """A wavering line that closes after a length: how far the edge of the paper lies in."""
-    chance = random.Random(seed)
-    return 2.5 + sum(
-        weight * math.sin(2 * math.pi * (turns * place / length + chance.random()))
-        for turns, weight in ((3, 0.8), (11, 0.7), (29, 0.5), (67, 0.4)))
-
-
-class Porcelain(Craft):
+class Porcelain(Landscape):
     """The craft of Daylight."""
 
     radius = 8
     wall = 18
     round_pen = True
     press = 0
-    lettering = Lettering(letters.Type(1, 1, 2.4, 2, 2), 1, INK, ("number-top", "number-bottom"))
+    lettering = Lettering(letters.Type(1.1, 1.1, 2.4, 2, 2), letters.Type(1.1, 1.2, 2.4, 2, 2), 1,
+                          INK, ("number-top", "number-bottom"))
     score_kinds = (7, 5)
 
     # plates
 
-    def plate(self, cr, x, y, width, height, look, radius, thickness):
-        """A glazed plate in a cobalt line; what cannot be used is but a print on the paper."""
-        name = "edge" if look.enabled else look.dark
-        plates.box(cr, name, x, y, width, height, radius)
-        self.face(cr, x + thickness, y + thickness, width - 2 * thickness,
-                  height - 2 * thickness, look, max(radius - thickness, 1))
+    def line_of(self, look):
+        """Cobalt; what cannot be used is but a print on the paper."""
+        return "edge" if look.enabled else look.dark
 
     def face(self, cr, x, y, width, height, look, radius):
         """A glaze: graded, thicker at the foot, with a fine inner line."""
@@ -65,75 +59,62 @@ class Porcelain(Craft):
 
     # grounds
 
-    def ground(self, picture):
-        """A sheet of paper with washes in its corners, torn at the sides."""
-        cr, width, height = picture.cr, picture.width, picture.height
-        for x, y, reach, name in ((20, 420, 210, "wash-1"), (500, 130, 190, "wash-2"),
-                                  (470, 470, 170, "wash-3"), (60, 110, 150, "wash-1")):
-            self._wash(cr, x, y, reach, name)
-        self._grain(cr, width, height)
-        for y in range(height):
-            left, right = _wave(y, height, 3), _wave(y, height, 4)
-            self._torn(cr, y, (0, left), (width, -right))
+    def column(self, picture, width, depth, side):
+        """A slip of coloured paper with a fine line inside its edge."""
+        super().column(picture, width, depth, side)
+        plates.line(picture.cr, f"{side}-line", 2, 2, width - 4, depth - 4, self.radius - 2, 1)
 
-    def _wash(self, cr, x, y, reach, name):
-        """A wash: pale within, darker where the water dried."""
-        for part, strength in ((1, 0.20), (0.93, 0.16), (0.8, 0.14)):
-            chance = random.Random(f"{x} {y} {part}")
-            points = []
-            for i in range(11):
-                angle = 2 * math.pi * i / 11
-                far = reach * part * (0.66 + 0.34 * chance.random())
-                points.append((x + far * math.cos(angle), y + 0.8 * far * math.sin(angle),
-                               reach / 4.5))
-            shapes.polyline(cr, points, True)
-            cr.set_source_rgba(*colour(name), strength)
-            cr.fill_preserve()
-            cr.set_source_rgba(*colour(name), strength * 1.4)
-            cr.set_line_width(1.5)
-            cr.stroke()
+    def row(self, cr, x, y, width, height, name):
+        """A slip of porcelain."""
+        super().row(cr, x, y, width, height, name)
+        plates.bar(cr, f"{name}-foot", x + 6, y + height - 3, width - 12, 1)
 
-    def _grain(self, cr, width, height):
-        """The grain of the paper, so faint that it never disturbs lettering."""
-        chance = random.Random(1)
-        for _ in range(width * height // 28):
-            value = WHITE if chance.random() < 0.5 else colour("ground-shade")
-            cr.set_source_rgba(*value, 0.35)
-            cr.rectangle(chance.randrange(width), chance.randrange(height), 1 + chance.random(), 1)
-            cr.fill()
-
-    def _torn(self, cr, y, *sides):
-        """One row of the torn edges: a line of shade, and the dark beside the paper."""
-        for start, inwards in sides:
-            shade = inwards + math.copysign(2, inwards)
-            cr.set_source_rgb(*colour("ground-shade"))
-            cr.rectangle(start, y, shade, 1)
-            cr.fill()
-            cr.set_source_rgb(*BLACK)
-            cr.rectangle(start, y, inwards, 1)
-            cr.fill()
+    def socket(self, cr, x, y):
+        """A hollow in the glaze."""
+        plates.box(cr, "socket-edge", x + 1, y + 1, 14, 14, 3)
+        plates.box(cr, "socket", x + 2, y + 2, 13, 13, 3)
 
     def half(self, picture):
-        """The same paper, torn above and below, with a plaque for the values."""
+        """The same paper between two painted lines, with a plaque for the values."""
         cr, width, height = picture.cr, picture.width, picture.height
         for x, y, reach, name in ((20, 330, 120, "wash-1"), (120, 60, 120, "wash-2"),
                                   (300, 200, 110, "wash-3")):
             for turn in (-width, 0, width):
                 self._wash(cr, x + turn, y, reach, name)
         self._grain(cr, width, height)
-        cr.save()
-        cr.transform(cairo.Matrix(0, 1, 1, 0, 0, 0))
-        for x in range(width):
-            self._torn(cr, x, (0, _wave(x, width, 5)), (height, -_wave(x, width, 6)))
-        cr.restore()
+        for y in (0, height - 2):
+            plates.bar(cr, "edge", 0, y, width, 2)
         left, across = boards.PANEL_LEFT, boards.PANEL_WIDTH - 1
-        self.panel(cr, left, 2, across, height - 2, 7)
+        self.panel(cr, left, 0, across, height + 8, 7)
+        self.well(cr, boards.VALUES_LEFT, 3, boards.VALUES_WIDTH - 1, boards.VALUES_TOP - 5)
         for top, bottom in boards.DISPLAYS:
             self._flower(cr, left + across / 2, (top + bottom) / 2)
-        self.well(cr, boards.VALUES_LEFT, boards.VALUES_TOP, boards.VALUES_WIDTH - 1,
-                  boards.VALUES_HEIGHT)
-        for y in boards.RULES:
-            plates.bar(cr, "frame-dark", left + 8, y, across - 16, 1)
+        self.well(cr, boards.VALUES_LEFT, boards.VALUES_TOP, boards.VALUES_WIDTH - 1, height)
+        self._spray(cr, left + across / 2, 268)
+        plates.bar(cr, "score-plate", boards.VALUES_LEFT + 1, boards.SCORE_TOP,
+                   boards.VALUES_WIDTH - 3, height)
+        plates.bar(cr, "frame-line", boards.VALUES_LEFT + 1, boards.SCORE_TOP,
+                   boards.VALUES_WIDTH - 3, 1)
+
+    def _spray(self, cr, x, y):
+        """A painted spray where two of the values may be missing, so pale that they read on it."""
+        cr.save()
+        cr.set_source_rgb(*colour("spray"))
+        cr.set_line_width(2)
+        cr.set_line_cap(cairo.LINE_CAP_ROUND)
+        cr.move_to(x - 4, y + 50)
+        cr.curve_to(x + 14, y + 20, x - 18, y - 6, x + 2, y - 38)
+        cr.stroke()
+        for dx, dy, turn in ((9, 32, 0.5), (-10, 22, -2.2), (9, 8, 0.3), (-15, -2, -2.4),
+                             (6, -16, 0.2), (2, -42, -1.4)):
+            cr.save()
+            cr.translate(x + dx, y + dy)
+            cr.rotate(turn)
+            cr.scale(11, 4.4)
+            cr.arc(0, 0, 1, 0, 2 * math.pi)
+            cr.restore()
+            cr.fill()
+        cr.restore()
 
     # the board
 
@@ -184,17 +165,20 @@ class Porcelain(Craft):
         for column in range(boards.COLUMNS):
             name = "board-stripe" if column % 2 else "board"
             plates.bar(cr, name, left + column * boards.CELL, 0, boards.CELL, depth)
-        shade = cairo.LinearGradient(left, 0, left + 12, 0)
-        shade.add_color_stop_rgba(0, *colour("board-shade"), 0.5)
+        shade = cairo.LinearGradient(left, 0, left + 3, 0)
+        shade.add_color_stop_rgba(0, *colour("board-shade"), 0.3)
         shade.add_color_stop_rgba(1, *colour("board-shade"), 0)
         cr.set_source(shade)
-        cr.rectangle(left, 0, 12, depth)
+        cr.rectangle(left, 0, 3, depth)
         cr.fill()
 
     # tiles
 
     def tile(self, picture, x, y, kind):
-        """One tile: a soft round glaze in a darker line, with its mark inlaid."""
+        """One tile: a soft round glaze in a darker line with an inlaid mark. The eighth is gold."""
+        if kind == 8:
+            self._leaf(picture, x, y)
+            return
         base = colour(f"tile-{kind}")
         cr = picture.cr
         picture.cover(shapes.rounded_rectangle, x, y, SIZE, SIZE, 4)
@@ -202,25 +186,14 @@ class Porcelain(Craft):
         cr.rectangle(x, y, SIZE, SIZE)
         cr.fill()
         self._glaze(cr, x + 1, y + 1, SIZE - 2, base)
-        mark = sources.grids(sources.own(current.skin(), "marks.txt"))[str(kind)]
-        for row, line in enumerate(mark):
-            for column, sign in enumerate(line):
-                if sign != ".":
-                    cr.set_source_rgba(*colour(f"mark-{kind}"), 1 if sign == "#" else 0.45)
-                    cr.rectangle(x + 3 + column, y + 3 + row, 1, 1)
-                    cr.fill()
+        self.mark(cr, x, y, kind)
 
-    def _glaze(self, cr, x, y, size, base):
-        """A glaze that is thin and bright at the top left, and gathers at the bottom right."""
-        gradient = cairo.LinearGradient(x, y, x + size, y + size)
-        for place, value in ((0, mix(base, WHITE, 0.42)), (0.5, base), (1, mix(base, BLACK, 0.16))):
-            gradient.add_color_stop_rgb(place, *value)
-        shapes.rounded_rectangle(cr, x, y, size, size, 3.2)
-        cr.set_source(gradient)
-        cr.fill()
-        cr.set_source_rgba(*WHITE, 0.7)
-        cr.rectangle(x + 2, y + 1, size - 7, 1)
-        cr.rectangle(x + 1, y + 2, 1, size - 9)
+    def _leaf(self, picture, x, y):
+        """A tile of gold leaf, open at both sides, so that a row of them is one band."""
+        self.gleam(picture, x, y, LEAF)
+        cr = picture.cr
+        cr.set_source_rgb(*WHITE)
+        emblems.star(cr, x + SIZE / 2, y + SIZE / 2, 7, 4, 0.26)
         cr.fill()
 
     def bar(self, cr, x, width, height, kind):
