@@ -211,7 +211,8 @@ TEST_F(FilesTest, WhatCannotBeReadIsNotMissing) {
     fs::permissions(root_ / "data/HS.DAT", fs::perms(0222));
     EXPECT_TRUE(AsNobody([&] { return Read("data\\hs.dat") == "(unreadable)"; }));
     // A folder that can be entered but not listed, and one that cannot be entered.
-    for (const auto& [mode, want] : {std::pair{0333, "(missing)"}, {0000, "(unreadable)"}}) {
+    for (const auto& [mode, result] : {std::pair{0333, "(missing)"}, {0000, "(unreadable)"}}) {
+        const std::string want = result;
         fs::permissions(root_ / "data", fs::perms(mode));
         EXPECT_TRUE(AsNobody([&] { return Read("data\\none") == want; })) << mode;
     }
