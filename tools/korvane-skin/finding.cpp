@@ -39,10 +39,12 @@ std::size_t Report::Count(Severity severity) const {
 }
 
 void Report::Print(std::ostream& out) const {
-    std::vector<Finding> sorted = findings_;
-    std::ranges::stable_sort(sorted, {}, [](const Finding& finding) {
-        return std::tuple(finding.file, finding.severity);
-    });
+    std::vector<Finding> sorted;
+    const auto key = [](const Finding& finding) {
+        return std::tie(finding.file, finding.severity);
+    };
+    for (const Finding& finding : findings_)
+        sorted.insert(std::ranges::upper_bound(sorted, key(finding), {}, key), finding);
     for (const Finding& finding : sorted)
         out << NameOf(finding.severity) << "  " << finding.file << ": " << finding.text << '\n';
     out << Counted(Count(Severity::Error), Severity::Error) << ", "
