@@ -1,7 +1,8 @@
 #include "gfx/offscreen_surface.h"
 
 #include <bit>
-#include <cstring>
+
+#include "platform/draw/pixel_buffer.h"
 
 namespace korvane {
 namespace {
@@ -73,10 +74,7 @@ std::uint32_t OffscreenSurface::PixelFromGdi(COLORREF colour) {
     std::uint32_t pixel = CLR_INVALID;
     DDSURFACEDESC2 locked;
     if (!Failed(surface_->Lock(locked, DDLOCK_WAIT))) {
-        // Rows are padded, so that a whole word can be read even from a one-pixel picture.
-        std::memcpy(&pixel, locked.pixels, sizeof pixel);
-        const int bits = locked.format.bits;
-        if (bits < 32) pixel &= (1u << bits) - 1;
+        pixel = LoadPixel(locked.pixels, locked.format.BytesPerPixel());
         surface_->Unlock();
     }
     if (draws) ExchangeFirstPixel(before);

@@ -25,6 +25,17 @@ constexpr std::size_t RoundUp(std::size_t value, std::size_t step) {
 
 }  // namespace
 
+std::uint32_t LoadPixel(const std::byte* from, int bytesPerPixel) {
+    switch (bytesPerPixel) {
+        case 1:
+            return Load<std::uint8_t>(from);
+        case 2:
+            return Load<std::uint16_t>(from);
+        default:
+            return Load<std::uint32_t>(from);
+    }
+}
+
 PixelBuffer::PixelBuffer(SIZE size, int bytesPerPixel)
     : size_(size), bytesPerPixel_(bytesPerPixel) {
     assert(size.cx >= 0 && size.cy >= 0);
@@ -40,14 +51,7 @@ PixelBuffer::PixelBuffer(SIZE size, int bytesPerPixel)
 
 std::uint32_t PixelBuffer::Pixel(POINT point) const {
     assert(point.x >= 0 && point.x < size_.cx && point.y >= 0 && point.y < size_.cy);
-    switch (bytesPerPixel_) {
-        case 1:
-            return Load<std::uint8_t>(At(point));
-        case 2:
-            return Load<std::uint16_t>(At(point));
-        default:
-            return Load<std::uint32_t>(At(point));
-    }
+    return LoadPixel(At(point), bytesPerPixel_);
 }
 
 void PixelBuffer::SetPixel(POINT point, std::uint32_t value) {

@@ -9,6 +9,9 @@
 
 namespace korvane {
 
+/// A pixel of 1, 2 or 4 bytes in the machine's byte order, at any address.
+std::uint32_t LoadPixel(const std::byte* from, int bytesPerPixel);
+
 /// The memory of one surface: rows of pixels from top to bottom, each pixel a number of 1, 2 or 4
 /// bytes in the machine's byte order. The owner knows what the numbers mean (palette entries,
 /// colour bits).

@@ -1,5 +1,7 @@
 #include "platform/sdl/heap.h"
 
+#ifdef KORVANE_HEAP_TAKES_ADVICE
+
 #include <malloc.h>
 #include <sys/mman.h>
 
@@ -40,3 +42,14 @@ void TrimHeap() {
 }
 
 }  // namespace korvane
+
+#else
+
+namespace korvane {
+
+void PrepareHeap() {}
+void TrimHeap() {}
+
+}  // namespace korvane
+
+#endif

@@ -232,8 +232,8 @@ std::string HardToRead() {
     const Report report = CheckSkin();
     std::string kinds;
     for (const auto& [severity, file, text] : report.Findings()) {
-        const auto isOf = [&text = text](const char* count) {
-            return text.find(Text("of ", count, " characters are hard")) != text.npos;
+        const auto isOf = [&found = text](const char* count) {
+            return found.find(Text("of ", count, " characters are hard")) != found.npos;
         };
         kinds += isOf("26") ? "letters " : isOf("10") ? "digits " : isOf("7") ? "signs " : "more ";
     }
@@ -259,9 +259,10 @@ TEST_F(SkinChecks, TextIsHardToReadOnSomeGrounds) {
     };
     for (const auto& [file, area, isSeenThrough, found] : kCases) {
         Restore();
-        Make(file, Paint([file = file, area = area](BmpRecipe& ground) {
-                 Sized(file == ShownName(kGameGround) ? 320 : 520, 480)(ground);
-                 Filled(0x777777, area)(ground);
+        const int width = file == ShownName(kGameGround) ? 320 : 520;
+        Make(file, Paint([width, filled = area](BmpRecipe& ground) {
+                 Sized(width, 480)(ground);
+                 Filled(0x777777, filled)(ground);
              }));
         if (isSeenThrough) Make("Game/statisticsframe.bmp", Filled(0xFF00FF));
         EXPECT_EQ(HardToRead(), found) << file << ' ' << area.left << ", " << area.top;

@@ -2,6 +2,7 @@
 
 #include <png.h>
 
+#include <bit>
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
@@ -24,7 +25,8 @@ std::optional<Picture> ReadPng(const std::string& file) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     if (!png_image_begin_read_from_file(&image, file.c_str())) return std::nullopt;
-    image.format = PNG_FORMAT_BGRA;
+    // In memory the lowest byte comes first or last, as the processor has it.
+    image.format = std::endian::native == std::endian::little ? PNG_FORMAT_BGRA : PNG_FORMAT_ARGB;
     Picture picture{{static_cast<int>(image.width), static_cast<int>(image.height)},
                     std::vector<std::uint32_t>(image.width * image.height)};
     if (!png_image_finish_read(&image, nullptr, picture.pixels.data(), 0, nullptr))

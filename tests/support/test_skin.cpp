@@ -150,9 +150,9 @@ void WriteTestSkin(const TemporaryFolder& folder, const std::string& skin) {
 void WriteFlatSkin(const TemporaryFolder& folder, const std::string& skin) {
     WriteColorKeys(folder, skin);
     VisitFlatPictures([&](std::uint32_t number, const auto& name, const FlatPictures& pictures) {
-        const auto [width, height] = pictures.cell;
-        Write(folder, skin, name, {width * pictures.cells, height}, [=](int x, int, SIZE) {
-            return kMark | number << 8 | static_cast<std::uint32_t>(x / width);
+        const SIZE cell = pictures.cell;
+        Write(folder, skin, name, {cell.cx * pictures.cells, cell.cy}, [=](int x, int, SIZE) {
+            return kMark | number << 8 | static_cast<std::uint32_t>(x / cell.cx);
         });
     });
 }

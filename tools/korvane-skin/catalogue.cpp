@@ -1,7 +1,7 @@
 #include "tools/korvane-skin/catalogue.h"
 
 #include <algorithm>
-#include <iterator>
+#include <utility>
 #include <vector>
 
 #include "tools/korvane-skin/catalogue_table.h"
@@ -43,17 +43,18 @@ std::string SizeText(const PictureRow& row) {
 std::string PlaceText(const PictureRow& row) {
     if (!row.place.empty()) return std::string(row.place);
     if (!row.standsFor.empty()) return "the one above while disabled";
-    std::vector<ButtonPlace> buttons;
-    std::ranges::copy_if(kButtonPlaces, std::back_inserter(buttons),
-                         [&](const auto& button) { return button.picture == row.file; });
-    std::ranges::stable_sort(buttons, {}, [](const auto& button) { return button.at.x; });
+    std::vector<const ButtonPlace*> buttons;
+    for (const ButtonPlace& button : kButtonPlaces)
+        if (button.picture == row.file) buttons.push_back(&button);
+    std::ranges::sort(buttons, {},
+                      [](const ButtonPlace* button) { return std::pair(button->at.x, button); });
     std::string text;
     std::string_view view;
-    for (const ButtonPlace& button : buttons) {
+    for (const ButtonPlace* button : buttons) {
         text +=
-            button.view == view ? " and " : Text(text.empty() ? "" : "; ", button.view, ", at ");
-        text += Text("(", button.at.x, ", ", button.at.y, ")");
-        view = button.view;
+            button->view == view ? " and " : Text(text.empty() ? "" : "; ", button->view, ", at ");
+        text += Text("(", button->at.x, ", ", button->at.y, ")");
+        view = button->view;
     }
     return text;
 }

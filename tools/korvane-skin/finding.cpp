@@ -39,10 +39,12 @@ std::size_t Report::Count(Severity severity) const {
 }
 
 std::vector<Finding> Report::Sorted() const {
-    std::vector<Finding> sorted = findings_;
-    std::ranges::stable_sort(sorted, {}, [](const Finding& finding) {
-        return std::tuple(finding.file, finding.severity);
-    });
+    std::vector<Finding> sorted;
+    const auto key = [](const Finding& finding) {
+        return std::tie(finding.file, finding.severity);
+    };
+    for (const Finding& finding : findings_)
+        sorted.insert(std::ranges::upper_bound(sorted, key(finding), {}, key), finding);
     return sorted;
 }
 

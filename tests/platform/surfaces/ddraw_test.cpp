@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
 #include <initializer_list>
 #include <utility>
 
+#include "platform/draw/pixel_buffer.h"
 #include "platform/headless/headless_host.h"
 #include "tests/support/bmp_writer.h"
 #include "tests/support/temporary_folder.h"
@@ -152,11 +152,9 @@ TEST_P(DisplayTest, PixelsOfTheKeyAreNotDrawn) {
     DDSURFACEDESC2 locked;
     ASSERT_EQ(picture->Lock(locked, DDLOCK_WAIT), S_OK);
     EXPECT_EQ(locked.format.bits, IsWindowed() ? 32 : GetParam());
-    const auto bytes = static_cast<std::size_t>(locked.format.BytesPerPixel());
-    std::uint32_t blue = 0;
-    std::uint32_t red = 0;
-    std::memcpy(&blue, locked.pixels, bytes);
-    std::memcpy(&red, locked.pixels + 7 * bytes, bytes);
+    const int bytes = locked.format.BytesPerPixel();
+    const std::uint32_t blue = LoadPixel(locked.pixels, bytes);
+    const std::uint32_t red = LoadPixel(locked.pixels + 7 * bytes, bytes);
     ASSERT_EQ(picture->Unlock(), S_OK);
     for (const auto& [key, wanted] : {std::pair(blue, Colours{kBlack, kRed, kBlue, kBlack, kRed}),
                                       {red, {kBlue, kBlack, kBlue, kBlue, kBlack}}}) {
