@@ -3,6 +3,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -87,7 +88,9 @@ void Tell(const PictureRow& row, std::vector<Pair> pairs, const char* fault, dou
           const char* advice, Report& report) {
     if (pairs.empty()) return;
     constexpr std::size_t kShown = 4;
-    std::ranges::stable_sort(pairs, {}, &Pair::distance);
+    std::ranges::sort(pairs, {}, [](const Pair& pair) {
+        return std::tuple(pair.distance, pair.one, pair.other);
+    });
     std::string names = NameOf(pairs[0]);
     for (std::size_t i = 1; i < std::min(pairs.size(), kShown); ++i)
         names += Text(", ", NameOf(pairs[i]));
