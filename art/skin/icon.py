@@ -94,9 +94,9 @@ def _marks(cr, x, y, size, kind, value):
             letters.draw_glyph(cr, glyph, x + inset, y + inset, field, size.pen)
 
 
-def draw(size):
-    """The icon as a surface with transparency."""
-    surface = cairo.ImageSurface(cairo.FORMAT_ARGB32, size.side, size.side)
+def draw(size, surface=None):
+    """The icon as a surface with transparency, a given one or an image."""
+    surface = surface or cairo.ImageSurface(cairo.FORMAT_ARGB32, size.side, size.side)
     cr = cairo.Context(surface)
     _plate(cr, size)
     for row, line in enumerate(TILES):

@@ -3,6 +3,7 @@
 
 import json
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -126,6 +127,7 @@ class CheckIncludesTest(unittest.TestCase):
                 self.assertIn(want, result.stdout)
                 self.assertEqual(result.stdout.count("\n"), 1, result.stdout)
 
+    @unittest.skipUnless(shutil.which("git"), "there is no git")
     def test_git_tells_what_belongs_to_the_project(self):
         write(self.root, GOOD | {".gitignore": "made/\nobj-here/\n",
                                  "made/new.cpp": '#include "nowhere.h"\n'})
