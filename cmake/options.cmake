@@ -17,8 +17,8 @@ if(NOT KORVANE_SANITIZE)
   set(is_module $<STREQUAL:$<TARGET_PROPERTY:TYPE>,MODULE_LIBRARY>)
   target_compile_options(korvane_options INTERFACE
     -fstack-protector-strong $<$<NOT:${is_module}>:-fPIE>)
-  if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i.86")
-    target_compile_options(korvane_options INTERFACE -fstack-clash-protection -fcf-protection)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i.86|aarch64")
+    target_compile_options(korvane_options INTERFACE -fstack-clash-protection)
   endif()
   if(NOT CMAKE_CXX_FLAGS MATCHES "_FORTIFY_SOURCE")
     target_compile_options(korvane_options INTERFACE
