@@ -39,8 +39,12 @@ class InstalledTree(unittest.TestCase):
         cls.prefix = (place / "a place").rename(place / "moved")
         cls.programs = next(path.parent for path in cls.prefix.rglob("korvane-skin")
                             if os.access(path, os.X_OK))
-        cls.game = next(cls.prefix.rglob("Skins")).parent
-        cls.share = next(cls.prefix.rglob("applications")).parent
+        cls.game = cls.folder_of("Skins")
+        cls.share = cls.folder_of("applications")
+
+    @classmethod
+    def folder_of(cls, name):
+        return next(cls.prefix.rglob(name)).parent
 
     def setUp(self):
         temporary = tempfile.TemporaryDirectory()
@@ -90,10 +94,12 @@ class InstalledTree(unittest.TestCase):
             self.assertEqual(size, icon.parts[-3])
 
     def as_packaged(self, path):
-        for folder, packaged in ((self.programs, "usr/games"),
-                                 (self.game, "usr/share/games/korvane"), (self.share, "usr/share")):
+        """Where Debian has what a packager may have put anywhere."""
+        for folder, packaged in ((self.programs, "games"), (self.game, "share/games/korvane"),
+                                 (self.folder_of("LICENSE"), "share/doc/korvane"),
+                                 (self.folder_of("man6"), "share/man"), (self.share, "share")):
             if path.is_relative_to(folder):
-                return f"{packaged}/{path.relative_to(folder)}"
+                return f"usr/{packaged}/{path.relative_to(folder)}"
         return str(path)
 
     def test_each_file_is_in_one_package(self):
