@@ -11,6 +11,23 @@ if(KORVANE_SANITIZE)
   target_link_options(korvane_options INTERFACE ${sanitizers})
 endif()
 
+# Hardening that a packager's flags do not bring already. The sanitizers have checks of their own.
+# -fPIE is for programs and what is linked into them; a module has its -fPIC.
+if(NOT KORVANE_SANITIZE)
+  set(is_module $<STREQUAL:$<TARGET_PROPERTY:TYPE>,MODULE_LIBRARY>)
+  target_compile_options(korvane_options INTERFACE
+    -fstack-protector-strong $<$<NOT:${is_module}>:-fPIE>)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i.86|aarch64")
+    target_compile_options(korvane_options INTERFACE -fstack-clash-protection)
+  endif()
+  if(NOT CMAKE_CXX_FLAGS MATCHES "_FORTIFY_SOURCE")
+    target_compile_options(korvane_options INTERFACE
+      $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-D_FORTIFY_SOURCE=2>)
+  endif()
+  target_link_options(korvane_options INTERFACE
+    $<$<NOT:${is_module}>:-pie> -Wl,-z,relro -Wl,-z,now)
+endif()
+
 # korvane_library(NAME SOURCES... ): one folder's static library.
 function(korvane_library name)
   add_library(${name} STATIC ${ARGN})

@@ -90,9 +90,9 @@ def _figure(cr, size, form, base):
             cr.mask_surface(rim(form, way, way))
 
 
-def draw(size):
-    """The icon as a surface with transparency."""
-    surface = cairo.ImageSurface(cairo.FORMAT_ARGB32, size.side, size.side)
+def draw(size, surface=None):
+    """The icon as a surface with transparency, a given one or an image."""
+    surface = surface or cairo.ImageSurface(cairo.FORMAT_ARGB32, size.side, size.side)
     cr = cairo.Context(surface)
     _plate(cr, size)
     base = colour(f"tile-{KIND}")

@@ -69,18 +69,31 @@ TEST_F(SkinTool, AnEmptySkinAnywhereShowsTheOriginal) {
 }
 
 TEST_F(SkinTool, ANewSkinIsACopyUnderAFreeName) {
-    const fs::path before = fs::current_path();
-    fs::current_path(folder.Path());
+    constexpr auto kReadOnly = fs::perms::owner_read;
+    const TemporaryFolder home;
+    const std::vector<std::string> game = {home.Path() + "/korvane", folder.Path()};
+    fs::permissions(folder.Path() + "/Skins/Original/colorkey.bmp", kReadOnly);
+    fs::permissions(folder.Path() + "/Skins/Original/Audio", kReadOnly | fs::perms::owner_exec);
     for (const char* name : {"", ".", "..", "a/b", "a\\b", ".hidden", "Mine", "mINE", "Original",
                              "C:", "blank ", "two\nlines"})
-        EXPECT_FALSE(MakeNewSkin(name).wasMade) << name;
-    EXPECT_FALSE(MakeNewSkin(std::string(LongestSkinName() + 1, 'n')).wasMade);
-    EXPECT_TRUE(MakeNewSkin("My skin").wasMade);
-    EXPECT_FALSE(MakeNewSkin("My skin").wasMade);
-    fs::current_path(before);
-    for (const char* file : {"colorkey.bmp", "Game/blocks.bmp", "Audio/sniffit.xm"})
-        EXPECT_EQ(folder.Read(Text("Skins/My skin/", file)),
+        EXPECT_FALSE(MakeNewSkin(name, game).wasMade) << name;
+    EXPECT_FALSE(MakeNewSkin(std::string(LongestSkinName() + 1, 'n'), game).wasMade);
+    EXPECT_FALSE(MakeNewSkin("My skin", {home.Path()}).wasMade);
+    home.Write("korvane/Skins/Original/Letters.bmp", folder.Read("Skins/Original/Numbers.bmp"));
+
+    const NewSkin made = MakeNewSkin("My skin", game);
+    EXPECT_TRUE(made.wasMade) << made.text;
+    const std::string place = game[0] + "/Skins/My skin";
+    EXPECT_NE(made.text.find(place), std::string::npos) << made.text;
+    for (const char* file : {"colorkey.bmp", "Game/blocks.bmp", "Audio", "Audio/sniffit.xm"}) {
+        EXPECT_EQ(home.Read(Text("korvane/Skins/My skin/", file)),
                   folder.Read(Text("Skins/Original/", file)));
+        const fs::perms allowed = fs::status(place + "/" + file).permissions();
+        EXPECT_NE(allowed & fs::perms::owner_write, fs::perms::none) << file;
+    }
+    EXPECT_EQ(home.Read("korvane/Skins/My skin/Letters.bmp"),
+              folder.Read("Skins/Original/Numbers.bmp"));
+    EXPECT_FALSE(MakeNewSkin("My SKIN", game).wasMade);
 }
 
 TEST_F(SkinTool, ExitStatusTellsHowItWent) {

@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """Runs tools/check-includes on small trees that each hold one offence, and on one that holds none."""
 
+import json
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -125,12 +127,24 @@ class CheckIncludesTest(unittest.TestCase):
                 self.assertIn(want, result.stdout)
                 self.assertEqual(result.stdout.count("\n"), 1, result.stdout)
 
+    @unittest.skipUnless(shutil.which("git"), "there is no git")
     def test_git_tells_what_belongs_to_the_project(self):
         write(self.root, GOOD | {".gitignore": "made/\nobj-here/\n",
                                  "made/new.cpp": '#include "nowhere.h"\n'})
         subprocess.run(["git", "init", "-q", self.root], check=True)
         result = check(self.root)
         self.assertEqual((result.stdout, result.returncode), ("", 0))
+
+    def test_without_git_cmake_tells_what_belongs_to_the_project(self):
+        stray = {".pc/fix.patch/app/main.cpp": "", "debian/scratch/made.cpp": ""}
+        write(self.root, GOOD | OBJECTS | stray | {"gfx/inner.h": "#include <SDL.h>\n",
+                                           "gfx/inner.cpp": '#include "gfx/inner.h"\n'})
+        commands = [{"file": os.path.join(self.root, path)} for path in OBJECTS]
+        write(self.root, {"obj-here/compile_commands.json": json.dumps(commands)})
+        result = check(self.root, "--objects", os.path.join(self.root, "obj-here"))
+        self.assertEqual(result.stdout.split(": ", 1)[1].split("\n")[0],
+                         "includes <SDL.h>: only platform/sdl/ knows SDL")
+        self.assertEqual(result.stdout.count("\n"), 2, result.stdout)  # and that no object is there
 
     def compile(self, tree):
         write(self.root, tree)

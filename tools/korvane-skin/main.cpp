@@ -62,7 +62,7 @@ int Measure(const Request& request) {
 }
 
 int New(const Request& request) {
-    const NewSkin made = MakeNewSkin(request.name);
+    const NewSkin made = MakeNewSkin(request.name, GameFolders());
     if (!made.wasMade) return Refuse(made.text);
     std::cout << made.text;
     return 0;
@@ -85,7 +85,7 @@ void AddFolders(CLI::App& command, Request& request) {
     command.add_option("FOLDER", request.skin, "The skin's folder")->required();
     command.add_option("--original", request.original,
                        "The folder of the Original (default: the one beside FOLDER, or "
-                       "Skins/Original)");
+                       "the game's)");
 }
 
 int Main(int count, char** words) {
@@ -105,7 +105,7 @@ int Main(int count, char** words) {
     CLI::App* sheet = add("sheet", "Shows all screens in a skin as one picture", Sheet);
     AddFolders(*sheet, request);
     sheet->add_option("OUT.png", request.picture, "The picture to write")->required();
-    add("new", "Starts a skin in Skins/NAME as a copy of the Original", New)
+    add("new", "Starts a skin as a copy of the Original, in Skins/NAME of your game's folder", New)
         ->add_option("NAME", request.name, "The name of the new skin")
         ->required();
     AddFolders(*add("measure", "Measures tiles, texts and the light of all screens", Measure),

@@ -30,32 +30,60 @@ bool IsTaken(const fs::path& skins, const std::string& name) {
     });
 }
 
-std::string NextSteps(const std::string& folder) {
+/// Copies files and folders, without the write protection that installed ones may have. A file that
+/// is there already is replaced.
+void CopyTree(const fs::path& from, const fs::path& to, std::error_code& failed) {
+    fs::create_directories(to, failed);
+    if (failed) return;
+    for (const auto& entry : fs::directory_iterator(from, failed)) {
+        const fs::path copy = to / entry.path().filename();
+        if (entry.is_directory(failed)) {
+            CopyTree(entry.path(), copy, failed);
+        } else if (!failed) {
+            fs::copy_file(entry.path(), copy, fs::copy_options::overwrite_existing, failed);
+            if (!failed)
+                fs::permissions(copy, fs::perms::owner_write, fs::perm_options::add, failed);
+        }
+        if (failed) return;
+    }
+}
+
+std::string NextSteps(const fs::path& made, const fs::path& users) {
+    std::error_code failed;
+    const char* here = fs::equivalent(users, ".", failed) ? " here" : "";
+    const std::string folder = made.string();
     return Text(
         "Made ", folder, " as a copy of the Original. What next:\n",
         "  1. Paint over the pictures there. Delete those that are to stay the Original's.\n",
         "  2. korvane-skin check \"", folder, "\"          tells what does not fit.\n",
         "  3. korvane-skin sheet \"", folder, "\" my.png   shows every screen.\n",
-        "  4. Start the game here and choose it in Advanced Settings.\n");
+        "  4. Start the game", here, " and choose it in Advanced Settings.\n");
 }
 
 }  // namespace
 
-NewSkin MakeNewSkin(const std::string& name) {
-    const fs::path skins = "Skins";
+NewSkin MakeNewSkin(const std::string& name, const std::vector<std::string>& folders) {
     std::error_code failed;
+    std::vector<fs::path> originals;
     if (!IsFolderName(name)) return {false, Text("\"", name, "\" is no name for a folder")};
-    if (!fs::is_directory(skins / "Original", failed))
-        return {false, "there is no Skins/Original here; run this in the game's folder"};
-    if (IsTaken(skins, name)) return {false, Text("there is a Skins/", name, " already")};
-    const fs::path folder = skins / name;
-    fs::copy(skins / "Original", folder, fs::copy_options::recursive, failed);
+    for (const fs::path game : folders) {
+        if (IsTaken(game / "Skins", name))
+            return {false, Text("there is a skin ", name, " already")};
+        const fs::path original = game / "Skins" / "Original";
+        if (fs::is_directory(original, failed)) originals.push_back(original);
+    }
+    if (originals.empty())
+        return {false, "there is no Skins/Original; run this in the game's folder"};
+    const fs::path made = fs::path(folders.front()) / "Skins" / name;
+    failed.clear();
+    for (auto from = originals.rbegin(); from != originals.rend() && !failed; ++from)
+        CopyTree(*from, made, failed);
     if (failed) {
         const std::string reason = failed.message();
-        fs::remove_all(folder, failed);
-        return {false, Text("cannot make ", folder.string(), ": ", reason)};
+        fs::remove_all(made, failed);
+        return {false, Text("cannot make ", made.string(), ": ", reason)};
     }
-    return {true, NextSteps(folder.string())};
+    return {true, NextSteps(made, folders.front())};
 }
 
 }  // namespace korvane

@@ -7,6 +7,7 @@
 
 #include "app/state/settings.h"
 #include "platform/base/ascii.h"
+#include "platform/files/game_folders.h"
 #include "platform/headless/headless_host.h"
 #include "tools/korvane-skin/catalogue_table.h"
 #include "tools/korvane-skin/finding.h"
@@ -36,9 +37,16 @@ std::optional<SkinPlace> FindSkin(const std::string& folder) {
     return SkinPlace{path.parent_path().string(), path.filename().string()};
 }
 
+std::vector<std::string> GameFolders() {
+    return OpenGameFiles(ReadSurroundings())->Folders();
+}
+
 std::optional<SkinPlace> FindOriginal(const SkinPlace& skin, const std::string& given) {
     if (!given.empty()) return FindSkin(given);
-    for (const std::string& folder : {skin.parent + "/Original", std::string("Skins/Original")})
+    std::vector<std::string> originals = {skin.parent + "/Original", "Skins/Original"};
+    for (const std::string& folder : GameFolders())
+        originals.push_back(folder + "/Skins/Original");
+    for (const std::string& folder : originals)
         if (std::optional<SkinPlace> found = FindSkin(folder)) return found;
     return std::nullopt;
 }

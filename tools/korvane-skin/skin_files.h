@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/host/files.h"
 
@@ -17,8 +18,11 @@ struct SkinPlace {
 /// The place of a folder; nothing when it does not exist.
 std::optional<SkinPlace> FindSkin(const std::string& folder);
 
+/// The folders of the game that this program came with, the user's own first.
+std::vector<std::string> GameFolders();
+
 /// The Original that lends what a skin lacks: the given folder if any, else the one beside the
-/// skin, else Skins/Original of the working directory. Nothing when there is none.
+/// skin, else that of the working directory or the game. Nothing when there is none.
 std::optional<SkinPlace> FindOriginal(const SkinPlace& skin, const std::string& given);
 
 /// The files that the game would find with one skin installed beside the Original. They are read

@@ -1,0 +1,18 @@
+# read_release_notes(FILE VERSION RESULT): the items below a version's heading in the changelog, as
+# items of an AppStream list.
+function(read_release_notes file version result)
+  file(READ ${file} notes)
+  string(FIND "${notes}" "\n## ${version}\n" start)
+  if(start EQUAL -1)
+    message(FATAL_ERROR "${file} has no section for version ${version}")
+  endif()
+  string(SUBSTRING "${notes}" ${start} -1 notes)
+  string(REGEX REPLACE "^\n[^\n]*\n+" "" notes "${notes}")
+  string(REGEX REPLACE "\n## .*" "" notes "${notes}")
+  string(REPLACE "&" "&amp;" notes "${notes}")
+  string(REPLACE "<" "&lt;" notes "${notes}")
+  string(REPLACE "`" "" notes "${notes}")
+  string(REGEX REPLACE "\n +" " " notes "${notes}")
+  string(REGEX REPLACE "- ([^\n]+)\n?" "          <li>\\1</li>\n" notes "${notes}")
+  set(${result} "${notes}" PARENT_SCOPE)
+endfunction()
