@@ -86,8 +86,10 @@ TEST_F(SkinTool, ANewSkinIsACopyUnderAFreeName) {
     const std::string place = game[0] + "/Skins/My skin";
     EXPECT_NE(made.text.find(place), std::string::npos) << made.text;
     for (const char* file : {"colorkey.bmp", "Game/blocks.bmp", "Audio", "Audio/sniffit.xm"}) {
-        EXPECT_EQ(home.Read(Text("korvane/Skins/My skin/", file)),
-                  folder.Read(Text("Skins/Original/", file)));
+        if (!fs::is_directory(place + "/" + file)) {
+            EXPECT_EQ(home.Read(Text("korvane/Skins/My skin/", file)),
+                      folder.Read(Text("Skins/Original/", file)));
+        }
         const fs::perms allowed = fs::status(place + "/" + file).permissions();
         EXPECT_NE(allowed & fs::perms::owner_write, fs::perms::none) << file;
     }
