@@ -24,6 +24,7 @@
 #include "res/accelerators.h"
 #include "res/advanced_dialog.h"
 #include "screens/high_score_screen.h"
+#include "screens/keyboard_focus.h"
 #include "screens/menu_screen.h"
 #include "screens/stage.h"
 
@@ -129,6 +130,7 @@ bool StartUp() {
     }
     StartAudio();
     showFps = false;
+    focusShowing = false;
     ChooseGameClock();
     SetStage();
     nextFigureCheat = false;

@@ -24,7 +24,6 @@ class FocusTest : public ProgramFixture {
   protected:
     void SetUp() override {
         ProgramFixture::SetUp();
-        focusShowing = false;
         theSettings.players = 2;
     }
 
@@ -74,7 +73,6 @@ TEST_F(FocusTest, TabGoesRoundAndArrowsGoToTheNearestButton) {
         {"TTTTTTTTTTTTTTTTTS", kMenuOnePlayer},
     };
     for (const auto& [keys, pressed] : kWays) {
-        focusShowing = false;
         Start();
         pendingClick = -1;
         Type(keys);
@@ -155,7 +153,6 @@ TEST_F(FocusTest, TheMouseAndAGameHideTheFocus) {
 TEST_F(FocusTest, OnePlayerNeedsNoMouseFromGameToGame) {
     theSettings.players = 1;
     for (const bool windowed : {true, false}) {
-        focusShowing = false;
         theSettings.windowed = windowed;
         theSettings.fullscreenBpp = 32;
         folder.Write("data/hs.dat", std::vector<std::byte>(14));  // rows without points

@@ -4,7 +4,6 @@
 #include "app/state/settings.h"
 #include "platform/headless/headless_host.h"
 #include "screens/high_score_screen.h"
-#include "screens/keyboard_focus.h"
 #include "tests/support/golden.h"
 #include "tests/support/program_fixture.h"
 
@@ -32,7 +31,6 @@ TEST_F(GoldenMenus, TheViewsOfTheMenu) {
     };
     for (const auto& [picture, presses, keys] : kViews) {
         Start();
-        focusShowing = false;
         for (const POINT& press : presses) {
             Click(press.x, press.y);
             Run(kPressedLookPassed);
