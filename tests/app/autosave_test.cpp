@@ -184,5 +184,21 @@ TEST_F(AutosaveTest, WhatCannotBeWrittenIsTriedAgainASecondLater) {
     EXPECT_EQ(Saved(), (std::set<std::string>{"hs.dat", "menu.dat"}));
 }
 
+TEST_F(AutosaveTest, ANameIsSavedAtOnceUnderTheResultsOfAnotherProgram) {
+    HighScoreTable others;
+    others.Insert(0, {.score = 9000});
+    others.Save();
+    theHighScoreScreen->Submit(Side::Right, 5000, 1, 1);
+    Run(50);
+    EXPECT_EQ(HighScoreTable().Row(1).score, 5000);
+    theHighScoreScreen->OnNameKey('A');
+    EXPECT_EQ(theHighScoreScreen->Table().Row(0).Name()[0], 'A') << "nothing moves below a cursor";
+    theHighScoreScreen->OnNameKey(VK_RETURN);
+    Run(50);
+    EXPECT_EQ(HighScoreTable().Row(0).score, 9000);
+    EXPECT_EQ(HighScoreTable().Row(1).Name()[0], 'A');
+    EXPECT_EQ(theHighScoreScreen->Table().Row(0).score, 9000) << "taken up with the name";
+}
+
 }  // namespace
 }  // namespace korvane
