@@ -17,11 +17,15 @@
 namespace korvane {
 namespace {
 
-/// Music of a steady level, which takes the machine's time to render and records the jumps.
+/// Music of a steady level, which takes the machine's time to render and records the jumps. One to
+/// order 9 turns the level upside down.
 class FakeStream final : public MusicStream {
   public:
     int Orders() const override { return 10; }
-    void Seek(int order) override { seeks.push_back(order); }
+    void Seek(int order) override {
+        seeks.push_back(order);
+        if (order == 9) level = -level;
+    }
     void Render(std::span<float> samples) override {
         std::ranges::fill(samples, level);
         Headless().Advance(milliseconds);
@@ -155,9 +159,10 @@ TEST_F(MixerTest, MusicBeginsAndEndsWithoutAStep) {
     };
     const Row rows[] = {
         {"starts", [&] { mixer.StartMusic(stream, 1); }, 16384},
-        {"jumps", [&] { mixer.StartMusic(stream, 2); }, 16384},
         {"is paused", [&] { mixer.PauseMusic(*stream); }, 0},
         {"goes on", [&] { mixer.ResumeMusic(*stream); }, 16384},
+        {"jumps", [&] { mixer.StartMusic(stream, 9); }, -16384},
+        {"jumps back", [&] { mixer.StartMusic(stream, 9); }, 16384},
         {"is replaced", [&] { mixer.StartMusic(other, 3); }, -16384},
         {"is stopped", [&] { mixer.StopMusic(*other); }, 0},
     };
@@ -203,7 +208,9 @@ TEST_F(MixerTest, MusicThatFallsASecondBehindEndsAndStaysOff) {
     for (int i = 0; i < 9; ++i)
         EXPECT_TRUE(render(112)) << i;
     EXPECT_FALSE(render(112));
+    const std::uint64_t ended = Headless().Counter();
     EXPECT_NEAR(Level(), 1000, 2) << "samples go on";
+    EXPECT_EQ(Headless().Counter(), ended) << "and wait for it no more";
     EXPECT_FALSE(mixer.StartMusic(stream, 0));
     mixer.ResumeMusic(*stream);
     EXPECT_FALSE(mixer.IsMusicPlaying(*stream));
