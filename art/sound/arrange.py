@@ -27,12 +27,12 @@ class Event(NamedTuple):
 class Timeline:
     """A section while it is being arranged: events by channel and row."""
 
-    def __init__(self, section, pans, drums):
-        self.section, self.pans, self.drums = section, pans, drums
+    def __init__(self, section, desk, drums):
+        self.section, self.desk, self.drums = section, desk, drums
         self.bar = section.bar
         self.chords = [pair for pattern in section.patterns for pair in pattern.chords]
         self.rows = self.bar * len(self.chords)
-        self.channels = {name: {} for name in pans}
+        self.channels = {name: {} for name in desk}
 
     def chord(self, row):
         """The chord at a row; rows behind the end are those of the next round."""
@@ -41,9 +41,10 @@ class Timeline:
 
     def put(self, channel, row, note, player, volume, pan=None, slide=False):
         """Adds an event."""
-        pan = self.pans[channel] if pan is None else pan
-        loud = max(1, min(FULL, round(volume)))
-        self.channels[channel][row] = Event(note, player, loud, pan, slide)
+        strip = self.desk[channel]
+        level = volume * strip.level / 100 * self.section.level / 100
+        self.channels[channel][row] = Event(note, player, max(1, min(FULL, round(level))),
+                                            strip.pan if pan is None else pan, slide)
 
     def off(self, channel, row):
         """Ends whatever sounds in a channel, unless something starts there anyway."""
@@ -178,9 +179,9 @@ def echo(line, start, rows, delay):
     lead, answer = line.channels["lead"], line.channels["echo"]
     for row in sorted(lead):
         if start <= row < start + rows and row + delay < line.rows:
-            event = lead[row]
-            volume = max(1, round(event.volume * ECHO_LEVEL))
-            answer[row + delay] = event._replace(volume=volume, pan=line.pans["echo"])
+            event, strip = lead[row], line.desk["echo"]
+            volume = max(1, round(event.volume * ECHO_LEVEL * strip.level / 100))
+            answer[row + delay] = event._replace(volume=volume, pan=strip.pan)
 
 
 def _part(stretch, texts):
@@ -210,9 +211,9 @@ def _silence(line, pattern, start):
         line.off("echo", start + ECHO_ROWS)
 
 
-def arrange(section, pans, drum_map, texts):
+def arrange(section, desk, drum_map, texts):
     """The timeline of a section."""
-    line, start = Timeline(section, pans, drum_map), 0
+    line, start = Timeline(section, desk, drum_map), 0
     for pattern in section.patterns:
         rows = line.bar * len(pattern.chords)
         for part in pattern.parts:

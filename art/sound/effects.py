@@ -9,9 +9,11 @@ from .instruments import layers
 from .texts import Mistake, settings, stanzas
 
 RATE, FULL = 44100, 32767
-TARGET = -24.5                  # loudness of an effect with loud=0, in dB
-LOUDEST = 0.40                  # no peak may be higher, for several effects sound over the tune
-LONGEST = 1.2
+TARGET = -20.5                  # loudness of an effect with loud=0, in dB
+LOUDEST = 0.35                  # no peak may be higher, for several effects sound over the tune
+DRIVE = 1.5                     # rounds the peaks where many tones begin together
+LONGEST = 1.2                   # seconds; for the feast of four rows:
+FEAST, LONGEST_FEAST = "Tetris.wav", 2.5
 FADE_IN, FADE_OUT = 0.001, 0.03
 
 
@@ -49,17 +51,25 @@ def _wav(samples):
 
 
 def _effect(name, head, body, voices):
-    if head["seconds"] >= LONGEST:
+    if head["seconds"] > (LONGEST_FEAST if name == FEAST else LONGEST):
         raise Mistake(f"{name} is too long")
     samples = waves.mix(layers(body) + _played(body, voices), int(head["seconds"] * RATE), RATE)
+    waves.shaped(samples, DRIVE)
     waves.fade(samples, int(FADE_IN * RATE), int(FADE_OUT * RATE))
     return _wav(_brought(samples, name, head["loud"]))
+
+
+def skin(folder):
+    """The skin that the effects belong to, by the name that players see."""
+    return next(words[1] for words, _ in stanzas(folder, "effects.txt") if words[0] == "skin")
 
 
 def load(folder):
     """All effects: their file names and bytes."""
     voices, found = {}, {}
     for (kind, name, *words), body in stanzas(folder, "effects.txt"):
+        if kind == "skin":
+            continue
         if kind == "voice":
             voices[name] = layers(body)
         elif kind == "effect":

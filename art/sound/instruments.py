@@ -8,8 +8,8 @@ from . import waves
 from .pitch import frequency, note
 from .texts import Mistake, settings, stanzas
 
-# Recordings leave room, for a player sums twelve of them and the sound effects.
-LOUDEST_16, LOUDEST_8 = 22000, 88
+# A player sounds one recording at 0.22 of full scale at most; the sum is checked when it is played.
+LOUDEST_16, LOUDEST_8 = 32000, 126
 # The rate at which a player sounds the C in the middle of the keyboard, before any tuning.
 MIDDLE_RATE, MIDDLE = 8363, 60
 
@@ -67,8 +67,7 @@ def _recording(head, body):
         rate, loop = head["rate"], 0
         length = int(head["seconds"] * rate)
     samples = waves.mix(layers(body), length, rate)
-    for line in body:
-        waves.shaped(samples, settings(line.split()).get("drive", 0))
+    waves.shaped(samples, head.get("drive", 0))
     if not loop:
         waves.fade(samples, 8, length // 8)
     return samples, loop, rate

@@ -65,5 +65,5 @@ def build(title, lines, instruments):
 
 def arranged(score, texts):
     """The timelines of all sections."""
-    return [arrange.arrange(section, score.pans, score.drums, texts)
+    return [arrange.arrange(section, score.desk, score.drums, texts)
             for section in score.sections]

@@ -37,20 +37,27 @@ class Pattern(NamedTuple):
 
 
 class Section(NamedTuple):
-    """A piece of the tune that begins at an order and repeats itself."""
+    """A piece of the tune that begins at an order and repeats itself; its level is in percent."""
 
     name: str
     first: int
     speed: int
     tempo: int
     bar: int
+    level: int
     patterns: List[Pattern]
 
 
-class Tune(NamedTuple):
-    """The skin that the tune belongs to, its file, and the title that players show."""
+class Strip(NamedTuple):
+    """Where a channel lies, from left (-100) to right (100), and its level in percent."""
 
-    skin: str
+    pan: int
+    level: int
+
+
+class Tune(NamedTuple):
+    """The file of the tune, and the title that players show."""
+
     file: str
     title: str
 
@@ -59,7 +66,7 @@ class Score(NamedTuple):
     """The whole score."""
 
     tune: Tune
-    pans: Dict[str, int]
+    desk: Dict[str, Strip]
     drums: Dict[str, tuple]
     sections: List[Section]
 
@@ -128,23 +135,24 @@ def _pattern(name, body):
 
 def load(folder):
     """The whole score."""
-    pans, drums, sections, tune = {}, {}, [], None
+    desk, drums, sections, tune = {}, {}, [], None
     for (kind, *words), body in stanzas(folder, "score.txt"):
         if kind == "tune":
             tune = Tune(**settings(words))
         elif kind == "channels":
-            pans = pairs(" ".join(body).split())
+            desk = {name: Strip(int(pan), int(level))
+                    for name, pan, level in map(str.split, body)}
         elif kind == "drums":
             drums = {letter: (player, int(level), pitch.note(name))
                      for letter, player, level, name in map(str.split, body)}
         elif kind == "section":
             head = pairs(words[1:])
             sections.append(Section(words[0], head["first"], head["speed"], head["tempo"],
-                                    head["bar"], []))
+                                    head["bar"], head["level"], []))
         elif kind == "pattern":
             sections[-1].patterns.append(_pattern(" ".join(words), body))
         else:
             raise Mistake(f"{kind} means nothing in a score")
     if tune is None:
         raise Mistake(f"{folder}: the score does not say what the tune is called")
-    return Score(tune, pans, drums, sections)
+    return Score(tune, desk, drums, sections)

@@ -7,7 +7,12 @@ SOUND, SKINS = sources.ART / "sound", sources.ART.parent / "Skins"
 
 def folders():
     """The folders that hold the texts of a skin, one each, by name."""
-    return sorted(path.parent.name for path in SOUND.glob("*/score.txt"))
+    return sorted(path.parent.name for path in SOUND.glob("*/effects.txt"))
+
+
+def has_tune(folder):
+    """Whether a folder has a tune, and not effects alone."""
+    return (SOUND / folder / "score.txt").exists()
 
 
 def audio(skin):

@@ -6,6 +6,8 @@ from array import array
 
 from .pitch import frequency, note
 
+STARTS = 2048                   # points of a turn that are tried as the start of a wave
+
 
 def _decays(layer, rate, speed=1.0):
     """The factor by which one sample after the other fades, and the part that stays."""
@@ -14,14 +16,33 @@ def _decays(layer, rate, speed=1.0):
     return factor, layer.get("stay", 0.0)
 
 
-def _partial(out, rate, pitch, level, factor, stay):
+def _partial(out, rate, pitch, level, factor, stay, phase=0.0):
     """Adds one oscillation that fades from its level to the part of it that stays."""
     turn = math.tau * pitch / rate
     moving, resting = level * (1 - stay), level * stay
     sin = math.sin
     for i in range(len(out)):
-        out[i] += (moving + resting) * sin(turn * i)
+        out[i] += (moving + resting) * sin(turn * i + phase)
         moving *= factor
+
+
+def _phases(levels):
+    """Where in their turn the harmonics begin, so that the wave has no high peak and begins at zero.
+
+    Each is the later in its turn the more power lies below it, which spreads the power over time.
+    """
+    whole = sum(level * level for level in levels.values())
+    phases, bent, slope = {}, 0.0, 0.0
+    for h, level in levels.items():
+        phases[h] = bent
+        slope += level * level / whole
+        bent -= math.tau * slope
+
+    def start(turn):
+        return abs(sum(level * math.sin(phases[h] + h * turn) for h, level in levels.items()))
+
+    shift = min((math.tau * step / STARTS for step in range(STARTS)), key=start)
+    return {h: phase + h * shift for h, phase in phases.items()}
 
 
 def harmonics(layer, length, rate):
@@ -35,12 +56,12 @@ def harmonics(layer, length, rate):
     base = frequency(note(layer["note"]))
     base *= 1 + layer.get("beat", 0) / layer.get("span", 1)
     step = 2 if layer.get("odd") else 1
-    for h in range(1, int(layer["count"]) + 1, step):
+    levels = {h: h ** -layer.get("slope", 1) for h in range(1, int(layer["count"]) + 1, step)}
+    phases = _phases(levels)
+    for h, level in levels.items():
         factor, stay = _decays(layer, rate, h ** layer.get("tilt", 0))
-        # Half of the harmonics upside down keeps the start of the wave from being one high peak.
-        sign = -1 if h % 4 > 1 else 1
         stay = stay ** (1 + layer.get("dull", 0) * (h - 1))
-        _partial(out, rate, base * h, sign * h ** -layer.get("slope", 1), factor, stay)
+        _partial(out, rate, base * h, level, factor, stay, phases[h])
     return out
 
 
@@ -132,8 +153,9 @@ def fade(samples, first, last):
 def shaped(samples, drive):
     """Bends the peaks over, which adds warm harmonics; the more the higher the drive."""
     if drive:
+        peak = max(map(abs, samples))
         for i, value in enumerate(samples):
-            samples[i] = math.tanh(drive * value)
+            samples[i] = math.tanh(drive * value / peak)
 
 
 def scaled(samples, top):

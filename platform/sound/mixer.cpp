@@ -66,6 +66,7 @@ bool Mixer::IsMusicPlaying(const MusicStream& stream) {
 /// Overwrites the mix with the music, or with silence.
 void Mixer::RenderMusic() {
     std::shared_ptr<MusicStream> stream;
+    std::shared_ptr<MusicStream> before;
     Jump jump;
     {
         const std::lock_guard lock(mutex_);
@@ -73,15 +74,15 @@ void Mixer::RenderMusic() {
             stream = music_;
             if (jump_.stream.lock() == stream) jump = std::exchange(jump_, {});
         }
+        before = std::exchange(heardMusic_, stream);
     }
-    if (!stream) {
-        std::ranges::fill(mix_, 0.0F);
-        return;
-    }
+    const bool jumps = !jump.stream.expired();
+    if (before && (before != stream || jumps)) fader_.Cut(*before);
+    before.reset();  // it may end here, before another module takes memory
     const std::uint64_t start = TheHost().Counter();
-    if (!jump.stream.expired()) stream->Seek(jump.order);
-    stream->Render(mix_);
-    WatchPace(stream, TimeSince(start));
+    if (stream && jumps) stream->Seek(jump.order);
+    fader_.Render(stream.get(), mix_);
+    if (stream) WatchPace(stream, TimeSince(start));
 }
 
 void Mixer::WatchPace(const std::shared_ptr<MusicStream>& stream, Seconds took) {
@@ -92,6 +93,7 @@ void Mixer::WatchPace(const std::shared_ptr<MusicStream>& stream, Seconds took) 
     if (behind_ < kPatience) return;
     const std::lock_guard lock(mutex_);
     tooSlow_ = stream;
+    heardMusic_.reset();  // without a fade, which would take long again
     if (IsCurrent(*stream)) state_ = MusicState::Stopped;
 }
 
@@ -155,10 +157,13 @@ void Mixer::MixVoice(Voice& voice) {
 }
 
 void Mixer::StopAll() {
-    std::shared_ptr<MusicStream> stopped;  // ends outside the lock
+    // These end outside the lock.
+    std::shared_ptr<MusicStream> stopped;
+    std::shared_ptr<MusicStream> heard;
     const std::lock_guard lock(mutex_);
     state_ = MusicState::Stopped;
     music_.swap(stopped);
+    heardMusic_.swap(heard);
     voices_.clear();
 }
 

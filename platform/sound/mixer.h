@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/host/sound_source.h"
+#include "platform/sound/music_fader.h"
 #include "platform/sound/music_stream.h"
 #include "platform/sound/sample.h"
 
@@ -24,7 +25,8 @@ float SoftLimit(float sample);
 /// One thread (the game's) says what is to sound, another (the device's) calls Render. The lock
 /// between them is held for a few assignments. Decoding samples and the music's own work, jumps
 /// included, are done by the rendering thread outside of it: nobody else touches a stream that
-/// plays, and slow music holds up nothing but itself.
+/// plays, and slow music holds up nothing but itself. What is stopped, paused, replaced or left by
+/// a jump fades out in the next frames: see MusicFader.
 class Mixer final : public SoundSource {
   public:
     /// Music that falls this far behind is switched off. Frames that take longer to compute than
@@ -54,6 +56,7 @@ class Mixer final : public SoundSource {
     void StopChannel(std::uint32_t channel);
     void StopSample(const Sample& sample);
 
+    /// Ends everything at once, without a fade.
     void StopAll();
 
     void Render(std::span<std::int16_t> samples) override;
@@ -88,8 +91,9 @@ class Mixer final : public SoundSource {
     /// Adds the next frames of a voice to the mix, as many as it still has.
     void MixVoice(Voice& voice);
 
-    std::mutex mutex_;  // guards the next five
+    std::mutex mutex_;  // guards the next six
     std::shared_ptr<MusicStream> music_;
+    std::shared_ptr<MusicStream> heardMusic_;  ///< what the last frames were taken from, or null
     MusicState state_ = MusicState::Stopped;
     Jump jump_;  ///< waits for the next frames of that stream
     std::weak_ptr<MusicStream> tooSlow_;
@@ -97,6 +101,7 @@ class Mixer final : public SoundSource {
 
     // The rendering thread's own.
     std::vector<float> mix_;
+    MusicFader fader_;
     std::vector<std::shared_ptr<Voice>> heard_;  ///< empty between two renders
     std::vector<std::int16_t> decoded_;          ///< of one voice
     Seconds behind_{};                           ///< never negative

@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <functional>
 #include <limits>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "platform/headless/headless_host.h"
 #include "tests/support/heard.h"
@@ -13,11 +17,15 @@
 namespace korvane {
 namespace {
 
-/// Music of a steady level, which takes the machine's time to render and records the jumps.
+/// Music of a steady level, which takes the machine's time to render and records the jumps. One to
+/// order 9 turns the level upside down.
 class FakeStream final : public MusicStream {
   public:
     int Orders() const override { return 10; }
-    void Seek(int order) override { seeks.push_back(order); }
+    void Seek(int order) override {
+        seeks.push_back(order);
+        if (order == 9) level = -level;
+    }
     void Render(std::span<float> samples) override {
         std::ranges::fill(samples, level);
         Headless().Advance(milliseconds);
@@ -133,6 +141,52 @@ TEST_F(MixerTest, TheRenderingThreadDoesTheJumps) {
     EXPECT_EQ(stream->seeks, (std::vector{5, 7})) << "it was still to be done";
 }
 
+/// The largest step between two neighbouring samples of the left side.
+int LargestStep(const std::vector<std::int16_t>& heard, int before) {
+    int largest = 0;
+    for (std::size_t i = 0; i < heard.size(); i += kSoundChannels)
+        largest = std::max(largest, std::abs(heard[i] - std::exchange(before, heard[i])));
+    return largest;
+}
+
+TEST_F(MixerTest, MusicBeginsAndEndsWithoutAStep) {
+    const auto other = std::make_shared<FakeStream>();
+    other->level = -0.5F;
+    struct Row {
+        const char* what;
+        std::function<void()> act;
+        int level;  ///< a while later
+    };
+    const Row rows[] = {
+        {"starts", [&] { mixer.StartMusic(stream, 1); }, 16384},
+        {"is paused", [&] { mixer.PauseMusic(*stream); }, 0},
+        {"goes on", [&] { mixer.ResumeMusic(*stream); }, 16384},
+        {"jumps", [&] { mixer.StartMusic(stream, 9); }, -16384},
+        {"jumps back", [&] { mixer.StartMusic(stream, 9); }, 16384},
+        {"is replaced", [&] { mixer.StartMusic(other, 3); }, -16384},
+        {"is stopped", [&] { mixer.StopMusic(*other); }, 0},
+    };
+    // A change soon after another comes while that one still fades.
+    for (const std::size_t frames : {1000U, 300U, 77U}) {
+        int before = 0;
+        for (const Row& row : rows) {
+            row.act();
+            const std::vector<std::int16_t> heard = Headless().Hear(frames);
+            EXPECT_LT(LargestStep(heard, before), 200) << row.what << ", " << frames;
+            before = heard[heard.size() - 2];
+            if (frames == 1000U) {
+                EXPECT_NEAR(before, row.level, 2) << row.what;
+            }
+        }
+        Headless().Hear(1000);
+    }
+    mixer.StartMusic(stream, 0);
+    Level();
+    mixer.StopMusic(*stream);
+    Level();
+    EXPECT_EQ(stream.use_count(), 1) << "nobody holds it any more";
+}
+
 TEST_F(MixerTest, MusicThatFallsASecondBehindEndsAndStaysOff) {
     const auto render = [&](std::uint32_t milliseconds) {
         stream->milliseconds = milliseconds;
@@ -154,7 +208,9 @@ TEST_F(MixerTest, MusicThatFallsASecondBehindEndsAndStaysOff) {
     for (int i = 0; i < 9; ++i)
         EXPECT_TRUE(render(112)) << i;
     EXPECT_FALSE(render(112));
+    const std::uint64_t ended = Headless().Counter();
     EXPECT_NEAR(Level(), 1000, 2) << "samples go on";
+    EXPECT_EQ(Headless().Counter(), ended) << "and wait for it no more";
     EXPECT_FALSE(mixer.StartMusic(stream, 0));
     mixer.ResumeMusic(*stream);
     EXPECT_FALSE(mixer.IsMusicPlaying(*stream));
