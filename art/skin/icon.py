@@ -6,7 +6,6 @@ import cairo
 
 from . import shapes, sources
 from .colours import BLACK, WHITE, colour, mix
-from .picture import rim, sheet
 
 LETTER, KIND = "K", 1  # and the tile whose colour it has
 
@@ -62,32 +61,42 @@ def _plate(cr, size):
     cr.fill()
 
 
-def _cells(size, names):
-    """A sheet with the cells of some figures of the letter."""
+def _cells(cr, size, names, shift=0):
+    """Adds the cells of some figures of the letter to the path, moved to the right and down."""
     rows, cell = size.rows, size.cell
-    left = (size.side - len(rows[0]) * cell - size.depth) // 2
-    top = (size.side - len(rows) * cell - size.depth) // 2
-    result = sheet(size.side, size.side)
-    cr = cairo.Context(result)
+    left = (size.side - len(rows[0]) * cell - size.depth) // 2 + shift
+    top = (size.side - len(rows) * cell - size.depth) // 2 + shift
     for y, row in enumerate(rows):
         for x, name in enumerate(row):
             if name in names:
                 cr.rectangle(left + x * cell, top + y * cell, cell, cell)
-    cr.fill()
-    return result
 
 
-def _figure(cr, size, form, base):
+def _edge(cr, size, name, shift):
+    """Limits what is drawn to the part of a figure that a shifted copy of it does not cover."""
+    _cells(cr, size, name)
+    cr.clip()
+    cr.rectangle(0, 0, size.side, size.side)
+    _cells(cr, size, name, shift)
+    cr.set_fill_rule(cairo.FILL_RULE_EVEN_ODD)
+    cr.clip()
+
+
+def _figure(cr, size, name, base):
     """One figure of the letter, with a light and a dark edge where there is room."""
     gradient = cairo.LinearGradient(0, 0, 0, size.side)
     gradient.add_color_stop_rgb(0.1, *mix(base, WHITE, 0.35))
     gradient.add_color_stop_rgb(0.9, *mix(base, BLACK, 0.12))
     cr.set_source(gradient)
-    cr.mask_surface(form)
+    _cells(cr, size, name)
+    cr.fill()
     if size.bevel:
-        for value, way in ((WHITE, size.bevel), (BLACK, -size.bevel)):
+        for value, shift in ((WHITE, size.bevel), (BLACK, -size.bevel)):
+            cr.save()
+            _edge(cr, size, name, shift)
             cr.set_source_rgba(*value, 0.45)
-            cr.mask_surface(rim(form, way, way))
+            cr.paint()
+            cr.restore()
 
 
 def draw(size, surface=None):
@@ -97,13 +106,13 @@ def draw(size, surface=None):
     _plate(cr, size)
     base = colour(f"tile-{KIND}")
     names = sorted(set("".join(size.rows)) - {"."})
-    whole = _cells(size, names)
     for step in range(size.depth, 0, -1):
         cr.set_source_rgb(*mix(base, BLACK, 0.6 + 0.2 * step / size.depth))
-        cr.mask_surface(whole, step, step)
+        _cells(cr, size, names, step)
+        cr.fill()
     for number, name in enumerate(names):
         tint = mix(base, (WHITE, BLACK)[number % 2], 0.06 * (number % 3)) if size.bevel else base
-        _figure(cr, size, _cells(size, name), tint)
+        _figure(cr, size, name, tint)
     surface.flush()
     return surface
 

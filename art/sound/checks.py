@@ -1,10 +1,34 @@
-"""Finds what would sound wrong, or be too large, before anything is written."""
+"""Finds what would sound wrong, or be too large, before anything is written.
 
+Notes are looked at as they are written; tunes are played, and they and the effects measured.
+"""
+
+import itertools
+
+import numpy
+
+from . import measures, player
 from .texts import Mistake
 
 LARGEST = 400 * 1024
 LONG = 4                        # a note of so many rows counts as part of the harmony
 RUBBING = 3                     # two voices may be a half tone apart for fewer rows than this
+
+RATE = measures.RATE
+SOFTEST, LOUDEST = -18.0, -16.0     # of a section, in LUFS
+HIGHEST = 10 ** (-1 / 20)           # true peak
+KNEE = 0.75                         # where the game begins to bend what is louder
+OVER_KNEE = 1e-5                    # the part of the time in play that may lie above it
+AIR, AIR_FROM = (0.06, 0.10), 4000  # the part of a game's energy above so many Hz
+DEEP, DEEP_TO = 0.30, 120           # at most so much of it lies below so many Hz
+OFFSET = 0.002
+FIRST = 0.1                         # seconds in which an effect has to be known
+ALIKE_TONES, ALIKE_COLOUR = 0.6, 0.65
+ROWS = ("Single.wav", "Double.wav", "Triple.wav", "Tetris.wav")
+LANDED, SPEAKERS, ON_SPEAKERS = "Landed.wav", (300, 2000), 0.6
+STANDS_OUT = 6                      # dB over the tune, in one third of an octave at least
+EVERY = 0.37                        # seconds between two effects in play
+LOW, OCTAVES, WINDOW = 100, 7, 16384
 
 
 def size(made):
@@ -65,3 +89,90 @@ def harmony(line):
         _against_chord(line, channel)
     for pair in (("lead", "counter"), ("lead", "bass"), ("counter", "bass")):
         _against_voice(line, *pair)
+
+
+def _within(what, value, low, high):
+    if not low <= value <= high:
+        raise Mistake(f"{what}: {value:.4g} is not from {low:.4g} to {high:.4g}")
+
+
+def bands(sound, parts):
+    """The share of the power in each band of an octave / parts, from 100 Hz on."""
+    power, hertz = measures.spectrum(sound, WINDOW)
+    places = numpy.floor(parts * numpy.log2(numpy.maximum(hertz, 1) / LOW)).astype(int)
+    return numpy.array([power[places == band].sum() for band in range(parts * OCTAVES)]) / power.sum()
+
+
+def _start(effect):
+    """The first moment of an effect, on both sides, at the length of a window."""
+    sound = numpy.zeros((WINDOW, 2))
+    part = effect[:int(FIRST * RATE)]
+    # The middle of the window weighs most.
+    sound[WINDOW // 2:WINDOW // 2 + len(part)] = part[:, None]
+    return sound
+
+
+def likeness(one, other, parts):
+    """How alike two effects begin, 0 to 1, in bands of an octave / parts."""
+    first, second = (numpy.sqrt(bands(_start(effect), parts)) for effect in (one, other))
+    return first @ second / numpy.linalg.norm(first) / numpy.linalg.norm(second)
+
+
+def effects(skin, found):
+    """Stops if rows are not told apart at once or a landing is lost on small loudspeakers."""
+    for one, other in itertools.combinations(ROWS, 2):
+        for parts, most in ((12, ALIKE_TONES), (3, ALIKE_COLOUR)):
+            _within(f"{skin}: {one} and {other} alike", likeness(found[one], found[other], parts),
+                    0, most)
+    landed = found[LANDED][:, None]
+    _within(f"{skin}: {LANDED} on small loudspeakers", measures.share(landed, *SPEAKERS),
+            ON_SPEAKERS, 1)
+    for name, effect in found.items():
+        _within(f"{skin}: offset of {name}", abs(effect.mean()), 0, OFFSET)
+
+
+def _power(sound):
+    return bands(sound, 3) * (sound ** 2).sum(axis=1).mean()
+
+
+def _clear(skin, sound, found):
+    """Stops if an effect has no place where it is heard over the tune."""
+    tune = _power(sound)
+    for name, effect in found.items():
+        start = _power(_start(effect)) * WINDOW / min(len(effect), int(FIRST * RATE))
+        _within(f"{skin}: {name} over the tune in dB", 10 * numpy.log10((start / tune).max()),
+                STANDS_OUT, 99)
+
+
+def _in_play(sound, found):
+    """The part of the time that lies above the knee while effects sound over the tune."""
+    played, names = sound.copy(), itertools.cycle(found)
+    for place in numpy.arange(0, len(sound) - 3 * RATE, EVERY * RATE).astype(int):
+        effect = found[next(names)]
+        played[place:place + len(effect)] += effect[:, None]
+    return (numpy.abs(played).max(axis=1) > KNEE).mean()
+
+
+def heard(module, section):
+    """A section as it sounds."""
+    return numpy.array(player.section(module, section.first), float).reshape(-1, 2)
+
+
+def tune(skin, module, sections, found):
+    """Stops if a section is too soft, too loud or of a wrong colour, or covers the effects."""
+    for section in sections:
+        sound, name = heard(module, section), f"{skin}, {section.name}"
+        _within(f"{name}: loudness", measures.loudness(sound), SOFTEST, LOUDEST)
+        _within(f"{name}: true peak", measures.true_peak(sound), 0, HIGHEST)
+        _within(f"{name}: peak", numpy.abs(sound).max(), 0, KNEE)
+        _within(f"{name}: offset", numpy.abs(sound.mean(axis=0)).max(), 0, OFFSET)
+        if section.name == "game":
+            _within(f"{name}: air", measures.share(sound, AIR_FROM, RATE), *AIR)
+            _within(f"{name}: depth", measures.share(sound, 0, DEEP_TO), 0, DEEP)
+            _within(f"{name}: above the knee in play", _in_play(sound, found), 0, OVER_KNEE)
+            _clear(skin, sound, found)
+
+
+def samples(file):
+    """The samples of an effect's file."""
+    return numpy.frombuffer(file[44:], "<i2") / 32768

@@ -10,7 +10,7 @@ from .texts import Mistake, settings, stanzas
 
 RATE, FULL = 44100, 32767
 TARGET = -20.5                  # loudness of an effect with loud=0, in dB
-LOUDEST = 0.35                  # no peak may be higher, for several effects sound over the tune
+LOUDEST = 0.40                  # no peak may be higher, for several effects sound over the tune
 DRIVE = 1.5                     # rounds the peaks where many tones begin together
 LONGEST = 1.2                   # seconds; for the feast of four rows:
 FEAST, LONGEST_FEAST = "Tetris.wav", 2.5

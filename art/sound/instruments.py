@@ -68,6 +68,7 @@ def _recording(head, body):
         length = int(head["seconds"] * rate)
     samples = waves.mix(layers(body), length, rate)
     waves.shaped(samples, head.get("drive", 0))
+    waves.levelled(samples, loop, rate)
     if not loop:
         waves.fade(samples, 8, length // 8)
     return samples, loop, rate

@@ -6,6 +6,7 @@ from array import array
 
 from .pitch import frequency, note
 
+RUMBLE = 25                     # Hz, below which nothing is heard
 STARTS = 2048                   # points of a turn that are tried as the start of a wave
 
 
@@ -156,6 +157,15 @@ def shaped(samples, drive):
         peak = max(map(abs, samples))
         for i, value in enumerate(samples):
             samples[i] = math.tanh(drive * value / peak)
+
+
+def levelled(samples, loop, rate):
+    """Takes away what lies off the middle line: of all that repeats, or below what is heard."""
+    if loop == len(samples):
+        middle = sum(samples) / loop
+        samples[:] = array("d", (value - middle for value in samples))
+    else:
+        samples[:] = filtered(samples, _pass(RUMBLE / rate, 0.71, True))
 
 
 def scaled(samples, top):
