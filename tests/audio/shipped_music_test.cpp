@@ -47,7 +47,8 @@ TEST_P(ShippedMusicTest, EachSectionReturnsToItsFirstOrder) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Skins, ShippedMusicTest, testing::Values("Original", "Daylight", "Lantern"));
+INSTANTIATE_TEST_SUITE_P(Skins, ShippedMusicTest,
+                         testing::Values("Original", "Daylight", "Lantern"));
 
 }  // namespace
 }  // namespace korvane
